@@ -1,0 +1,28 @@
+# Settings that every target of this project shares.
+add_library(ledra_options INTERFACE)
+target_compile_options(ledra_options INTERFACE
+  -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wnon-virtual-dtor -Werror)
+target_compile_definitions(ledra_options INTERFACE
+  QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_KEYWORDS QT_NO_FOREACH
+  QT_DISABLE_DEPRECATED_BEFORE=0x060400)
+if(LEDRA_SANITIZE)
+  target_compile_options(ledra_options INTERFACE
+    -fsanitize=address,undefined -fno-omit-frame-pointer -fno-sanitize-recover=undefined)
+  target_link_options(ledra_options INTERFACE -fsanitize=address,undefined)
+endif()
+
+# ledra_layer(NAME LAYERS a b LIBRARIES x y)
+# One static library for one folder of src/. It sees the headers of the layers that it names, and only those
+# are linked; the include check of the test suite keeps the headers to the same table.
+function(ledra_layer name)
+  cmake_parse_arguments(ARG "" "" "LAYERS;LIBRARIES" ${ARGN})
+  file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.cpp ${CMAKE_CURRENT_SOURCE_DIR}/*.h)
+  add_library(ledra_${name} STATIC ${sources})
+  target_include_directories(ledra_${name} PUBLIC ${PROJECT_SOURCE_DIR}/src)
+  list(TRANSFORM ARG_LAYERS PREPEND ledra_)
+  target_link_libraries(ledra_${name} PUBLIC Qt6::Core ${ARG_LAYERS} ${ARG_LIBRARIES} PRIVATE ledra_options)
+  target_precompile_headers(ledra_${name} PRIVATE
+    <QByteArray> <QString> <QStringView> <QList>
+    <algorithm> <array> <cstdint> <expected> <functional> <memory> <optional> <string> <string_view> <variant>
+    <vector>)
+endfunction()

@@ -1,0 +1,116 @@
+#include "app/export_batch.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QTimer>
+
+namespace ledra {
+
+namespace {
+
+// Enough to keep every page of the engine busy while documents are measured one by one.
+constexpr int mostUnderWay = 24;
+
+QString extensionOf(ExportFormat format)
+{
+    const std::string_view raw = rawValue(format);
+    return u'.' + QString::fromUtf8(raw.data(), static_cast<qsizetype>(raw.size()));
+}
+
+} // namespace
+
+ExportBatch::ExportBatch(ExportOrder order, BareFiles& files, WebEngine& engine, WebFontManager& fonts,
+                         Console& console, ExportObserver& observer)
+    : order_(std::move(order)), files_(files), fonts_(fonts), export_(engine, console), observer_(observer)
+{
+    fonts_.loadFor(order_.styling);
+}
+
+void ExportBatch::start()
+{
+    QTimer::singleShot(0, this, &ExportBatch::startMore);
+}
+
+void ExportBatch::startMore()
+{
+    while (underWay_ < mostUnderWay && next_ < order_.files.size())
+        startOne(order_.files[next_++]);
+    if (underWay_ == 0)
+        Q_EMIT finished();
+}
+
+std::expected<QString, QString> ExportBatch::targetOf(const QString& source)
+{
+    if (order_.target == u"-")
+        return order_.target;
+    const bool isFolder = QFileInfo(order_.target).isDir();
+    const QString name = QFileInfo(source).completeBaseName() + extensionOf(order_.format);
+    const QString target = isFolder ? QDir(order_.target).filePath(name) : order_.target;
+    const QString absolute = QFileInfo(target).absoluteFilePath();
+    if (targets_.contains(absolute))
+        return std::unexpected(source + QStringLiteral(": another document of this batch is written to ") + target);
+    if (order_.overwrite == Overwrite::refuse && QFileInfo::exists(target))
+        return std::unexpected(source + QStringLiteral(": ") + target +
+                               QStringLiteral(" exists already (--force overwrites it)"));
+    targets_.insert(absolute);
+    return target;
+}
+
+void ExportBatch::startOne(const QString& source)
+{
+    const std::expected<Invoice, QString> invoice = files_.invoice(source);
+    if (!invoice) {
+        fail(invoice.error());
+        return;
+    }
+    const std::expected<QString, QString> target = targetOf(source);
+    if (!target) {
+        fail(target.error());
+        return;
+    }
+    DocumentSetting setting;
+    setting.profile = order_.profile;
+    setting.styling = order_.styling;
+    setting.invoices = [this, folder = QFileInfo(source).absolutePath()](const QUuid& id) {
+        return files_.findInvoice(folder, id);
+    };
+    ++underWay_;
+    export_.run(*invoice, setting, fonts_, order_.format,
+                [this, source, target = *target](const std::expected<ExportedDocument, QString>& document) {
+                    done(source, target, document);
+                });
+}
+
+void ExportBatch::done(const QString& source, const QString& target,
+                       const std::expected<ExportedDocument, QString>& document)
+{
+    --underWay_;
+    if (document)
+        write(source, target, *document);
+    else
+        fail(source + QStringLiteral(": ") + document.error());
+    startMore();
+}
+
+void ExportBatch::write(const QString& source, const QString& target, const ExportedDocument& document)
+{
+    if (target == u"-") {
+        observer_.content(document.content);
+    } else if (const auto written = writeExport(target, document.content, order_.overwrite); !written) {
+        fail(source + QStringLiteral(": ") + written.error().text());
+        return;
+    }
+    observer_.written(source, target);
+    if (!document.isMeasured) {
+        ++failures_;
+        observer_.warned(source + QStringLiteral(": the pages could not be measured; check the breaks in ") + target);
+    }
+}
+
+void ExportBatch::fail(const QString& line)
+{
+    ++failures_;
+    observer_.failed(line);
+}
+
+} // namespace ledra

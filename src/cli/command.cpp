@@ -1,0 +1,46 @@
+#include "cli/command.h"
+
+#include <array>
+#include <cstdio>
+
+namespace ledra {
+
+namespace {
+
+constexpr std::array common = {
+    OptionSpec{"help", "h", "", "Show what the command does and what it takes."},
+    OptionSpec{"quiet", "q", "", "Say nothing but failures."},
+    OptionSpec{"verbose", "", "", "Say what is done on the way."},
+};
+
+} // namespace
+
+std::span<const OptionSpec> commonOptions()
+{
+    return common;
+}
+
+void sayFailure(const QString& line)
+{
+    std::fprintf(stderr, "ledra: %s\n", line.toUtf8().constData());
+}
+
+void writeOutput(const QString& text)
+{
+    writeOutput(text.toUtf8());
+}
+
+void writeOutput(const QByteArray& bytes)
+{
+    std::fwrite(bytes.constData(), 1, static_cast<std::size_t>(bytes.size()), stdout);
+    std::fflush(stdout);
+}
+
+ExitCode wrongUsage(const CommandSpec& spec, const QString& line)
+{
+    const QString name = QString::fromLatin1(spec.name);
+    sayFailure(QStringLiteral("%1: %2 (see \"ledra %1 --help\")").arg(name, line));
+    return ExitCode::wrongUsage;
+}
+
+} // namespace ledra

@@ -1,0 +1,70 @@
+#pragma once
+
+#include <QCommandLineParser>
+#include <QString>
+#include <QStringList>
+
+#include <memory>
+#include <span>
+
+namespace ledra {
+
+/// What a command ends with.
+enum class ExitCode { done = 0, failed = 1, wrongUsage = 2 };
+
+/// One option of a command, as data: parsing, help, completions and the manual are made from it.
+struct OptionSpec
+{
+    const char* name;      ///< without dashes
+    const char* shortName; ///< one letter, or empty
+    const char* value;     ///< what the value is called, or empty for a switch
+    const char* help;
+};
+
+/// What a command is, as data.
+struct CommandSpec
+{
+    const char* name;
+    const char* arguments; ///< as the usage line shows them
+    const char* summary;   ///< one line
+    std::span<const OptionSpec> options;
+    bool needsWebEngine;
+};
+
+/// The options that every command takes.
+std::span<const OptionSpec> commonOptions();
+
+/// A command's arguments after parsing.
+class CommandArguments
+{
+public:
+    explicit CommandArguments(const QCommandLineParser& parser) : parser_(parser) {}
+
+    QStringList positional() const { return parser_.positionalArguments(); }
+    bool has(const char* option) const { return parser_.isSet(QString::fromLatin1(option)); }
+    QString value(const char* option) const { return parser_.value(QString::fromLatin1(option)); }
+
+private:
+    const QCommandLineParser& parser_;
+};
+
+/// One command of the program. It finds the application object made and runs the event loop itself if it needs it.
+class Command
+{
+public:
+    virtual ~Command() = default;
+    virtual const CommandSpec& spec() const = 0;
+    virtual ExitCode run(const CommandArguments& arguments) = 0;
+};
+
+/// A line on standard error: "ledra: " and what happened.
+void sayFailure(const QString& line);
+
+/// Text on standard output, as it stands.
+void writeOutput(const QString& text);
+void writeOutput(const QByteArray& bytes);
+
+/// Says what is wrong with a command's arguments and how to learn more.
+ExitCode wrongUsage(const CommandSpec& spec, const QString& line);
+
+} // namespace ledra

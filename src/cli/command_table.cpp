@@ -1,0 +1,67 @@
+#include "cli/command_table.h"
+
+#include "cli/export_command.h"
+#include "cli/show_command.h"
+
+namespace ledra {
+
+namespace {
+
+constexpr int helpColumn = 28;
+
+QString row(const QString& left, const char* right)
+{
+    return QStringLiteral("  ") + left.leftJustified(helpColumn) + QString::fromUtf8(right) + u'\n';
+}
+
+QString optionText(const OptionSpec& option)
+{
+    QString text = QStringLiteral("--") + QString::fromLatin1(option.name);
+    if (*option.shortName != '\0')
+        text = u'-' + QString::fromLatin1(option.shortName) + QStringLiteral(", ") + text;
+    if (*option.value != '\0')
+        text += u' ' + QString::fromLatin1(option.value);
+    return text;
+}
+
+} // namespace
+
+std::vector<std::unique_ptr<Command>> allCommands()
+{
+    std::vector<std::unique_ptr<Command>> commands;
+    commands.push_back(std::make_unique<ShowCommand>());
+    commands.push_back(std::make_unique<ExportCommand>());
+    return commands;
+}
+
+std::unique_ptr<Command> findCommand(const QString& name)
+{
+    for (std::unique_ptr<Command>& command : allCommands()) {
+        if (name == QLatin1StringView(command->spec().name))
+            return std::move(command);
+    }
+    return nullptr;
+}
+
+QString programHelp()
+{
+    QString text = QStringLiteral("Ledra makes invoices.\n\nUsage: ledra COMMAND [OPTIONS] [ARGUMENTS]\n\nCommands:\n");
+    for (const std::unique_ptr<Command>& command : allCommands())
+        text += row(QString::fromLatin1(command->spec().name), command->spec().summary);
+    text += QStringLiteral("\nOptions:\n") + row(QStringLiteral("-h, --help"), "Show this text.") +
+            row(QStringLiteral("--version"), "Show the version.");
+    return text + QStringLiteral("\n\"ledra COMMAND --help\" says what a command takes.\n");
+}
+
+QString commandHelp(const CommandSpec& spec)
+{
+    QString text = QString::fromUtf8(spec.summary) + QStringLiteral("\n\nUsage: ledra ") + QString::fromLatin1(spec.name) +
+                   QStringLiteral(" [OPTIONS] ") + QString::fromUtf8(spec.arguments) + QStringLiteral("\n\nOptions:\n");
+    for (const auto options : {spec.options, commonOptions()}) {
+        for (const OptionSpec& option : options)
+            text += row(optionText(option), option.help);
+    }
+    return text;
+}
+
+} // namespace ledra

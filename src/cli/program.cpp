@@ -1,0 +1,92 @@
+#include "cli/program.h"
+
+#include "cli/command_table.h"
+#include "platform/version.h"
+#include "render/qt_web_engine.h"
+
+#include <QApplication>
+#include <QCoreApplication>
+
+#include <memory>
+
+namespace ledra {
+
+namespace {
+
+QStringList textsOf(int argc, char** argv)
+{
+    QStringList texts;
+    for (int i = 0; i < argc; ++i)
+        texts += QString::fromLocal8Bit(argv[i]);
+    return texts;
+}
+
+QString versionText()
+{
+    return QStringLiteral("ledra ") + QString::fromUtf8(shortVersion.data(), static_cast<qsizetype>(shortVersion.size())) +
+           u'\n';
+}
+
+void addOptions(QCommandLineParser& parser, std::span<const OptionSpec> options)
+{
+    for (const OptionSpec& option : options) {
+        QStringList names = {QString::fromLatin1(option.name)};
+        if (*option.shortName != '\0')
+            names += QString::fromLatin1(option.shortName);
+        parser.addOption(QCommandLineOption(names, QString::fromUtf8(option.help), QString::fromLatin1(option.value)));
+    }
+}
+
+/// A command that lays out documents needs the whole application object; the others start without the engine.
+std::unique_ptr<QCoreApplication> makeApplication(const CommandSpec& spec, int& argc, char** argv)
+{
+    QCoreApplication::setApplicationName(QStringLiteral("Ledra"));
+    if (!spec.needsWebEngine)
+        return std::make_unique<QCoreApplication>(argc, argv);
+    QtWebEngine::prepare(false);
+    return std::make_unique<QApplication>(argc, argv);
+}
+
+ExitCode runCommand(Command& command, const QStringList& texts, int argc, char** argv)
+{
+    const CommandSpec& spec = command.spec();
+    QCommandLineParser parser;
+    addOptions(parser, spec.options);
+    addOptions(parser, commonOptions());
+    if (!parser.parse(texts))
+        return wrongUsage(spec, parser.errorText());
+    if (parser.isSet(QStringLiteral("help"))) {
+        writeOutput(commandHelp(spec));
+        return ExitCode::done;
+    }
+    // The engine reads the program's arguments; it is shown none of ours.
+    argc = 1;
+    const auto application = makeApplication(spec, argc, argv);
+    return command.run(CommandArguments(parser));
+}
+
+} // namespace
+
+int runProgram(int argc, char** argv)
+{
+    QStringList texts = textsOf(argc, argv);
+    const QString first = texts.value(1);
+    if (first == u"--help" || first == u"-h" || first == u"help") {
+        writeOutput(programHelp());
+        return static_cast<int>(ExitCode::done);
+    }
+    if (first == u"--version") {
+        writeOutput(versionText());
+        return static_cast<int>(ExitCode::done);
+    }
+    const std::unique_ptr<Command> command = findCommand(first);
+    if (!command) {
+        sayFailure(first.isEmpty() ? QStringLiteral("no command given (see \"ledra --help\")")
+                                   : QStringLiteral("unknown command \"%1\" (see \"ledra --help\")").arg(first));
+        return static_cast<int>(ExitCode::wrongUsage);
+    }
+    texts.removeAt(1);
+    return static_cast<int>(runCommand(*command, texts, argc, argv));
+}
+
+} // namespace ledra

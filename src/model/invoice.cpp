@@ -1,0 +1,104 @@
+#include "model/invoice.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace ledra {
+
+namespace {
+
+// Ten thousand years: beyond this no calendar holds the due date.
+constexpr std::int64_t farthestDue = 3'652'500;
+
+double percentOf(double percentage, double amount)
+{
+    return roundedToCents(percentage * amount / 100.0);
+}
+
+} // namespace
+
+double roundedToCents(double amount)
+{
+    return std::round(amount * 100.0) / 100.0; // std::round rounds halves away from zero
+}
+
+double Invoice::lineNet(const Item& item) const
+{
+    const double amount = item.quantity * item.unitPrice;
+    const bool containsVat = grossPrices && item.vatPercentage > 0;
+    return roundedToCents(containsVat ? amount / (item.vatPercentage / 100.0 + 1.0) : amount);
+}
+
+double Invoice::subtotal() const
+{
+    double sum = 0;
+    for (const Item& item : items)
+        sum += lineNet(item);
+    return sum;
+}
+
+double Invoice::discount() const
+{
+    const double base = subtotal();
+    if (discountPercentage && *discountPercentage > 0)
+        return percentOf(*discountPercentage, base);
+    if (discountAmount && *discountAmount > 0)
+        return std::copysign(std::min(roundedToCents(*discountAmount), std::abs(base)), base);
+    return 0;
+}
+
+std::vector<VATAmount> Invoice::vatAmounts() const
+{
+    std::vector<VATAmount> amounts;
+    for (const Item& item : items) {
+        if (item.vatPercentage > 0 && std::ranges::find(amounts, item.vatPercentage, &VATAmount::rate) == amounts.end())
+            amounts.push_back({item.vatPercentage, 0});
+    }
+    std::ranges::sort(amounts, {}, &VATAmount::rate);
+
+    const double base = subtotal();
+    const double discounted = base - discount();
+    for (VATAmount& vat : amounts) {
+        double rateNet = 0;
+        for (const Item& item : items) {
+            if (item.vatPercentage == vat.rate)
+                rateNet += lineNet(item);
+        }
+        if (base != 0)
+            rateNet = discounted * rateNet / base;
+        vat.amount = percentOf(vat.rate, rateNet);
+    }
+    return amounts;
+}
+
+double Invoice::total() const
+{
+    double sum = subtotal() - discount();
+    for (const VATAmount& vat : vatAmounts())
+        sum += vat.amount;
+    return sum;
+}
+
+QDateTime Invoice::dueDate() const
+{
+    return date.toLocal().addDays(std::clamp(daysToPay, -farthestDue, farthestDue));
+}
+
+bool Invoice::isOverdue(Timestamp now) const
+{
+    return status == Status::sent && now.toLocal() > dueDate();
+}
+
+Invoice newInvoice(const QUuid& id, Timestamp now, const Country& country)
+{
+    Invoice invoice;
+    invoice.id = id;
+    invoice.date = now;
+    invoice.serviceDateStart = now;
+    invoice.statusUpdateDate = now;
+    invoice.addressCountry = country;
+    invoice.senderAddressCountry = country;
+    return invoice;
+}
+
+} // namespace ledra

@@ -1,0 +1,51 @@
+#include "model/timestamp.h"
+
+#include <QTimeZone>
+
+#include <cmath>
+
+namespace ledra {
+
+namespace {
+
+constexpr qint64 referenceUnixSeconds = 978307200; // 2001-01-01T00:00:00Z
+constexpr double firstYearStart = -63113904000.0;   // 0001-01-01T00:00:00Z
+constexpr double lastYearEnd = 252423993600.0;      // 10000-01-01T00:00:00Z
+
+} // namespace
+
+Timestamp Timestamp::fromDateTime(const QDateTime& moment)
+{
+    return Timestamp(static_cast<double>(moment.toSecsSinceEpoch() - referenceUnixSeconds));
+}
+
+std::optional<Timestamp> Timestamp::fromIso8601(const QString& text)
+{
+    const QDateTime moment = QDateTime::fromString(text, Qt::ISODate);
+    if (!moment.isValid() || !text.contains(u'T'))
+        return std::nullopt;
+    return fromDateTime(moment);
+}
+
+bool Timestamp::isInCalendarRange() const
+{
+    return seconds_ >= firstYearStart && seconds_ < lastYearEnd;
+}
+
+QDateTime Timestamp::toLocal() const
+{
+    const auto milliseconds = static_cast<qint64>(std::floor(seconds_ * 1000.0));
+    return QDateTime::fromMSecsSinceEpoch(milliseconds + referenceUnixSeconds * 1000);
+}
+
+QString Timestamp::toIso8601() const
+{
+    return toLocal().toUTC().toString(Qt::ISODate);
+}
+
+QString dayText(QDate day)
+{
+    return day.toString(QStringLiteral("yyyy-MM-dd"));
+}
+
+} // namespace ledra

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+
+#include <expected>
+
+namespace ledra {
+
+/// Why a file could not be read or written, in the words of the operating system.
+struct FileError
+{
+    QString path;
+    QString reason;
+
+    /// One line: path and reason.
+    QString text() const { return path + QStringLiteral(": ") + reason; }
+};
+
+/// Reads a whole regular file of at most `limit` bytes.
+[[nodiscard]] std::expected<QByteArray, FileError> readFile(const QString& path, qint64 limit);
+
+enum class Overwrite { refuse, replace };
+
+/// Writes an export: the content goes to a temporary file beside the target, is made durable and takes the
+/// target's name in one step, so that no half-written export is ever seen. Every export goes through here.
+[[nodiscard]] std::expected<void, FileError> writeExport(const QString& path, const QByteArray& content,
+                                                         Overwrite overwrite);
+
+} // namespace ledra

@@ -1,0 +1,72 @@
+#pragma once
+
+#include <QByteArray>
+#include <QSize>
+#include <QString>
+
+#include <expected>
+#include <memory>
+#include <optional>
+#include <vector>
+
+namespace ledra {
+
+/// What a PDF operation failed with, in the library's words.
+struct PdfError
+{
+    QString reason;
+};
+
+/// Which sheets of a printed page's PDF belong to the document.
+enum class PrintedSheets {
+    first, ///< the page was laid out to fit its paper; what an engine prints beyond it is an empty sheet
+    all    ///< the page was not measured and may run over several sheets
+};
+
+/// A note that programs find and viewers do not show: on the first page, hidden, not printed.
+struct HiddenAnnotation
+{
+    QString author;   ///< /T
+    QString contents; ///< /Contents
+};
+
+/// A PDF document in memory; the one adapter of the PDF library.
+class PdfFile
+{
+public:
+    /// Joins printed pages in order, each set to exactly the paper's size in points, without other boxes.
+    [[nodiscard]] static std::expected<PdfFile, PdfError> join(const std::vector<QByteArray>& pages,
+                                                               QSize paper, PrintedSheets sheets);
+
+    [[nodiscard]] static std::expected<PdfFile, PdfError> open(const QByteArray& content);
+
+    PdfFile(PdfFile&&) noexcept;
+    PdfFile& operator=(PdfFile&&) noexcept;
+    ~PdfFile();
+
+    int pageCount() const;
+
+    /// The MediaBox of a page in points, its corner at the origin.
+    QSizeF pageSize(int page) const;
+
+    void setInformation(const QString& title, const QString& creator);
+
+    /// Adds a text annotation of one point at the page's corner. Its appearance stream is empty, so that no viewer
+    /// draws an icon (and ISO 19005-3 6.3.3 holds).
+    void addHiddenAnnotation(const HiddenAnnotation& annotation);
+
+    /// The contents of the first page's annotation with that author.
+    std::optional<QString> annotationContents(const QString& author) const;
+
+    /// The document's bytes, written in the classical form (cross-reference table, no object streams, PDF 1.7) to
+    /// which incremental updates can be appended.
+    [[nodiscard]] std::expected<QByteArray, PdfError> bytes() const;
+
+private:
+    struct Document;
+    explicit PdfFile(std::unique_ptr<Document> document);
+
+    std::unique_ptr<Document> document_;
+};
+
+} // namespace ledra

@@ -1,0 +1,198 @@
+#include "render/item_table.h"
+
+#include "model/amount_text.h"
+#include "model/document_labels.h"
+#include "model/html_text.h"
+
+#include <algorithm>
+
+namespace ledra {
+
+namespace {
+
+constexpr qsizetype longAmount = 11; // characters that fit the ordinary column
+
+QString cell(const char* name, const QString& html)
+{
+    return QStringLiteral("<td class=\"%1\">%2</td>").arg(QString::fromLatin1(name), html);
+}
+
+QString headCell(const char* name, const QString& label)
+{
+    return QStringLiteral("<th class=\"%1\">%2</th>").arg(QString::fromLatin1(name), htmlEscaped(label));
+}
+
+} // namespace
+
+ItemTable::ItemTable(const Invoice& invoice, Language language) : invoice_(invoice), language_(language)
+{
+    const std::vector<Invoice::Item>& items = invoice.items;
+    const auto isOnePrice = [](const Invoice::Item& item) { return item.unit == Unit::lumpSum && item.quantity == 1; };
+    showsQuantity_ = items.empty() || !std::ranges::all_of(items, isOnePrice);
+    if (!items.empty()) {
+        const Invoice::Item& first = items.front();
+        showsVat_ = std::ranges::any_of(items, [&](const Invoice::Item& item) {
+            return item.vatPercentage != first.vatPercentage;
+        });
+        if (std::ranges::all_of(items, [&](const Invoice::Item& item) { return item.unit == first.unit; }))
+            commonUnit_ = first.unit;
+    }
+}
+
+int ItemTable::columnCount() const
+{
+    // Without quantities the price is the total as well, and one column says both.
+    return 2 + (showsQuantity_ ? 2 : 0) + (showsVat_ ? 1 : 0);
+}
+
+QString ItemTable::price(const Invoice::Item& item) const
+{
+    return amountText(item.unitPrice, invoice_.currency, language_);
+}
+
+QString ItemTable::lineTotal(const Invoice::Item& item) const
+{
+    return amountText(invoice_.lineNet(item), invoice_.currency, language_);
+}
+
+bool ItemTable::hasLongText(QString (ItemTable::*text)(const Invoice::Item&) const) const
+{
+    return std::ranges::any_of(invoice_.items,
+                               [&](const Invoice::Item& item) { return (this->*text)(item).size() > longAmount; });
+}
+
+QStringList ItemTable::stateClasses() const
+{
+    QStringList classes;
+    if (hasLongText(&ItemTable::price))
+        classes += QStringLiteral("wide-prices");
+    if (hasLongText(&ItemTable::lineTotal))
+        classes += QStringLiteral("wide-totals");
+    return classes;
+}
+
+void ItemTable::addHead(TemplateValues& values) const
+{
+    const auto label = [this](const char* key) { return documentLabel(QString::fromLatin1(key), language_); };
+    const bool gross = invoice_.grossPrices;
+    QString quantity;
+    if (showsQuantity_)
+        quantity = commonUnit_ ? headCell("quantity", unitLabel(*commonUnit_, 2, language_))
+                               : headCell("quantity with-unit", label("Quantity"));
+    values.insert(QStringLiteral("description-label"), htmlEscaped(label("Description")));
+    values.insert(QStringLiteral("quantity-column"), quantity);
+    values.insert(QStringLiteral("price-label"), htmlEscaped(label(gross ? "Gross Price" : "Price")));
+    values.insert(QStringLiteral("vat-column"), showsVat_ ? headCell("vat", label("VAT")) : QString());
+    // A line's total is its net; where prices are gross the heading says so.
+    values.insert(QStringLiteral("total-column"),
+                  showsQuantity_ ? headCell("total", label(gross ? "Net Total" : "Total")) : QString());
+    values.insert(QStringLiteral("column-count"), QString::number(columnCount()));
+}
+
+QString ItemTable::quantityCell(const Invoice::Item& item) const
+{
+    const QString number = htmlEscaped(quantityText(item.quantity, language_));
+    if (commonUnit_)
+        return cell("quantity", number);
+    return cell("quantity with-unit", QStringLiteral("%1<span class=\"unit\">%2</span>")
+                                          .arg(number, htmlEscaped(unitLabel(item.unit, item.quantity, language_))));
+}
+
+QString ItemTable::itemRow(const Invoice::Item& item) const
+{
+    QString cells = cell("description", htmlLines(item.item));
+    if (showsQuantity_)
+        cells += quantityCell(item);
+    cells += cell("price", htmlEscaped(price(item)));
+    if (showsVat_)
+        cells += cell("vat", htmlEscaped(percentText(item.vatPercentage, language_)));
+    if (showsQuantity_)
+        cells += cell("total", htmlEscaped(lineTotal(item)));
+    return QStringLiteral("<tr class=\"item\">%1</tr>\n").arg(cells);
+}
+
+QString ItemTable::emptyRow() const
+{
+    return QStringLiteral("<tr class=\"empty-row\">%1</tr>\n").arg(QStringLiteral("<td></td>").repeated(columnCount()));
+}
+
+QString ItemTable::noteRow(const QString& line) const
+{
+    const QString html = line.trimmed().isEmpty() ? QStringLiteral("&nbsp;") : inlineMarkdown(htmlEscaped(line));
+    return QStringLiteral("<tr class=\"note-row\"><td colspan=\"%1\"><div class=\"note\">"
+                          "<div class=\"note-line\">%2</div></div></td></tr>\n")
+        .arg(QString::number(columnCount()), html);
+}
+
+namespace {
+
+/// The lines of the totals below the sum, each a label and an amount.
+class TotalLines
+{
+public:
+    TotalLines(const Invoice& invoice, Language language) : invoice_(invoice), language_(language) {}
+
+    QString amount(double value) const { return htmlEscaped(amountText(value, invoice_.currency, language_)); }
+    QString label(const char* key) const { return documentLabel(QString::fromLatin1(key), language_); }
+
+    QString rateLabel(const char* key, double percentage) const
+    {
+        return documentLabel(QString::fromLatin1(key), language_,
+                             {{QStringLiteral("percentage"), percentText(percentage, language_)}});
+    }
+
+    static QString line(const QString& label, const QString& amountHtml, const char* extraClass = "")
+    {
+        return QStringLiteral("<div class=\"line%1\"><span class=\"label\">%2</span>"
+                              "<span class=\"amount\">%3</span></div>\n")
+            .arg(QString::fromLatin1(extraClass), htmlEscaped(label), amountHtml);
+    }
+
+    QString discount() const
+    {
+        const double discount = invoice_.discount();
+        if (discount == 0)
+            return {};
+        const bool isPercentage = invoice_.discountPercentage.value_or(0) > 0;
+        const QString name = isPercentage ? rateLabel("Discount Percentage", *invoice_.discountPercentage)
+                                          : label("Discount");
+        const QString text =
+            discount > 0 ? QStringLiteral("&minus;") + amount(discount) : amount(-discount);
+        return line(name, text);
+    }
+
+    QString vatAndTotal(const std::vector<VATAmount>& vatAmounts) const
+    {
+        QString html;
+        double sum = 0;
+        for (const VATAmount& vat : vatAmounts) {
+            html += line(rateLabel("VAT Rate", vat.rate), amount(vat.amount));
+            sum += vat.amount;
+        }
+        if (vatAmounts.size() > 1)
+            html += line(label("Total VAT"), amount(sum));
+        const char* key = vatAmounts.empty() ? "Total" : "Total with VAT";
+        return html + line(label(key), amount(invoice_.total()), " grand-total");
+    }
+
+private:
+    const Invoice& invoice_;
+    Language language_;
+};
+
+} // namespace
+
+void addTotals(TemplateValues& values, const Invoice& invoice, Language language)
+{
+    const TotalLines lines(invoice, language);
+    const std::vector<VATAmount> vatAmounts = invoice.vatAmounts();
+    const QString discount = lines.discount();
+    const bool isOnlyLine = vatAmounts.empty() && discount.isEmpty();
+    values.insert(QStringLiteral("sum-class"), isOnlyLine ? QStringLiteral("grand-total") : QString());
+    values.insert(QStringLiteral("sum-label"), htmlEscaped(lines.label(isOnlyLine ? "Total" : "Subtotal")));
+    values.insert(QStringLiteral("sum"), lines.amount(invoice.subtotal()));
+    values.insert(QStringLiteral("discount-rows"), discount);
+    values.insert(QStringLiteral("vat"), isOnlyLine ? QString() : lines.vatAndTotal(vatAmounts));
+}
+
+} // namespace ledra

@@ -1,0 +1,46 @@
+#pragma once
+
+#include "platform/console.h"
+#include "platform/pdf_file.h"
+#include "render/document_paginator.h"
+#include "render/web_engine.h"
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <vector>
+
+namespace ledra {
+
+struct Invoice;
+
+/// Prints the pages of a document and joins them into one PDF.
+class PDFRenderer
+{
+public:
+    using Completion = std::function<void(std::optional<PdfFile>)>;
+
+    PDFRenderer(WebEngine& engine, Console& console) : engine_(engine), console_(console) {}
+
+    /// Prints all pages side by side and joins them in order. A failure is said on the console, and the completion
+    /// then receives nothing.
+    void render(const PaginationResult& document, PageFormat format, Completion completion);
+
+private:
+    struct Session;
+
+    void pagePrinted(const std::shared_ptr<Session>& session, std::size_t page,
+                     const std::expected<QByteArray, WebEngineError>& pdf);
+    void join(const Session& session);
+
+    WebEngine& engine_;
+    Console& console_;
+};
+
+/// The author of the annotation that carries a document's own record.
+inline constexpr QStringView embeddedInvoiceAuthor = u"LedraInvoiceData";
+
+/// Names the program that made the PDF and hides the invoice in it, as JSON, so that it can be read back.
+void embedInvoice(PdfFile& pdf, const Invoice& invoice, const QString& title);
+
+} // namespace ledra

@@ -1,0 +1,53 @@
+#pragma once
+
+#include "render/page_session.h"
+#include "render/web_engine.h"
+
+#include <QWebEngineProfile>
+#include <QWebEngineView>
+
+#include <deque>
+#include <memory>
+#include <vector>
+
+namespace ledra {
+
+/// The web engine of Qt. It never shows a window and needs no display; pages see no network, no disk and no
+/// scripts of their own.
+class QtWebEngine final : public WebEngine
+{
+public:
+    /// What must be said to the engine before the application object is created: its scheme, its switches and,
+    /// for a program without windows, the platform without a display.
+    static void prepare(bool needsDisplay);
+
+    QtWebEngine();
+    ~QtWebEngine() override;
+
+    void measure(const QString& html, PageFormat format, const QString& script, Answered answered) override;
+    void print(const QString& html, PageFormat format, Printed printed) override;
+
+private:
+    struct PrintJob
+    {
+        QString html;
+        PageFormat format;
+        Printed printed;
+    };
+
+    std::unique_ptr<QWebEnginePage> newPage();
+    PageSession& measuringSession(PageFormat format);
+    PageSession* idlePrinter();
+    void startPrinting();
+
+    RequestGuard guard_;
+    DocumentSchemeHandler handler_;
+    // Pages must go before their profile, and a view before the page that it shows.
+    std::unique_ptr<QWebEngineProfile> profile_;
+    std::unique_ptr<PageSession> measuring_;
+    std::unique_ptr<QWebEngineView> measuringView_;
+    std::vector<std::unique_ptr<PageSession>> printers_;
+    std::deque<PrintJob> waiting_;
+};
+
+} // namespace ledra

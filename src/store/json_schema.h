@@ -1,0 +1,260 @@
+#pragma once
+
+#include "model/country.h"
+#include "model/currency.h"
+#include "model/text_enum.h"
+#include "model/timestamp.h"
+#include "store/json_reader.h"
+#include "store/ordered_json_encoder.h"
+
+#include <QUuid>
+
+#include <set>
+#include <tuple>
+#include <vector>
+
+namespace ledra {
+
+/// A key of a JSON object and the stored field that it holds. An optional field is written only when present; on
+/// reading, a missing key or null leaves the field as it was.
+template <class Owner, class Field>
+struct JSONKey
+{
+    std::string_view name;
+    Field Owner::*field;
+};
+
+template <class Owner, class Field>
+JSONKey(std::string_view, Field Owner::*) -> JSONKey<Owner, Field>;
+
+/// A nested object whose keys hold fields of the same record. It must be present on reading if it is required.
+template <class... Entries>
+struct JSONGroup
+{
+    std::string_view name;
+    bool required;
+    std::tuple<Entries...> entries;
+};
+
+template <class... Entries>
+constexpr JSONGroup<Entries...> requiredGroup(std::string_view name, Entries... entries)
+{
+    return {name, true, {entries...}};
+}
+
+template <class... Entries>
+constexpr JSONGroup<Entries...> optionalGroup(std::string_view name, Entries... entries)
+{
+    return {name, false, {entries...}};
+}
+
+/// The keys of a record's file in the order in which they are written. Each record specialises this once, as a
+/// std::tuple of JSONKey and JSONGroup; writing and reading both follow it.
+template <class T>
+inline constexpr std::nullptr_t jsonSchema = nullptr;
+
+template <class T>
+concept HasJSONSchema = !std::is_same_v<decltype(jsonSchema<T>), const std::nullptr_t>;
+
+// ---- writing
+
+template <class T, class Field>
+void encodeEntry(const JSONKey<T, Field>& key, const T& record, KeyedEncodingContainer& container)
+{
+    if constexpr (requires { (record.*key.field).has_value(); })
+        container.encodeIfPresent(key.name, record.*key.field);
+    else
+        container.encode(key.name, record.*key.field);
+}
+
+template <class T, class... Entries>
+void encodeEntry(const JSONGroup<Entries...>& group, const T& record, KeyedEncodingContainer& container)
+{
+    KeyedEncodingContainer nested = container.nestedKeyedContainer(group.name);
+    std::apply([&](const auto&... entry) { (encodeEntry(entry, record, nested), ...); }, group.entries);
+}
+
+/// Puts the record's keys into a container that the caller may go on filling.
+template <HasJSONSchema T>
+void encodeMembers(const T& record, KeyedEncodingContainer& container)
+{
+    std::apply([&](const auto&... entry) { (encodeEntry(entry, record, container), ...); }, jsonSchema<T>);
+}
+
+template <HasJSONSchema T>
+void encode(const T& record, JSONEncoderState& state)
+{
+    KeyedEncodingContainer container = state.keyedContainer();
+    encodeMembers(record, container);
+}
+
+/// The text of a data file: pretty-printed, in the key order of the schema, dates as seconds.
+template <HasJSONSchema T>
+QByteArray fileText(const T& record)
+{
+    OrderedJSONEncoder encoder;
+    encoder.outputFormatting = {JSONFormatting::prettyPrinted};
+    return encoder.encode(record).value(); // a record with a schema always is an object
+}
+
+inline JSONNode scalarNode(const Country& country)
+{
+    return scalarNode(country.code);
+}
+
+inline JSONNode scalarNode(const Currency& currency)
+{
+    return scalarNode(currency.code);
+}
+
+// ---- reading
+
+Decoded<void> decodeInto(QString& field, JSONValue& value);
+Decoded<void> decodeInto(double& field, JSONValue& value);
+Decoded<void> decodeInto(std::int64_t& field, JSONValue& value);
+Decoded<void> decodeInto(bool& field, JSONValue& value);
+Decoded<void> decodeInto(QUuid& field, JSONValue& value);
+Decoded<void> decodeInto(Country& field, JSONValue& value);
+Decoded<void> decodeInto(Currency& field, JSONValue& value);
+
+/// Takes both date forms: a number of seconds or ISO 8601 text.
+Decoded<void> decodeInto(Timestamp& field, JSONValue& value);
+
+std::unexpected<DecodingError> unknownValue(const QString& text);
+std::unexpected<DecodingError> missingKey(std::string_view key);
+
+template <TextEnum E>
+Decoded<void> decodeInto(E& field, JSONValue& value)
+{
+    Decoded<QString> text = value.text();
+    if (!text)
+        return std::unexpected(text.error());
+    const std::optional<E> found = enumFromRawValue<E>(text->toStdString());
+    if (!found)
+        return unknownValue(*text);
+    field = *found;
+    return {};
+}
+
+template <class T>
+Decoded<void> decodeInto(std::optional<T>& field, JSONValue& value)
+{
+    T present{};
+    Decoded<void> decoded = decodeInto(present, value);
+    if (decoded)
+        field = std::move(present);
+    return decoded;
+}
+
+template <class E>
+Decoded<void> decodeInto(std::set<E>& field, JSONValue& value)
+{
+    field.clear();
+    return value.elements([&](JSONValue& element) -> Decoded<void> {
+        E present{};
+        Decoded<void> decoded = decodeInto(present, element);
+        if (decoded)
+            field.insert(present);
+        return decoded;
+    });
+}
+
+template <class T, class Entries>
+Decoded<void> decodeMembers(T& record, JSONValue& value, const Entries& entries);
+
+template <HasJSONSchema T>
+Decoded<void> decodeInto(T& record, JSONValue& value)
+{
+    return decodeMembers(record, value, jsonSchema<T>);
+}
+
+template <class T>
+Decoded<void> decodeInto(std::vector<T>& field, JSONValue& value)
+{
+    field.clear();
+    return value.elements([&](JSONValue& element) { return decodeInto(field.emplace_back(), element); });
+}
+
+template <class T, class Field>
+Decoded<void> decodeEntry(const JSONKey<T, Field>& key, T& record, JSONValue& value)
+{
+    return decodeInto(record.*key.field, value);
+}
+
+template <class T, class... Entries>
+Decoded<void> decodeEntry(const JSONGroup<Entries...>& group, T& record, JSONValue& value)
+{
+    return decodeMembers(record, value, group.entries);
+}
+
+/// The keys of an object that have been read; says which required one is missing.
+template <class Entries>
+class SeenEntries
+{
+public:
+    template <std::size_t position>
+    void mark()
+    {
+        seen_[position] = true;
+    }
+
+    Decoded<void> checkRequired(const Entries& entries) const
+    {
+        std::size_t position = 0;
+        Decoded<void> result;
+        const auto check = [&](const auto& entry) {
+            if constexpr (requires { entry.required; }) {
+                if (result && entry.required && !seen_[position])
+                    result = missingKey(entry.name);
+            }
+            ++position;
+        };
+        std::apply([&](const auto&... entry) { (check(entry), ...); }, entries);
+        return result;
+    }
+
+private:
+    std::array<bool, std::tuple_size_v<Entries>> seen_{};
+};
+
+template <class T, class Entries, std::size_t... positions>
+Decoded<void> decodeMember(T& record, std::string_view key, JSONValue& value, const Entries& entries,
+                           SeenEntries<Entries>& seen, std::index_sequence<positions...>)
+{
+    Decoded<void> result;
+    const auto tryEntry = [&]<std::size_t position>() {
+        const auto& entry = std::get<position>(entries);
+        if (entry.name != key)
+            return false;
+        if (const Decoded<bool> null = value.isNull(); !null || *null) {
+            if (!null)
+                result = std::unexpected(null.error());
+            return true;
+        }
+        seen.template mark<position>();
+        result = decodeEntry(entry, record, value);
+        return true;
+    };
+    (tryEntry.template operator()<positions>() || ...);
+    return result;
+}
+
+template <class T, class Entries>
+Decoded<void> decodeMembers(T& record, JSONValue& value, const Entries& entries)
+{
+    SeenEntries<Entries> seen;
+    Decoded<void> result = value.members([&](std::string_view key, JSONValue& member) {
+        return decodeMember(record, key, member, entries, seen,
+                            std::make_index_sequence<std::tuple_size_v<Entries>>{});
+    });
+    return result ? seen.checkRequired(entries) : result;
+}
+
+/// Reads a document into a record that already holds its new-record values.
+template <HasJSONSchema T>
+Decoded<void> decodeDocument(T& record, const QByteArray& document, JSONReader& reader)
+{
+    return reader.read(document, [&](JSONValue& root) { return decodeInto(record, root); });
+}
+
+} // namespace ledra
