@@ -1,4 +1,5 @@
 #include "model/country.h"
+#include "support/test_suite.h"
 
 #include <QRegularExpression>
 #include <QSet>
@@ -40,7 +41,7 @@ constexpr auto expectedFacts = std::to_array<Expected>({
 
 } // namespace
 
-class CountryTest : public QObject
+class CountryTest : public test::Suite
 {
     Q_OBJECT
 
@@ -153,5 +154,6 @@ void CountryTest::unknownCodes()
     QCOMPARE(country.stateLabel(), QStringLiteral("State"));
 }
 
-QTEST_APPLESS_MAIN(CountryTest)
+const ledra::test::RegisterSuite<CountryTest> registration("country_test");
+
 #include "country_test.moc"

@@ -1,0 +1,9 @@
+#include "support/test_suite.h"
+
+#include <QCoreApplication>
+
+int main(int argc, char** argv)
+{
+    const QCoreApplication application(argc, argv);
+    return ledra::test::runSuite(argc, argv);
+}
