@@ -14,7 +14,8 @@ namespace {
 
 /// Reads a file and decodes its content; the error names the file.
 template <class Decode>
-auto readRecord(const QString& path, Decode decode) -> std::expected<typename decltype(decode(QByteArray()))::value_type, QString>
+auto readRecord(const QString& path, Decode decode)
+    -> std::expected<typename decltype(decode(QByteArray()))::value_type, QString>
 {
     const std::expected<QByteArray, FileError> content = readFile(path, largestRecordFile);
     if (!content)
@@ -29,8 +30,7 @@ auto readRecord(const QString& path, Decode decode) -> std::expected<typename de
 
 BareFiles::BareFiles(const Clock& clock, IdSource& ids, QString region, Console& console)
     : clock_(clock), ids_(ids), region_(std::move(region)), console_(console)
-{
-}
+{}
 
 std::expected<Invoice, QString> BareFiles::invoice(const QString& path)
 {
@@ -41,7 +41,8 @@ std::expected<Invoice, QString> BareFiles::invoice(const QString& path)
 
 std::expected<Profile, QString> BareFiles::profile(const QString& path)
 {
-    return readRecord(path, [this](const QByteArray& content) { return decodeProfile(content, newRecordValues()); });
+    return readRecord(
+        path, [this](const QByteArray& content) { return decodeProfile(content, newRecordValues()); });
 }
 
 std::expected<Styling, QString> BareFiles::styling(const QString& path)

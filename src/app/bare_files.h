@@ -15,8 +15,8 @@
 
 namespace ledra {
 
-/// Reads invoices, profiles and stylings from single files, with no data folder. An error is one line that names
-/// the file and, where there is one, the key.
+/// Reads invoices, profiles and stylings from single files, with no data folder. An error is one line that
+/// names the file and, where there is one, the key.
 class BareFiles
 {
 public:

@@ -19,7 +19,8 @@ QString withFontsInside(QString html)
     while (match.hasMatch()) {
         QFile font(QStringLiteral(":/fonts/") + match.captured(1));
         const QByteArray bytes = font.open(QIODevice::ReadOnly) ? font.readAll() : QByteArray();
-        html.replace(match.captured(), QStringLiteral("data:font/woff2;base64,") + QString::fromLatin1(bytes.toBase64()));
+        html.replace(match.captured(),
+                     QStringLiteral("data:font/woff2;base64,") + QString::fromLatin1(bytes.toBase64()));
         match = address.match(html);
     }
     return html;
@@ -32,31 +33,33 @@ QByteArray standaloneHtml(const QString& title, const std::vector<QString>& page
     if (pages.size() == 1)
         return withFontsInside(pages.front()).toUtf8();
     const QSize size = paperSize(paper);
-    QString html = QStringLiteral("<!DOCTYPE html>\n<html>\n<head>\n<meta charset=\"utf-8\">\n<title>%1</title>\n"
-                                  "<style>body { margin: 0; background: #8c8c8c; } iframe { display: block; "
-                                  "width: %2px; height: %3px; margin: 24px auto; border: 0; background: #fff; } "
-                                  "</style>\n</head>\n<body>\n")
-                       .arg(htmlEscaped(title), QString::number(size.width()), QString::number(size.height()));
+    QString html =
+        QStringLiteral("<!DOCTYPE html>\n<html>\n<head>\n<meta charset=\"utf-8\">\n<title>%1</title>\n"
+                       "<style>body { margin: 0; background: #8c8c8c; } iframe { display: block; "
+                       "width: %2px; height: %3px; margin: 24px auto; border: 0; background: #fff; } "
+                       "</style>\n</head>\n<body>\n")
+            .arg(htmlEscaped(title), QString::number(size.width()), QString::number(size.height()));
     for (const QString& page : pages)
         html += QStringLiteral("<iframe srcdoc=\"%1\"></iframe>\n")
-                    .arg(withFontsInside(page).replace(u'&', QStringLiteral("&amp;")).replace(u'"', QStringLiteral("&quot;")));
+                    .arg(withFontsInside(page)
+                             .replace(u'&', QStringLiteral("&amp;"))
+                             .replace(u'"', QStringLiteral("&quot;")));
     return (html + QStringLiteral("</body>\n</html>\n")).toUtf8();
 }
 
 DocumentExport::DocumentExport(WebEngine& engine, Console& console)
     : paginator_(engine, console), renderer_(engine, console)
-{
-}
+{}
 
 void DocumentExport::run(const Invoice& invoice, const DocumentSetting& setting, const WebFontManager& fonts,
                          ExportFormat format, Completion completion)
 {
     const auto document = std::make_shared<const InvoiceDocument>(invoice, setting, fonts);
-    paginator_.paginate(document, [this, document, invoice, format, completion = std::move(completion)](
-                                      const PaginationResult& result) {
+    paginator_.paginate(document, [this, document, invoice, format,
+                                   completion = std::move(completion)](const PaginationResult& result) {
         if (format == ExportFormat::html)
-            completion(ExportedDocument{standaloneHtml(document->title(), result.pages, document->pageFormat()),
-                                        result.isMeasured});
+            completion(ExportedDocument{
+                standaloneHtml(document->title(), result.pages, document->pageFormat()), result.isMeasured});
         else
             makePdf(invoice, document->title(), result, document->pageFormat(), completion);
     });

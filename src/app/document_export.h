@@ -44,15 +44,15 @@ public:
              ExportFormat format, Completion completion);
 
 private:
-    void makePdf(const Invoice& invoice, const QString& title, const PaginationResult& pages, PageFormat paper,
-                 const Completion& completion);
+    void makePdf(const Invoice& invoice, const QString& title, const PaginationResult& pages,
+                 PageFormat paper, const Completion& completion);
 
     DocumentPaginator paginator_;
     PDFRenderer renderer_;
 };
 
-/// The pages of a document as one HTML file that needs no other: fonts are inside, several pages stand below one
-/// another.
+/// The pages of a document as one HTML file that needs no other: fonts are inside, several pages stand below
+/// one another.
 QByteArray standaloneHtml(const QString& title, const std::vector<QString>& pages, PageFormat paper);
 
 } // namespace ledra

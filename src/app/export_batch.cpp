@@ -45,10 +45,11 @@ std::expected<QString, QString> ExportBatch::targetOf(const QString& source)
         return order_.target;
     const bool isFolder = QFileInfo(order_.target).isDir();
     const QString name = QFileInfo(source).completeBaseName() + extensionOf(order_.format);
-    const QString target = isFolder ? QDir(order_.target).filePath(name) : order_.target;
+    QString target = isFolder ? QDir(order_.target).filePath(name) : order_.target;
     const QString absolute = QFileInfo(target).absoluteFilePath();
     if (targets_.contains(absolute))
-        return std::unexpected(source + QStringLiteral(": another document of this batch is written to ") + target);
+        return std::unexpected(source + QStringLiteral(": another document of this batch is written to ") +
+                               target);
     if (order_.overwrite == Overwrite::refuse && QFileInfo::exists(target))
         return std::unexpected(source + QStringLiteral(": ") + target +
                                QStringLiteral(" exists already (--force overwrites it)"));
@@ -103,7 +104,8 @@ void ExportBatch::write(const QString& source, const QString& target, const Expo
     observer_.written(source, target);
     if (!document.isMeasured) {
         ++failures_;
-        observer_.warned(source + QStringLiteral(": the pages could not be measured; check the breaks in ") + target);
+        observer_.warned(source + QStringLiteral(": the pages could not be measured; check the breaks in ") +
+                         target);
     }
 }
 

@@ -32,15 +32,15 @@ public:
     virtual void content(const QByteArray& bytes) = 0; ///< for the standard output
 };
 
-/// Exports many documents, several of them under way at a time. A document that fails is told and the others go
-/// on. Records are read when their turn comes, so that memory does not grow with the batch.
+/// Exports many documents, several of them under way at a time. A document that fails is told and the others
+/// go on. Records are read when their turn comes, so that memory does not grow with the batch.
 class ExportBatch : public QObject
 {
     Q_OBJECT
 
 public:
-    ExportBatch(ExportOrder order, BareFiles& files, WebEngine& engine, WebFontManager& fonts, Console& console,
-                ExportObserver& observer);
+    ExportBatch(ExportOrder order, BareFiles& files, WebEngine& engine, WebFontManager& fonts,
+                Console& console, ExportObserver& observer);
 
     /// Works until everything is done; then says finished().
     void start();
@@ -53,7 +53,8 @@ Q_SIGNALS:
 private:
     void startMore();
     void startOne(const QString& source);
-    void done(const QString& source, const QString& target, const std::expected<ExportedDocument, QString>& document);
+    void done(const QString& source, const QString& target,
+              const std::expected<ExportedDocument, QString>& document);
     void write(const QString& source, const QString& target, const ExportedDocument& document);
     void fail(const QString& line);
     std::expected<QString, QString> targetOf(const QString& source);

@@ -57,8 +57,7 @@ class SummaryWriter
 public:
     SummaryWriter(const Invoice& invoice, const Profile& profile, Timestamp now)
         : invoice_(invoice), profile_(profile), now_(now)
-    {
-    }
+    {}
 
     QString text() const { return heading() + u'\n' + items() + u'\n' + totals(); }
 
@@ -68,10 +67,12 @@ private:
     QString heading() const
     {
         const bool overdue = invoice_.isOverdue(now_);
-        const QString due = dayText(invoice_.dueDate().date()) + (overdue ? QStringLiteral(" (overdue)") : QString());
+        const QString due =
+            dayText(invoice_.dueDate().date()) + (overdue ? QStringLiteral(" (overdue)") : QString());
         const bool isQuote = invoice_.type == InvoiceType::quote;
         return displayText(invoice_.type) + u' ' + displayedNumber(invoice_, profile_) + u'\n' +
-               field("Status", displayText(invoice_.status)) + field("Date", dayText(invoice_.date.localDate())) +
+               field("Status", displayText(invoice_.status)) +
+               field("Date", dayText(invoice_.date.localDate())) +
                field(isQuote ? "Valid until" : "Due", due) +
                field("From", senderAddress(invoice_).firstName()) +
                field("To", recipientAddress(invoice_).lines().join(QStringLiteral(", "))) +
@@ -98,7 +99,8 @@ private:
     QString total(const QString& label, double value) const
     {
         const int before = descriptionWidth + amountWidth;
-        return QString(before, u' ') + label.rightJustified(amountWidth) + amount(value).rightJustified(amountWidth) + u'\n';
+        return QString(before, u' ') + label.rightJustified(amountWidth) +
+               amount(value).rightJustified(amountWidth) + u'\n';
     }
 
     QString totals() const

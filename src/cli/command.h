@@ -48,7 +48,8 @@ private:
     const QCommandLineParser& parser_;
 };
 
-/// One command of the program. It finds the application object made and runs the event loop itself if it needs it.
+/// One command of the program. It finds the application object made and runs the event loop itself if it
+/// needs it.
 class Command
 {
 public:

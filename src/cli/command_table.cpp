@@ -45,7 +45,8 @@ std::unique_ptr<Command> findCommand(const QString& name)
 
 QString programHelp()
 {
-    QString text = QStringLiteral("Ledra makes invoices.\n\nUsage: ledra COMMAND [OPTIONS] [ARGUMENTS]\n\nCommands:\n");
+    QString text =
+        QStringLiteral("Ledra makes invoices.\n\nUsage: ledra COMMAND [OPTIONS] [ARGUMENTS]\n\nCommands:\n");
     for (const std::unique_ptr<Command>& command : allCommands())
         text += row(QString::fromLatin1(command->spec().name), command->spec().summary);
     text += QStringLiteral("\nOptions:\n") + row(QStringLiteral("-h, --help"), "Show this text.") +
@@ -55,8 +56,9 @@ QString programHelp()
 
 QString commandHelp(const CommandSpec& spec)
 {
-    QString text = QString::fromUtf8(spec.summary) + QStringLiteral("\n\nUsage: ledra ") + QString::fromLatin1(spec.name) +
-                   QStringLiteral(" [OPTIONS] ") + QString::fromUtf8(spec.arguments) + QStringLiteral("\n\nOptions:\n");
+    QString text = QString::fromUtf8(spec.summary) + QStringLiteral("\n\nUsage: ledra ") +
+                   QString::fromLatin1(spec.name) + QStringLiteral(" [OPTIONS] ") +
+                   QString::fromUtf8(spec.arguments) + QStringLiteral("\n\nOptions:\n");
     for (const auto options : {spec.options, commonOptions()}) {
         for (const OptionSpec& option : options)
             text += row(optionText(option), option.help);

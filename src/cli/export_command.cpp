@@ -8,9 +8,9 @@
 #include <QEventLoop>
 #include <QFileInfo>
 
-#include <cstdio>
-
 #include <unistd.h>
+
+#include <cstdio>
 
 namespace ledra {
 
@@ -18,14 +18,15 @@ namespace {
 
 constexpr std::array options = {
     OptionSpec{"format", "", "pdf|html", "The form of the documents; pdf unless said otherwise."},
-    OptionSpec{"output", "o", "FILE|FOLDER", "Where to write; the current folder unless said otherwise, - for stdout."},
+    OptionSpec{"output", "o", "FILE|FOLDER",
+               "Where to write; the current folder unless said otherwise, - for stdout."},
     OptionSpec{"styling", "", "FILE", "A styling.json; logo and style sheet beside it are taken too."},
     OptionSpec{"profile-file", "", "FILE", "A profile.json for what the invoices themselves leave open."},
     OptionSpec{"force", "", "", "Overwrite existing files."},
 };
 
-constexpr CommandSpec exportSpec = {"export", "FILE.json…", "Write invoices, quotes and cancellations as documents.",
-                                    options, true};
+constexpr CommandSpec exportSpec = {"export", "FILE.json…",
+                                    "Write invoices, quotes and cancellations as documents.", options, true};
 
 /// Tells on the terminal how a batch goes.
 class TerminalReport final : public ExportObserver
@@ -33,8 +34,7 @@ class TerminalReport final : public ExportObserver
 public:
     TerminalReport(std::size_t total, bool quiet)
         : total_(total), quiet_(quiet), showsProgress_(!quiet && total > 1 && ::isatty(STDERR_FILENO) == 1)
-    {
-    }
+    {}
 
     void written(const QString&, const QString& target) override
     {
@@ -43,7 +43,10 @@ public:
         advance();
     }
 
-    void warned(const QString& text) override { line([&] { sayFailure(text); }); }
+    void warned(const QString& text) override
+    {
+        line([&] { sayFailure(text); });
+    }
 
     void failed(const QString& text) override
     {
@@ -101,8 +104,8 @@ std::expected<ExportOrder, QString> orderOf(const CommandArguments& arguments, B
     order.files.assign(positional.begin(), positional.end());
     order.overwrite = arguments.has("force") ? Overwrite::replace : Overwrite::refuse;
     order.target = arguments.has("output") ? arguments.value("output") : QStringLiteral(".");
-    if (arguments.has("format"))
-        order.format = *enumFromRawValue<ExportFormat>(arguments.value("format").toStdString());
+    order.format =
+        enumFromRawValue<ExportFormat>(arguments.value("format").toStdString()).value_or(order.format);
 
     std::expected<Styling, QString> styling = files.defaultStyling();
     if (arguments.has("styling"))

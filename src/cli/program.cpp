@@ -23,8 +23,8 @@ QStringList textsOf(int argc, char** argv)
 
 QString versionText()
 {
-    return QStringLiteral("ledra ") + QString::fromUtf8(shortVersion.data(), static_cast<qsizetype>(shortVersion.size())) +
-           u'\n';
+    return QStringLiteral("ledra ") +
+           QString::fromUtf8(shortVersion.data(), static_cast<qsizetype>(shortVersion.size())) + u'\n';
 }
 
 void addOptions(QCommandLineParser& parser, std::span<const OptionSpec> options)
@@ -33,8 +33,16 @@ void addOptions(QCommandLineParser& parser, std::span<const OptionSpec> options)
         QStringList names = {QString::fromLatin1(option.name)};
         if (*option.shortName != '\0')
             names += QString::fromLatin1(option.shortName);
-        parser.addOption(QCommandLineOption(names, QString::fromUtf8(option.help), QString::fromLatin1(option.value)));
+        parser.addOption(
+            QCommandLineOption(names, QString::fromUtf8(option.help), QString::fromLatin1(option.value)));
     }
+}
+
+/// The libraries' own remarks (that there is no graphics card, say) are of no use to who exports an invoice.
+void showOnlyGraveMessages(QtMsgType type, const QMessageLogContext&, const QString& message)
+{
+    if (type == QtCriticalMsg || type == QtFatalMsg)
+        sayFailure(message);
 }
 
 /// A command that lays out documents needs the whole application object; the others start without the engine.
@@ -59,8 +67,9 @@ ExitCode runCommand(Command& command, const QStringList& texts, int argc, char**
         writeOutput(commandHelp(spec));
         return ExitCode::done;
     }
-    // The engine reads the program's arguments; it is shown none of ours.
-    argc = 1;
+    if (!parser.isSet(QStringLiteral("verbose")))
+        qInstallMessageHandler(showOnlyGraveMessages);
+    argc = 1; // the engine reads the program's arguments; it is shown none of ours
     const auto application = makeApplication(spec, argc, argv);
     return command.run(CommandArguments(parser));
 }
@@ -81,8 +90,9 @@ int runProgram(int argc, char** argv)
     }
     const std::unique_ptr<Command> command = findCommand(first);
     if (!command) {
-        sayFailure(first.isEmpty() ? QStringLiteral("no command given (see \"ledra --help\")")
-                                   : QStringLiteral("unknown command \"%1\" (see \"ledra --help\")").arg(first));
+        sayFailure(first.isEmpty()
+                       ? QStringLiteral("no command given (see \"ledra --help\")")
+                       : QStringLiteral("unknown command \"%1\" (see \"ledra --help\")").arg(first));
         return static_cast<int>(ExitCode::wrongUsage);
     }
     texts.removeAt(1);

@@ -15,7 +15,8 @@ constexpr std::array options = {
     OptionSpec{"profile-file", "", "FILE", "A profile.json for what the invoice itself leaves open."},
 };
 
-constexpr CommandSpec showSpec = {"show", "FILE.json", "Show an invoice, a quote or a cancellation.", options, false};
+constexpr CommandSpec showSpec = {"show", "FILE.json", "Show an invoice, a quote or a cancellation.", options,
+                                  false};
 
 } // namespace
 

@@ -69,7 +69,8 @@ QString quantityText(double quantity, Language language)
 QString percentText(double percentage, Language language)
 {
     const Digits digits = trimmedDigitsOf(percentage, language);
-    return withSign(digits, digits.text) + (language == Language::german ? QString(noBreakSpace) : QString()) + u'%';
+    return withSign(digits, digits.text) +
+           (language == Language::german ? QString(noBreakSpace) : QString()) + u'%';
 }
 
 QString dateText(QDate date, Language language)

@@ -7,14 +7,14 @@ namespace ledra {
 
 namespace {
 
-// Only symbols that both shipped fonts carry and that a recipient cannot take for another currency; a Canadian
-// or Australian dollar is therefore printed by its code.
+// Only symbols that both shipped fonts carry and that a recipient cannot take for another currency; a
+// Canadian or Australian dollar is therefore printed by its code.
 constexpr std::array<CurrencyFacts, 27> currencies = {{
-    {"BHD", 3, ""}, {"BIF", 0, ""},  {"CLP", 0, ""},  {"DJF", 0, ""},  {"EUR", 2, "€"}, {"GBP", 2, "£"},
-    {"GNF", 0, ""}, {"IQD", 3, ""},  {"ISK", 0, ""},  {"JOD", 3, ""},  {"JPY", 0, "¥"}, {"KMF", 0, ""},
-    {"KRW", 0, ""}, {"KWD", 3, ""},  {"LYD", 3, ""},  {"OMR", 3, ""},  {"PYG", 0, ""},  {"RWF", 0, ""},
-    {"TND", 3, ""}, {"UGX", 0, ""},  {"USD", 2, "$"}, {"UYI", 0, ""},  {"VND", 0, ""},  {"VUV", 0, ""},
-    {"XAF", 0, ""}, {"XOF", 0, ""},  {"XPF", 0, ""},
+    {"BHD", 3, ""}, {"BIF", 0, ""}, {"CLP", 0, ""},  {"DJF", 0, ""}, {"EUR", 2, "€"}, {"GBP", 2, "£"},
+    {"GNF", 0, ""}, {"IQD", 3, ""}, {"ISK", 0, ""},  {"JOD", 3, ""}, {"JPY", 0, "¥"}, {"KMF", 0, ""},
+    {"KRW", 0, ""}, {"KWD", 3, ""}, {"LYD", 3, ""},  {"OMR", 3, ""}, {"PYG", 0, ""},  {"RWF", 0, ""},
+    {"TND", 3, ""}, {"UGX", 0, ""}, {"USD", 2, "$"}, {"UYI", 0, ""}, {"VND", 0, ""},  {"VUV", 0, ""},
+    {"XAF", 0, ""}, {"XOF", 0, ""}, {"XPF", 0, ""},
 }};
 
 const CurrencyFacts* findCurrency(const QString& code)

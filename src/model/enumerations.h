@@ -64,8 +64,7 @@ inline constexpr std::array enumTexts<VATExemptionReason> = {
     EnumText{VATExemptionReason::medicalServices, "medicalServices", "VAT Exemption Medical Services"},
     EnumText{VATExemptionReason::insuranceFinancial, "insuranceFinancial",
              "VAT Exemption Insurance Financial"},
-    EnumText{VATExemptionReason::residentialRental, "residentialRental",
-             "VAT Exemption Residential Rental"},
+    EnumText{VATExemptionReason::residentialRental, "residentialRental", "VAT Exemption Residential Rental"},
 };
 
 template <>

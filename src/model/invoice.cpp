@@ -51,7 +51,8 @@ std::vector<VATAmount> Invoice::vatAmounts() const
 {
     std::vector<VATAmount> amounts;
     for (const Item& item : items) {
-        if (item.vatPercentage > 0 && std::ranges::find(amounts, item.vatPercentage, &VATAmount::rate) == amounts.end())
+        if (item.vatPercentage > 0 &&
+            std::ranges::find(amounts, item.vatPercentage, &VATAmount::rate) == amounts.end())
             amounts.push_back({item.vatPercentage, 0});
     }
     std::ranges::sort(amounts, {}, &VATAmount::rate);

@@ -28,8 +28,9 @@ double roundedToCents(double amount);
 
 /// An invoice, a quote or a cancellation, with snapshots of its recipient and its sender.
 ///
-/// A value: two invoices are equal when all stored fields are. Stores share it as an InvoiceRecord, which adds
-/// identity and observation. Money and quantities are doubles; amounts are computed here and nowhere else.
+/// A value: two invoices are equal when all stored fields are. Stores share it as an InvoiceRecord, which
+/// adds identity and observation. Money and quantities are doubles; amounts are computed here and nowhere
+/// else.
 struct Invoice
 {
     /// One line of the document.

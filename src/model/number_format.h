@@ -61,8 +61,8 @@ using NumberFormatSegment = std::variant<QString, NumberFormatChip>;
 /// Splits a format such as "RE-{YYYY}-{NNN}". Braces that hold no chip, or that never close, stay literal.
 std::vector<NumberFormatSegment> parseNumberFormat(QStringView format);
 
-/// Writes segments back. A number chip is written with as many N as its length, so the text of a parsed format
-/// is its canonical form.
+/// Writes segments back. A number chip is written with as many N as its length, so the text of a parsed
+/// format is its canonical form.
 QString numberFormatText(std::span<const NumberFormatSegment> segments);
 QString canonicalNumberFormat(QStringView format);
 

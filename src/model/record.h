@@ -11,8 +11,8 @@
 
 namespace ledra {
 
-/// The stored fields of a record type as pointers to members, in declared order. Specialised beside each record
-/// as a constexpr std::tuple; observation compares and names fields by it.
+/// The stored fields of a record type as pointers to members, in declared order. Specialised beside each
+/// record as a constexpr std::tuple; observation compares and names fields by it.
 template <class T>
 inline constexpr std::nullptr_t recordFields = nullptr;
 
@@ -67,9 +67,9 @@ using Observation = std::shared_ptr<void>;
 
 /// A record with identity: one shared instance of a value type T that screens look at and its store edits.
 ///
-/// The value is read through `->` and `*` and changed only by edit(). After an edit every observer is told once,
-/// with the set of fields whose value really differs; an edit that changes nothing tells nobody. A record that
-/// nobody observes carries one empty pointer and copies nothing.
+/// The value is read through `->` and `*` and changed only by edit(). After an edit every observer is told
+/// once, with the set of fields whose value really differs; an edit that changes nothing tells nobody. A
+/// record that nobody observes carries one empty pointer and copies nothing.
 template <class T>
 class Record
 {
@@ -128,7 +128,8 @@ private:
         }
         if (!observers_) // an edit made by an observer has cleaned up already
             return;
-        std::erase_if(*observers_, [](const std::weak_ptr<Observer>& observer) { return observer.expired(); });
+        std::erase_if(*observers_,
+                      [](const std::weak_ptr<Observer>& observer) { return observer.expired(); });
         if (observers_->empty())
             observers_.reset();
     }

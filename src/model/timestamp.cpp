@@ -9,8 +9,8 @@ namespace ledra {
 namespace {
 
 constexpr qint64 referenceUnixSeconds = 978307200; // 2001-01-01T00:00:00Z
-constexpr double firstYearStart = -63113904000.0;   // 0001-01-01T00:00:00Z
-constexpr double lastYearEnd = 252423993600.0;      // 10000-01-01T00:00:00Z
+constexpr double firstYearStart = -63113904000.0;  // 0001-01-01T00:00:00Z
+constexpr double lastYearEnd = 252423993600.0;     // 10000-01-01T00:00:00Z
 
 } // namespace
 

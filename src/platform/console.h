@@ -4,9 +4,9 @@
 
 namespace ledra {
 
-/// Where the fixed texts of failures and progress go. In a window both kinds go to standard output; in a command
-/// failures go to standard error and informational lines only appear on request, so that the command's own
-/// output stays clean.
+/// Where the fixed texts of failures and progress go. In a window both kinds go to standard output; in a
+/// command failures go to standard error and informational lines only appear on request, so that the
+/// command's own output stays clean.
 class Console
 {
 public:

@@ -24,7 +24,8 @@ std::expected<QByteArray, FileError> readFile(const QString& path, qint64 limit)
     return content;
 }
 
-std::expected<void, FileError> writeExport(const QString& path, const QByteArray& content, Overwrite overwrite)
+std::expected<void, FileError> writeExport(const QString& path, const QByteArray& content,
+                                           Overwrite overwrite)
 {
     if (overwrite == Overwrite::refuse && QFileInfo::exists(path))
         return std::unexpected(FileError{path, QStringLiteral("exists already (--force overwrites it)")});

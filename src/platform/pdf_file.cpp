@@ -42,14 +42,15 @@ void setPaper(QPDFObjectHandle page, QSize paper)
 {
     for (const char* box : {"/CropBox", "/BleedBox", "/TrimBox", "/ArtBox", "/UserUnit", "/Rotate"})
         page.removeKey(box);
-    page.replaceKey("/MediaBox",
-                    QPDFObjectHandle::newArray(QPDFObjectHandle::Rectangle(0, 0, paper.width(), paper.height())));
+    page.replaceKey("/MediaBox", QPDFObjectHandle::newArray(
+                                     QPDFObjectHandle::Rectangle(0, 0, paper.width(), paper.height())));
 }
 
 QPDFObjectHandle emptyAppearance(QPDF& pdf)
 {
     QPDFObjectHandle form = QPDFObjectHandle::newStream(&pdf, "");
-    form.replaceDict(QPDFObjectHandle::parse("<< /Type /XObject /Subtype /Form /BBox [0 0 1 1] /Resources << >> >>"));
+    form.replaceDict(
+        QPDFObjectHandle::parse("<< /Type /XObject /Subtype /Form /BBox [0 0 1 1] /Resources << >> >>"));
     return form;
 }
 
@@ -66,7 +67,8 @@ std::expected<PdfFile, PdfError> PdfFile::open(const QByteArray& content)
         auto document = std::make_unique<Document>();
         document->sources.push_back(content);
         document->pdf.setSuppressWarnings(true);
-        document->pdf.processMemoryFile("document", content.constData(), static_cast<std::size_t>(content.size()));
+        document->pdf.processMemoryFile("document", content.constData(),
+                                        static_cast<std::size_t>(content.size()));
         return PdfFile(std::move(document));
     } catch (const std::exception& thrown) {
         return std::unexpected(failure(thrown));
@@ -109,7 +111,8 @@ int PdfFile::pageCount() const
 
 QSizeF PdfFile::pageSize(int page) const
 {
-    const auto box = pagesOf(document_->pdf).at(static_cast<std::size_t>(page)).getAttribute("/MediaBox", false);
+    const auto box =
+        pagesOf(document_->pdf).at(static_cast<std::size_t>(page)).getAttribute("/MediaBox", false);
     const auto side = [&](int index) { return QPDFObjectHandle(box).getArrayItem(index).getNumericValue(); };
     return {side(2) - side(0), side(3) - side(1)};
 }

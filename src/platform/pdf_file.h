@@ -51,15 +51,15 @@ public:
 
     void setInformation(const QString& title, const QString& creator);
 
-    /// Adds a text annotation of one point at the page's corner. Its appearance stream is empty, so that no viewer
-    /// draws an icon (and ISO 19005-3 6.3.3 holds).
+    /// Adds a text annotation of one point at the page's corner. Its appearance stream is empty, so that no
+    /// viewer draws an icon (and ISO 19005-3 6.3.3 holds).
     void addHiddenAnnotation(const HiddenAnnotation& annotation);
 
     /// The contents of the first page's annotation with that author.
     std::optional<QString> annotationContents(const QString& author) const;
 
-    /// The document's bytes, written in the classical form (cross-reference table, no object streams, PDF 1.7) to
-    /// which incremental updates can be appended.
+    /// The document's bytes, written in the classical form (cross-reference table, no object streams,
+    /// PDF 1.7) to which incremental updates can be appended.
     [[nodiscard]] std::expected<QByteArray, PdfError> bytes() const;
 
 private:

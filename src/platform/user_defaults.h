@@ -5,7 +5,8 @@
 
 namespace ledra {
 
-/// The application-wide settings: one INI file, `$XDG_CONFIG_HOME/Ledra/Ledra.conf`, with the keys as documented.
+/// The application-wide settings: one INI file, `$XDG_CONFIG_HOME/Ledra/Ledra.conf`, with the keys as
+/// documented.
 class UserDefaults
 {
 public:

@@ -57,8 +57,9 @@ void DocumentPaginator::startNext()
     }
     const QString script = measuringScript(document.blockSelectors(), document.headerSelector(),
                                            pageGeometry(document.pageFormat()).height);
-    engine_.measure(html, document.pageFormat(), script,
-                    [this, key](const std::expected<QString, WebEngineError>& answer) { measured(key, answer); });
+    engine_.measure(
+        html, document.pageFormat(), script,
+        [this, key](const std::expected<QString, WebEngineError>& answer) { measured(key, answer); });
 }
 
 void DocumentPaginator::measured(const CacheKey& key, const std::expected<QString, WebEngineError>& answer)

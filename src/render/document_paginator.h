@@ -24,9 +24,9 @@ struct PaginationResult
 /// Lays documents out on pages: measures the whole document once, breaks it between its blocks and asks the
 /// document for the HTML of each page. Jobs run one at a time in the order in which they came.
 ///
-/// Results are kept under the document's cache key and a hash of its measuring HTML. The second covers what the key
-/// leaves out (labels, displayed number, logo, the number of a cancelled invoice, fonts), so that a kept result is
-/// never stale.
+/// Results are kept under the document's cache key and a hash of its measuring HTML. The second covers what
+/// the key leaves out (labels, displayed number, logo, the number of a cancelled invoice, fonts), so that a
+/// kept result is never stale.
 class DocumentPaginator : public QObject
 {
     Q_OBJECT

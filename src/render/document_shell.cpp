@@ -24,7 +24,8 @@ QString contentSecurityPolicy()
 
 QString positionClass(PagePosition position)
 {
-    constexpr std::array<QStringView, 4> names = {u"page-single", u"page-first", u"page-middle", u"page-last"};
+    constexpr std::array<QStringView, 4> names = {u"page-single", u"page-first", u"page-middle",
+                                                  u"page-last"};
     return names.at(static_cast<std::size_t>(position)).toString();
 }
 
@@ -98,9 +99,10 @@ void addSender(TemplateValues& values, const Invoice& invoice, const Styling& st
     values.insert(QStringLiteral("address-block"), addressBlock(invoice, language));
     values.insert(QStringLiteral("banking-label"),
                   hasBank ? documentLabel(QStringLiteral("Bank Details"), language) : QString());
-    values.insert(QStringLiteral("iban"), wrapped(QStringLiteral("<dd>%1</dd>"), ibanText(invoice.senderIban)));
-    values.insert(QStringLiteral("bic"), wrapped(QStringLiteral("<dd><span class=\"label\">BIC</span> %1</dd>"),
-                                                 invoice.senderBic));
+    values.insert(QStringLiteral("iban"),
+                  wrapped(QStringLiteral("<dd>%1</dd>"), ibanText(invoice.senderIban)));
+    values.insert(QStringLiteral("bic"),
+                  wrapped(QStringLiteral("<dd><span class=\"label\">BIC</span> %1</dd>"), invoice.senderBic));
     values.insert(QStringLiteral("tax-label"),
                   hasTax ? documentLabel(QStringLiteral("Tax Number"), language) : QString());
     values.insert(QStringLiteral("tax-number"), htmlEscaped(invoice.senderTaxNumber));
@@ -130,8 +132,8 @@ DocumentShell::DocumentShell(const Invoice& invoice, const Styling& styling, Col
         return;
     }
     shell_ = *shell;
-    const QString logo = logoMarkup(styling.logo, styling.marginalColumn ? LogoAnchor::bottomLeft
-                                                                         : LogoAnchor::bottomRight);
+    const QString logo =
+        logoMarkup(styling.logo, styling.marginalColumn ? LogoAnchor::bottomLeft : LogoAnchor::bottomRight);
     hasLogo_ = !logo.isEmpty();
     if (styling.marginalColumn)
         frame_.stateClasses += QStringLiteral("has-sidebar");
@@ -147,7 +149,8 @@ DocumentShell::DocumentShell(const Invoice& invoice, const Styling& styling, Col
     values_.insert(QStringLiteral("language"), QString::fromLatin1(rawValue(frame_.language).data()));
     values_.insert(QStringLiteral("title"), htmlEscaped(frame_.title));
     values_.insert(QStringLiteral("logo"), logo);
-    values_.insert(QStringLiteral("page-headline"), styling.pageHeadline ? htmlEscaped(frame_.headline) : QString());
+    values_.insert(QStringLiteral("page-headline"),
+                   styling.pageHeadline ? htmlEscaped(frame_.headline) : QString());
     values_.insert(QStringLiteral("payment-period"), frame_.paymentPeriod);
     values_.insert(QStringLiteral("vat-exemption-annotation"), htmlEscaped(frame_.exemption));
 }

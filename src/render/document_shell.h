@@ -34,8 +34,8 @@ struct LetterPage
 class DocumentShell
 {
 public:
-    DocumentShell(const Invoice& invoice, const Styling& styling, ColorScheme scheme, const WebFontManager& fonts,
-                  LetterFrame frame);
+    DocumentShell(const Invoice& invoice, const Styling& styling, ColorScheme scheme,
+                  const WebFontManager& fonts, LetterFrame frame);
 
     QString page(const LetterPage& page) const;
 

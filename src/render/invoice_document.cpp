@@ -17,8 +17,8 @@ namespace ledra {
 
 namespace {
 
-constexpr int fullTable = 11;           // rows up to which a short table is padded
-constexpr double emptyRowHeight = 0.8;  // rem
+constexpr int fullTable = 11;          // rows up to which a short table is padded
+constexpr double emptyRowHeight = 0.8; // rem
 constexpr auto encodingFailed = "encoding failed";
 
 /// The words for a type of document.
@@ -52,12 +52,12 @@ InvoiceDocument::InvoiceDocument(Invoice invoice, DocumentSetting setting, const
       language_(invoice_.language.value_or(setting_.profile.language)),
       noteLines_(invoice_.note.isEmpty() ? QStringList() : textLines(invoice_.note)),
       number_(displayedNumber(invoice_, setting_.profile)),
-      title_(documentLabel(QString::fromLatin1(labelsOf(invoice_.type).headline), language_) + u' ' + number_),
+      title_(documentLabel(QString::fromLatin1(labelsOf(invoice_.type).headline), language_) + u' ' +
+             number_),
       table_(invoice_, language_),
       contentValues_(contentValues()),
       shell_(invoice_, setting_.styling, setting_.colorScheme, fonts, frame())
-{
-}
+{}
 
 LetterFrame InvoiceDocument::frame() const
 {
@@ -77,14 +77,17 @@ QString InvoiceDocument::paymentPeriod() const
 {
     const QString due = dateText(invoice_.dueDate().date(), language_);
     const bool isQuote = invoice_.type == InvoiceType::quote;
-    const QString heading = documentLabel(isQuote ? QStringLiteral("Valid Until") : QStringLiteral("Payable By"), language_);
-    QString html = QStringLiteral("<h2>%1</h2><p class=\"due\">%2</p>").arg(htmlEscaped(heading), htmlEscaped(due));
+    const QString heading =
+        documentLabel(isQuote ? QStringLiteral("Valid Until") : QStringLiteral("Payable By"), language_);
+    QString html =
+        QStringLiteral("<h2>%1</h2><p class=\"due\">%2</p>").arg(htmlEscaped(heading), htmlEscaped(due));
     if (isQuote)
         return html;
     const QString key = invoice_.daysToPay > 1    ? QStringLiteral("Payment Period Notice")
                         : invoice_.daysToPay == 1 ? QStringLiteral("Payment Tomorrow Notice")
                                                   : QStringLiteral("Payment Immediately Notice");
-    const QString notice = documentLabel(key, language_, {{QStringLiteral("days"), QString::number(invoice_.daysToPay)}});
+    const QString notice =
+        documentLabel(key, language_, {{QStringLiteral("days"), QString::number(invoice_.daysToPay)}});
     return html + QStringLiteral("<p>%1</p>").arg(htmlEscaped(notice));
 }
 
@@ -119,7 +122,8 @@ TemplateValues InvoiceDocument::contentValues() const
 {
     TemplateValues values;
     values.insert(QStringLiteral("number-row"), metaRow(labelsOf(invoice_.type).number, number_));
-    values.insert(QStringLiteral("date-label"), htmlEscaped(documentLabel(QStringLiteral("Date"), language_)));
+    values.insert(QStringLiteral("date-label"),
+                  htmlEscaped(documentLabel(QStringLiteral("Date"), language_)));
     values.insert(QStringLiteral("date"), htmlEscaped(dateText(invoice_.date.localDate(), language_)));
     values.insert(QStringLiteral("service-date"), serviceDateRow());
     if (invoice_.type == InvoiceType::cancellation)
@@ -194,9 +198,10 @@ double InvoiceDocument::continuationOffset(double rem) const
     return hasLogoOnTop ? rem * (styling.logoSize + 1) : 0;
 }
 
-/// Only a document of one page is padded: on a longer one the table is full anyway, and the space below the last
-/// rows shows where the document ends.
-int InvoiceDocument::emptyRowCount(PagePosition position, int itemRows, double remainingSpace, double rem) const
+/// Only a document of one page is padded: on a longer one the table is full anyway, and the space below the
+/// last rows shows where the document ends.
+int InvoiceDocument::emptyRowCount(PagePosition position, int itemRows, double remainingSpace,
+                                   double rem) const
 {
     if (!setting_.styling.emptyItemRows || position != PagePosition::single || rem <= 0)
         return 0;
@@ -204,8 +209,8 @@ int InvoiceDocument::emptyRowCount(PagePosition position, int itemRows, double r
     return static_cast<int>(std::min<double>(std::max(0, fullTable - itemRows), std::max(0.0, fitting)));
 }
 
-QString InvoiceDocument::pageHtml(PagePosition position, const std::vector<int>& blocks, double remainingSpace,
-                                  double rem) const
+QString InvoiceDocument::pageHtml(PagePosition position, const std::vector<int>& blocks,
+                                  double remainingSpace, double rem) const
 {
     const auto itemRows =
         static_cast<int>(std::ranges::count_if(blocks, [this](int block) { return block < itemCount(); }));

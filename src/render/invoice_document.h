@@ -24,8 +24,8 @@ struct DocumentSetting
     InvoiceLookup invoices = [](const QUuid&) { return std::nullopt; };
 };
 
-/// The HTML of an invoice, a quote or a cancellation. Its blocks are the rows of the main table's body: a row for
-/// each item, one row for all totals and a row for each line of the note.
+/// The HTML of an invoice, a quote or a cancellation. Its blocks are the rows of the main table's body: a row
+/// for each item, one row for all totals and a row for each line of the note.
 class InvoiceDocument final : public PaginatedDocument
 {
 public:

@@ -27,13 +27,14 @@ QString headCell(const char* name, const QString& label)
 ItemTable::ItemTable(const Invoice& invoice, Language language) : invoice_(invoice), language_(language)
 {
     const std::vector<Invoice::Item>& items = invoice.items;
-    const auto isOnePrice = [](const Invoice::Item& item) { return item.unit == Unit::lumpSum && item.quantity == 1; };
+    const auto isOnePrice = [](const Invoice::Item& item) {
+        return item.unit == Unit::lumpSum && item.quantity == 1;
+    };
     showsQuantity_ = items.empty() || !std::ranges::all_of(items, isOnePrice);
     if (!items.empty()) {
         const Invoice::Item& first = items.front();
-        showsVat_ = std::ranges::any_of(items, [&](const Invoice::Item& item) {
-            return item.vatPercentage != first.vatPercentage;
-        });
+        showsVat_ = std::ranges::any_of(
+            items, [&](const Invoice::Item& item) { return item.vatPercentage != first.vatPercentage; });
         if (std::ranges::all_of(items, [&](const Invoice::Item& item) { return item.unit == first.unit; }))
             commonUnit_ = first.unit;
     }
@@ -57,8 +58,8 @@ QString ItemTable::lineTotal(const Invoice::Item& item) const
 
 bool ItemTable::hasLongText(QString (ItemTable::*text)(const Invoice::Item&) const) const
 {
-    return std::ranges::any_of(invoice_.items,
-                               [&](const Invoice::Item& item) { return (this->*text)(item).size() > longAmount; });
+    return std::ranges::any_of(
+        invoice_.items, [&](const Invoice::Item& item) { return (this->*text)(item).size() > longAmount; });
 }
 
 QStringList ItemTable::stateClasses() const
@@ -94,8 +95,9 @@ QString ItemTable::quantityCell(const Invoice::Item& item) const
     const QString number = htmlEscaped(quantityText(item.quantity, language_));
     if (commonUnit_)
         return cell("quantity", number);
-    return cell("quantity with-unit", QStringLiteral("%1<span class=\"unit\">%2</span>")
-                                          .arg(number, htmlEscaped(unitLabel(item.unit, item.quantity, language_))));
+    return cell("quantity with-unit",
+                QStringLiteral("%1<span class=\"unit\">%2</span>")
+                    .arg(number, htmlEscaped(unitLabel(item.unit, item.quantity, language_))));
 }
 
 QString ItemTable::itemRow(const Invoice::Item& item) const
@@ -113,12 +115,14 @@ QString ItemTable::itemRow(const Invoice::Item& item) const
 
 QString ItemTable::emptyRow() const
 {
-    return QStringLiteral("<tr class=\"empty-row\">%1</tr>\n").arg(QStringLiteral("<td></td>").repeated(columnCount()));
+    return QStringLiteral("<tr class=\"empty-row\">%1</tr>\n")
+        .arg(QStringLiteral("<td></td>").repeated(columnCount()));
 }
 
 QString ItemTable::noteRow(const QString& line) const
 {
-    const QString html = line.trimmed().isEmpty() ? QStringLiteral("&nbsp;") : inlineMarkdown(htmlEscaped(line));
+    const QString html =
+        line.trimmed().isEmpty() ? QStringLiteral("&nbsp;") : inlineMarkdown(htmlEscaped(line));
     return QStringLiteral("<tr class=\"note-row\"><td colspan=\"%1\"><div class=\"note\">"
                           "<div class=\"note-line\">%2</div></div></td></tr>\n")
         .arg(QString::number(columnCount()), html);
@@ -132,7 +136,10 @@ class TotalLines
 public:
     TotalLines(const Invoice& invoice, Language language) : invoice_(invoice), language_(language) {}
 
-    QString amount(double value) const { return htmlEscaped(amountText(value, invoice_.currency, language_)); }
+    QString amount(double value) const
+    {
+        return htmlEscaped(amountText(value, invoice_.currency, language_));
+    }
     QString label(const char* key) const { return documentLabel(QString::fromLatin1(key), language_); }
 
     QString rateLabel(const char* key, double percentage) const
@@ -154,10 +161,9 @@ public:
         if (discount == 0)
             return {};
         const bool isPercentage = invoice_.discountPercentage.value_or(0) > 0;
-        const QString name = isPercentage ? rateLabel("Discount Percentage", *invoice_.discountPercentage)
-                                          : label("Discount");
-        const QString text =
-            discount > 0 ? QStringLiteral("&minus;") + amount(discount) : amount(-discount);
+        const QString name =
+            isPercentage ? rateLabel("Discount Percentage", *invoice_.discountPercentage) : label("Discount");
+        const QString text = discount > 0 ? QStringLiteral("&minus;") + amount(discount) : amount(-discount);
         return line(name, text);
     }
 

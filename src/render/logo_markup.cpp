@@ -3,31 +3,30 @@
 #include "model/html_text.h"
 #include "render/css_text.h"
 
-#include <QSet>
 #include <QXmlStreamReader>
+
+#include <algorithm>
+#include <array>
 
 namespace ledra {
 
 namespace {
 
 /// Elements that draw, group, paint or describe; everything else is left out with all that it holds.
-const QSet<QString>& drawingElements()
+constexpr std::array<QStringView, 36> drawingElements = {
+    u"svg",         u"g",       u"defs",           u"symbol",         u"use",
+    u"switch",      u"title",   u"desc",           u"path",           u"rect",
+    u"circle",      u"ellipse", u"line",           u"polyline",       u"polygon",
+    u"text",        u"tspan",   u"textPath",       u"image",          u"clipPath",
+    u"mask",        u"pattern", u"marker",         u"linearGradient", u"radialGradient",
+    u"stop",        u"style",   u"filter",         u"feBlend",        u"feColorMatrix",
+    u"feComposite", u"feFlood", u"feGaussianBlur", u"feMerge",        u"feMergeNode",
+    u"feOffset",
+};
+
+bool isDrawing(QStringView name)
 {
-    static const QSet<QString> names = {
-        QStringLiteral("svg"),         QStringLiteral("g"),              QStringLiteral("defs"),
-        QStringLiteral("symbol"),      QStringLiteral("use"),            QStringLiteral("title"),
-        QStringLiteral("desc"),        QStringLiteral("path"),           QStringLiteral("rect"),
-        QStringLiteral("circle"),      QStringLiteral("ellipse"),        QStringLiteral("line"),
-        QStringLiteral("polyline"),    QStringLiteral("polygon"),        QStringLiteral("text"),
-        QStringLiteral("tspan"),       QStringLiteral("textPath"),       QStringLiteral("image"),
-        QStringLiteral("clipPath"),    QStringLiteral("mask"),           QStringLiteral("pattern"),
-        QStringLiteral("marker"),      QStringLiteral("linearGradient"), QStringLiteral("radialGradient"),
-        QStringLiteral("stop"),        QStringLiteral("style"),          QStringLiteral("filter"),
-        QStringLiteral("feBlend"),     QStringLiteral("feColorMatrix"),  QStringLiteral("feComposite"),
-        QStringLiteral("feFlood"),     QStringLiteral("feGaussianBlur"), QStringLiteral("feMerge"),
-        QStringLiteral("feMergeNode"), QStringLiteral("feOffset"),       QStringLiteral("switch"),
-    };
-    return names;
+    return std::ranges::find(drawingElements, name) != drawingElements.end();
 }
 
 bool isReference(QStringView name)
@@ -55,7 +54,8 @@ QString attributeText(QStringView name, const QString& value)
     return u' ' + name.toString() + QStringLiteral("=\"") + attributeEscaped(value) + u'"';
 }
 
-/// A drawing that only says how large it is gets a view box of that size, so that it scales instead of being cut.
+/// A drawing that only says how large it is gets a view box of that size, so that it scales instead of being
+/// cut.
 QString viewBoxFor(const QXmlStreamAttributes& attributes)
 {
     if (attributes.hasAttribute(QStringLiteral("viewBox")))
@@ -98,7 +98,7 @@ private:
     void startElement()
     {
         const QString name = reader_.qualifiedName().toString();
-        if (!drawingElements().contains(name)) {
+        if (!isDrawing(name)) {
             reader_.skipCurrentElement();
             return;
         }

@@ -14,8 +14,8 @@ constexpr double absent = std::numeric_limits<double>::quiet_NaN();
 
 bool isComplete(const Geometry& geometry)
 {
-    const auto values = {geometry.rem,     geometry.contentTop,   geometry.contentBottom,
-                         geometry.flowTop, geometry.headerHeight};
+    const auto values = {geometry.rem, geometry.contentTop, geometry.contentBottom, geometry.flowTop,
+                         geometry.headerHeight};
     const auto isMeasured = [](const Block& block) {
         return std::isfinite(block.top) && std::isfinite(block.bottom);
     };
@@ -45,7 +45,8 @@ inline constexpr std::tuple jsonSchema<Geometry> = {
 QString measuringScript(const QStringList& blockSelectors, const std::optional<QString>& headerSelector,
                         double pageHeight)
 {
-    const QString selectors = QStringLiteral("[\"") + blockSelectors.join(QStringLiteral("\",\"")) + QStringLiteral("\"]");
+    const QString selectors =
+        QStringLiteral("[\"") + blockSelectors.join(QStringLiteral("\",\"")) + QStringLiteral("\"]");
     const QString header = headerSelector ? u'"' + *headerSelector + u'"' : QStringLiteral("null");
     return QStringLiteral(R"((function() {
   const selectors = %1;

@@ -31,8 +31,9 @@ PagePosition positionOf(std::size_t page, std::size_t count)
 
 std::vector<PagePlan> breakIntoPages(const Geometry& geometry, double continuationOffset)
 {
-    const double limit = geometry.footerSectionTop ? *geometry.footerSectionTop - distanceToFooter * geometry.rem
-                                                   : geometry.contentBottom;
+    const double limit = geometry.footerSectionTop
+                             ? *geometry.footerSectionTop - distanceToFooter * geometry.rem
+                             : geometry.contentBottom;
     const double continuationTop = geometry.contentTop + continuationOffset + geometry.headerHeight;
 
     std::vector<PagePlan> pages(1);

@@ -16,8 +16,8 @@ using namespace std::chrono_literals;
 constexpr auto timeLimit = 60s; // for one job; a page of three hundred rows takes a second
 constexpr auto settleTime = 500ms;
 
-/// The layout at which the engine prints without scaling. It rounds the width of A4 down, which would shrink the
-/// page; a sheet a little wider keeps the scale, and the PDF gets its exact size when pages are joined.
+/// The layout at which the engine prints without scaling. It rounds the width of A4 down, which would shrink
+/// the page; a sheet a little wider keeps the scale, and the PDF gets its exact size when pages are joined.
 QPageLayout printLayout(PageFormat format)
 {
     const QSizeF sheet = format == PageFormat::usLetter ? QSizeF(612, 792) : QSizeF(600, 842);
@@ -41,7 +41,9 @@ PageSession::~PageSession()
     if (!isUsable_) {
         page_->disconnect();
         page_->setParent(nullptr);
-        static_cast<void>(page_.release()); // see isUsable()
+        // Kept for ever on purpose, see isUsable().
+        // NOLINTNEXTLINE(bugprone-unused-return-value)
+        static_cast<void>(page_.release());
     }
 }
 
@@ -55,9 +57,12 @@ void PageSession::evaluate(const QString& html, const QString& script, Done done
         else
             session->finish(std::unexpected(WebEngineError::scriptFailed));
     };
-    start(html, [this, script, answered] {
-        page_->runJavaScript(script, QWebEngineScript::ApplicationWorld, answered);
-    }, std::move(done));
+    start(
+        html,
+        [this, script, answered] {
+            page_->runJavaScript(script, QWebEngineScript::ApplicationWorld, answered);
+        },
+        std::move(done));
 }
 
 void PageSession::print(const QString& html, PageFormat format, Done done)
@@ -100,7 +105,8 @@ void PageSession::finish(std::expected<QByteArray, WebEngineError> result)
     limit_.stop();
     handler_.withdraw(address_);
     // The answer is delivered from the event loop, so that it may start the session's next job.
-    QTimer::singleShot(0, this, [done = std::exchange(done_, {}), result = std::move(result)] { done(result); });
+    QTimer::singleShot(0, this,
+                       [done = std::exchange(done_, {}), result = std::move(result)] { done(result); });
 }
 
 void PageSession::giveUp(WebEngineError error)

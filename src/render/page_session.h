@@ -12,8 +12,9 @@
 
 namespace ledra {
 
-/// One page of the web engine that does one job at a time: it loads HTML, waits for its fonts and then evaluates
-/// a script or prints. The page is used again for the next job, since a new one costs as much as two prints.
+/// One page of the web engine that does one job at a time: it loads HTML, waits for its fonts and then
+/// evaluates a script or prints. The page is used again for the next job, since a new one costs as much as
+/// two prints.
 class PageSession : public QObject
 {
     Q_OBJECT

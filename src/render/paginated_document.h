@@ -12,8 +12,8 @@
 
 namespace ledra {
 
-/// The remaining space that a document is told when its blocks could not be measured. All its blocks then stand
-/// in one page, which must be let grow over as many sheets as the engine prints.
+/// The remaining space that a document is told when its blocks could not be measured. All its blocks then
+/// stand in one page, which must be let grow over as many sheets as the engine prints.
 inline constexpr double unmeasuredSpace = 1'000'000;
 
 /// Text in a page that the paginator replaces once it knows how many pages there are.

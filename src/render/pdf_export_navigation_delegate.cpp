@@ -6,8 +6,8 @@ namespace ledra {
 
 namespace {
 
-// A promise cannot be waited for from outside the page, but a change of its title is heard. Reading a box forces
-// the layout that asks for the fonts.
+// A promise cannot be waited for from outside the page, but a change of its title is heard. Reading a box
+// forces the layout that asks for the fonts.
 QString fontsReadyScript(const QString& title)
 {
     return QStringLiteral("document.body.offsetHeight;"

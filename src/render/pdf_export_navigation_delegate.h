@@ -10,8 +10,8 @@
 
 namespace ledra {
 
-/// Follows one load of a page until its fonts are in place. One of the two callbacks runs, once; later events of
-/// the page are ignored.
+/// Follows one load of a page until its fonts are in place. One of the two callbacks runs, once; later events
+/// of the page are ignored.
 class PDFExportNavigationDelegate : public QObject
 {
     Q_OBJECT

@@ -22,8 +22,8 @@ public:
 
     PDFRenderer(WebEngine& engine, Console& console) : engine_(engine), console_(console) {}
 
-    /// Prints all pages side by side and joins them in order. A failure is said on the console, and the completion
-    /// then receives nothing.
+    /// Prints all pages side by side and joins them in order. A failure is said on the console, and the
+    /// completion then receives nothing.
     void render(const PaginationResult& document, PageFormat format, Completion completion);
 
 private:

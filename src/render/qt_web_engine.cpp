@@ -6,35 +6,35 @@
 #include <QLoggingCategory>
 #include <QWebEngineSettings>
 
-#include <algorithm>
-
 #include <unistd.h>
+
+#include <algorithm>
 
 namespace ledra {
 
 namespace {
 
-/// Pages in flight side by side. Each waits half a second for its page to settle, so the more there are the less
-/// the wait counts; beyond this many, memory grows and speed does not.
+/// Pages in flight side by side. Each waits half a second for its page to settle, so the more there are the
+/// less the wait counts; beyond this many, memory grows and speed does not.
 constexpr std::size_t mostPrinters = 16;
 
 // The measuring canvas is 4000 points high. The zoom makes one CSS pixel one point wide.
 constexpr double screenPixelsPerPoint = 4.0 / 3.0;
 constexpr int canvasHeight = 5334;
 
-// The engine shows with its new layout code and prints with the old one unless told otherwise; only with the same
-// code for both do blocks stand on paper where they were measured.
+// The engine shows with its new layout code and prints with the old one unless told otherwise; only with the
+// same code for both do blocks stand on paper where they were measured.
 constexpr const char* engineSwitches =
     "--enable-blink-features=LayoutNGPrinting,LayoutNGTableFragmentation,LayoutNGFlexFragmentation,"
     "LayoutNGGridFragmentation --log-level=3";
 
 void configure(QWebEngineSettings& settings)
 {
-    for (const auto attribute : {QWebEngineSettings::JavascriptEnabled, QWebEngineSettings::PluginsEnabled,
-                                 QWebEngineSettings::LocalContentCanAccessRemoteUrls,
-                                 QWebEngineSettings::LocalContentCanAccessFileUrls,
-                                 QWebEngineSettings::LocalStorageEnabled, QWebEngineSettings::ErrorPageEnabled,
-                                 QWebEngineSettings::ShowScrollBars})
+    for (const auto attribute :
+         {QWebEngineSettings::JavascriptEnabled, QWebEngineSettings::PluginsEnabled,
+          QWebEngineSettings::LocalContentCanAccessRemoteUrls,
+          QWebEngineSettings::LocalContentCanAccessFileUrls, QWebEngineSettings::LocalStorageEnabled,
+          QWebEngineSettings::ErrorPageEnabled, QWebEngineSettings::ShowScrollBars})
         settings.setAttribute(attribute, false);
     settings.setAttribute(QWebEngineSettings::PrintElementBackgrounds, true);
 }
@@ -70,8 +70,11 @@ QtWebEngine::~QtWebEngine()
     measuringView_.reset();
     measuring_.reset();
     printers_.clear();
-    if (!allUsable)
-        static_cast<void>(profile_.release()); // a page that could not be deleted still refers to it
+    if (!allUsable) {
+        // A page that could not be deleted still refers to it.
+        // NOLINTNEXTLINE(bugprone-unused-return-value)
+        static_cast<void>(profile_.release());
+    }
 }
 
 std::unique_ptr<QWebEnginePage> QtWebEngine::newPage()
@@ -98,7 +101,8 @@ PageSession& QtWebEngine::measuringSession(PageFormat format)
 void QtWebEngine::measure(const QString& html, PageFormat format, const QString& script, Answered answered)
 {
     measuringSession(format).evaluate(
-        html, script, [answered = std::move(answered)](const std::expected<QByteArray, WebEngineError>& result) {
+        html, script,
+        [answered = std::move(answered)](const std::expected<QByteArray, WebEngineError>& result) {
             if (result)
                 answered(QString::fromUtf8(*result));
             else
@@ -134,11 +138,12 @@ void QtWebEngine::startPrinting()
             return;
         PrintJob job = std::move(waiting_.front());
         waiting_.pop_front();
-        printer->print(job.html, job.format,
-                       [this, printed = std::move(job.printed)](const std::expected<QByteArray, WebEngineError>& pdf) {
-                           startPrinting();
-                           printed(pdf);
-                       });
+        printer->print(
+            job.html, job.format,
+            [this, printed = std::move(job.printed)](const std::expected<QByteArray, WebEngineError>& pdf) {
+                startPrinting();
+                printed(pdf);
+            });
     }
 }
 

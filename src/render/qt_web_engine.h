@@ -17,8 +17,8 @@ namespace ledra {
 class QtWebEngine final : public WebEngine
 {
 public:
-    /// What must be said to the engine before the application object is created: its scheme, its switches and,
-    /// for a program without windows, the platform without a display.
+    /// What must be said to the engine before the application object is created: its scheme, its switches
+    /// and, for a program without windows, the platform without a display.
     static void prepare(bool needsDisplay);
 
     QtWebEngine();

@@ -32,16 +32,31 @@ struct SchemeColors
 SchemeColors colorsOf(ColorScheme scheme)
 {
     if (scheme == ColorScheme::dark)
-        return {QStringLiteral("#161616"), QStringLiteral("#FFFFFF"), 60, 80, LightnessMode::set,
-                0.34, 0.13, 0.26, 0.10};
-    return {QStringLiteral("#FFFFFF"), QStringLiteral("#000000"), 50, 20, LightnessMode::darkenOnly,
-            0.30, 0.09, 0.22, 0.07};
+        return {QStringLiteral("#161616"),
+                QStringLiteral("#FFFFFF"),
+                60,
+                80,
+                LightnessMode::set,
+                0.34,
+                0.13,
+                0.26,
+                0.10};
+    return {QStringLiteral("#FFFFFF"),
+            QStringLiteral("#000000"),
+            50,
+            20,
+            LightnessMode::darkenOnly,
+            0.30,
+            0.09,
+            0.22,
+            0.07};
 }
 
 QString tint(const QString& color, double share, const QString& background)
 {
-    const std::optional<RgbColor> rgb = parseColor(color);
-    return rgb ? u'#' + hexText(mixedColor(*rgb, share, parseColor(background).value())) : color;
+    const std::optional<RgbColor> over = parseColor(color);
+    const std::optional<RgbColor> under = parseColor(background);
+    return over && under ? u'#' + hexText(mixedColor(*over, share, *under)) : color;
 }
 
 void addPage(Substitutions& list, const Styling& styling)
@@ -53,7 +68,8 @@ void addPage(Substitutions& list, const Styling& styling)
     list.emplace_back(QStringLiteral("fold-mark-two"), cssNumber(page.foldMarkTwo));
     // One rem is one centimetre of paper; the paper is measured in whole points.
     const bool letter = styling.pageFormat == PageFormat::usLetter;
-    list.emplace_back(QStringLiteral("root-font-size"), letter ? QStringLiteral("calc(612px / 21.59)") : QStringLiteral("calc(595px / 21)"));
+    list.emplace_back(QStringLiteral("root-font-size"),
+                      letter ? QStringLiteral("calc(612px / 21.59)") : QStringLiteral("calc(595px / 21)"));
 }
 
 void addColors(Substitutions& list, const Styling& styling, const SchemeColors& scheme)
@@ -68,10 +84,14 @@ void addColors(Substitutions& list, const Styling& styling, const SchemeColors& 
     list.emplace_back(QStringLiteral("accent-color"), accent);
     list.emplace_back(QStringLiteral("accent-dark-color"),
                       cssColor(derivedColor(styling.accentColor, scheme.darkLightness, scheme.mode)));
-    list.emplace_back(QStringLiteral("primary-light-color"), tint(primary, scheme.primaryLight, scheme.background));
-    list.emplace_back(QStringLiteral("primary-extralight-color"), tint(primary, scheme.primaryExtralight, scheme.background));
-    list.emplace_back(QStringLiteral("accent-light-color"), tint(accent, scheme.accentLight, scheme.background));
-    list.emplace_back(QStringLiteral("accent-extralight-color"), tint(accent, scheme.accentExtralight, scheme.background));
+    list.emplace_back(QStringLiteral("primary-light-color"),
+                      tint(primary, scheme.primaryLight, scheme.background));
+    list.emplace_back(QStringLiteral("primary-extralight-color"),
+                      tint(primary, scheme.primaryExtralight, scheme.background));
+    list.emplace_back(QStringLiteral("accent-light-color"),
+                      tint(accent, scheme.accentLight, scheme.background));
+    list.emplace_back(QStringLiteral("accent-extralight-color"),
+                      tint(accent, scheme.accentExtralight, scheme.background));
 }
 
 struct NamedSlot
@@ -89,7 +109,8 @@ std::vector<NamedSlot> fontSlots(const Styling& s, const WebFontManager& fonts)
         return fonts.resolve(s.secondaryFont, s.secondaryFontWeight, s.secondaryFontFace, variant);
     };
     return {
-        {"headline", fonts.resolve(s.headlineFont, s.headlineFontWeight, s.headlineFontFace, FontVariant::regular)},
+        {"headline",
+         fonts.resolve(s.headlineFont, s.headlineFontWeight, s.headlineFontFace, FontVariant::regular)},
         {"primary", primary(FontVariant::regular)},
         {"primary-bold", primary(FontVariant::bold)},
         {"primary-italic", primary(FontVariant::italic)},
@@ -191,12 +212,16 @@ void addSnippets(Substitutions& list, const Styling& s)
     list.emplace_back(QStringLiteral("recolor-logo"), when(s.recolorLogo, "fill: var(--primary);"));
     list.emplace_back(QStringLiteral("accent-logo"),
                       when(s.recolorLogo && uses(AccentColorUsage::logo), "--primary: var(--accent);"));
-    list.emplace_back(QStringLiteral("accent-headline"), when(uses(AccentColorUsage::headline), "color: var(--accent);"));
-    list.emplace_back(QStringLiteral("logo-size"), QString::number(s.logoSize, 'f', 1) + QStringLiteral("rem"));
+    list.emplace_back(QStringLiteral("accent-headline"),
+                      when(uses(AccentColorUsage::headline), "color: var(--accent);"));
+    list.emplace_back(QStringLiteral("logo-size"),
+                      QString::number(s.logoSize, 'f', 1) + QStringLiteral("rem"));
     list.emplace_back(QStringLiteral("show-sidebar"), flag(s.marginalColumn));
     list.emplace_back(QStringLiteral("show-footer"), flag(!s.marginalColumn));
-    list.emplace_back(QStringLiteral("background-grid"), when(s.backgroundPattern == BackgroundPattern::dots, dotsPattern));
-    list.emplace_back(QStringLiteral("background-frame"), when(s.backgroundPattern == BackgroundPattern::frame, framePattern));
+    list.emplace_back(QStringLiteral("background-grid"),
+                      when(s.backgroundPattern == BackgroundPattern::dots, dotsPattern));
+    list.emplace_back(QStringLiteral("background-frame"),
+                      when(s.backgroundPattern == BackgroundPattern::frame, framePattern));
 }
 
 } // namespace
@@ -215,7 +240,8 @@ PageGeometry pageGeometry(PageFormat format)
 
 QString makeStyleSheet(const Styling& styling, ColorScheme scheme, const WebFontManager& fonts)
 {
-    return fillStyleSheet(templateText(QStringLiteral("Template.css")).value_or(QString()), styling, scheme, fonts);
+    return fillStyleSheet(templateText(QStringLiteral("Template.css")).value_or(QString()), styling, scheme,
+                          fonts);
 }
 
 QString fillStyleSheet(const QString& sheetTemplate, const Styling& styling, ColorScheme scheme,
@@ -226,7 +252,8 @@ QString fillStyleSheet(const QString& sheetTemplate, const Styling& styling, Col
     addPage(substitutions, styling);
     substitutions.emplace_back(QStringLiteral("font-faces"), fontFaces(slots));
     addColors(substitutions, styling, colorsOf(scheme));
-    substitutions.emplace_back(QStringLiteral("right-margin"), styling.marginalColumn ? QStringLiteral("6rem") : QStringLiteral("1.8rem"));
+    substitutions.emplace_back(QStringLiteral("right-margin"),
+                               styling.marginalColumn ? QStringLiteral("6rem") : QStringLiteral("1.8rem"));
     addFonts(substitutions, slots);
     addSnippets(substitutions, styling);
 

@@ -25,8 +25,8 @@ PageGeometry pageGeometry(PageFormat format);
 /// The style sheet of a document: "Template.css" with its placeholders filled from the styling.
 QString makeStyleSheet(const Styling& styling, ColorScheme scheme, const WebFontManager& fonts);
 
-/// As above, on a template handed in. The placeholders are replaced one after the other, in a fixed order, since
-/// one snippet carries the placeholder of a later one.
+/// As above, on a template handed in. The placeholders are replaced one after the other, in a fixed order,
+/// since one snippet carries the placeholder of a later one.
 QString fillStyleSheet(const QString& sheetTemplate, const Styling& styling, ColorScheme scheme,
                        const WebFontManager& fonts);
 

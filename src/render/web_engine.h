@@ -20,8 +20,8 @@ inline QSize paperSize(PageFormat format)
 enum class WebEngineError { loadFailed, scriptFailed, printFailed, rendererDied, timedOut };
 QString errorText(WebEngineError error);
 
-/// What documents need of a web engine. Both operations answer later, exactly once, on the main thread, and within
-/// a time limit, whatever the page does.
+/// What documents need of a web engine. Both operations answer later, exactly once, on the main thread, and
+/// within a time limit, whatever the page does.
 class WebEngine
 {
 public:
@@ -30,9 +30,10 @@ public:
 
     virtual ~WebEngine() = default;
 
-    /// Lays a page out as wide as the paper, on a canvas 4000 points high, and evaluates a script in it once its
-    /// fonts are there. One such job runs at a time.
-    virtual void measure(const QString& html, PageFormat format, const QString& script, Answered answered) = 0;
+    /// Lays a page out as wide as the paper, on a canvas 4000 points high, and evaluates a script in it once
+    /// its fonts are there. One such job runs at a time.
+    virtual void measure(const QString& html, PageFormat format, const QString& script,
+                         Answered answered) = 0;
 
     /// Prints a page to a PDF of the paper's size. Several jobs run side by side.
     virtual void print(const QString& html, PageFormat format, Printed printed) = 0;

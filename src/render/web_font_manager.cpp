@@ -56,8 +56,8 @@ constexpr std::array<WeightName, 12> weightNames = {{
 
 FontWeight weightIn(const QString& styleName)
 {
-    const auto row =
-        std::ranges::find_if(weightNames, [&](const WeightName& name) { return styleName.contains(name.token); });
+    const auto row = std::ranges::find_if(
+        weightNames, [&](const WeightName& name) { return styleName.contains(name.token); });
     return row == weightNames.end() ? FontWeight::normal : row->weight;
 }
 
@@ -78,9 +78,9 @@ int weightNumber(const QString& cssWeightText)
 
 QString displayNameOf(FontWeight weight, bool italic)
 {
-    constexpr std::array<QStringView, 9> names = {u"Thin",     u"Extra Light", u"Light", u"Regular", u"Medium",
-                                                  u"Semibold", u"Bold",        u"Heavy", u"Black"};
-    const QString name = names.at(static_cast<std::size_t>(weight)).toString();
+    constexpr std::array<QStringView, 9> names = {
+        u"Thin", u"Extra Light", u"Light", u"Regular", u"Medium", u"Semibold", u"Bold", u"Heavy", u"Black"};
+    QString name = names.at(static_cast<std::size_t>(weight)).toString();
     if (!italic)
         return name;
     return weight == FontWeight::normal ? QStringLiteral("Italic") : name + QStringLiteral(" Italic");
@@ -278,7 +278,8 @@ QString WebFontManager::fontFaceRules(const std::vector<FontCut>& cuts)
     QString rules;
     for (const FontCut& cut : cuts) {
         if (cut.bundledPath)
-            rules += QStringLiteral("@font-face {\n    font-family: '%1';\n    src: url('%2') format('woff2');\n}\n")
+            rules += QStringLiteral(
+                         "@font-face {\n    font-family: '%1';\n    src: url('%2') format('woff2');\n}\n")
                          .arg(cut.faceID, *cut.bundledPath);
     }
     return rules;

@@ -86,7 +86,8 @@ public:
     const std::vector<FontCut>* cutsOf(const QString& family) const;
     const FontCut* cut(const QString& faceID) const;
 
-    /// The text that a font picker shows beside a family that is neither shipped nor installed; empty otherwise.
+    /// The text that a font picker shows beside a family that is neither shipped nor installed; empty
+    /// otherwise.
     QString missingFamilyWarning(const QString& family) const;
 
     FontSlot resolve(const QString& family, const QString& weight, const std::optional<QString>& faceID,

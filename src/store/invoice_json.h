@@ -14,6 +14,7 @@ struct NewRecordValues
     QString region; ///< ISO 3166-1 alpha-2
 };
 
+// clang-format off: one line a key
 template <>
 inline constexpr std::tuple jsonSchema<Invoice::Item> = {
     JSONKey{"id", &Invoice::Item::id},
@@ -83,6 +84,7 @@ inline constexpr std::tuple jsonSchema<Invoice> = {
     JSONKey{"note", &Invoice::note},
     JSONKey{"reference", &Invoice::reference},
 };
+// clang-format on
 
 /// Reads an invoice file. Missing keys take their new-record values; a wrong type, an unknown raw value or a
 /// missing nested object makes the file unreadable.

@@ -1,10 +1,13 @@
 #include "store/json_node.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <cmath>
+#include <cstdint>
 #include <cstdlib>
 #include <limits>
+#include <string_view>
 
 namespace ledra {
 
@@ -88,12 +91,25 @@ private:
     {
         constexpr std::string_view hex = "0123456789abcdef";
         switch (byte) {
-        case '"': text_ += "\\\""; return;
-        case '\\': text_ += "\\\\"; return;
-        case '\n': text_ += "\\n"; return;
-        case '\r': text_ += "\\r"; return;
-        case '\t': text_ += "\\t"; return;
-        default: text_ += "\\u00"; text_ += hex[byte >> 4U]; text_ += hex[byte & 15U];
+        case '"':
+            text_ += "\\\"";
+            return;
+        case '\\':
+            text_ += "\\\\";
+            return;
+        case '\n':
+            text_ += "\\n";
+            return;
+        case '\r':
+            text_ += "\\r";
+            return;
+        case '\t':
+            text_ += "\\t";
+            return;
+        default:
+            text_ += "\\u00";
+            text_ += hex[byte >> 4U];
+            text_ += hex[byte & 15U];
         }
     }
 
@@ -157,8 +173,8 @@ void appendPositional(std::string& text, const ShortestDigits& number)
     }
 }
 
-/// Positional from 0.0001 up to the largest number whose neighbours are all whole (2^53, or 2^24 for a float);
-/// beyond that the digits would claim a precision that the number has not.
+/// Positional from 0.0001 up to the largest number whose neighbours are all whole (2^53, or 2^24 for a
+/// float); beyond that the digits would claim a precision that the number has not.
 template <class Float>
 std::string floatingText(Float value)
 {

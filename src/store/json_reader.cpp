@@ -25,19 +25,26 @@ std::unexpected<DecodingError> unexpected(Kind kind, QString detail)
 
 std::unexpected<DecodingError> malformed(simdjson::error_code code)
 {
-    return unexpected(Kind::notJSON,
-                      QStringLiteral("not valid JSON (%1)").arg(QString::fromUtf8(simdjson::error_message(code))));
+    return unexpected(
+        Kind::notJSON,
+        QStringLiteral("not valid JSON (%1)").arg(QString::fromUtf8(simdjson::error_message(code))));
 }
 
 QString nameOf(ondemand::json_type type)
 {
     switch (type) {
-    case ondemand::json_type::array: return QStringLiteral("a list");
-    case ondemand::json_type::object: return QStringLiteral("an object");
-    case ondemand::json_type::number: return QStringLiteral("a number");
-    case ondemand::json_type::string: return QStringLiteral("a text");
-    case ondemand::json_type::boolean: return QStringLiteral("true or false");
-    case ondemand::json_type::null: return QStringLiteral("null");
+    case ondemand::json_type::array:
+        return QStringLiteral("a list");
+    case ondemand::json_type::object:
+        return QStringLiteral("an object");
+    case ondemand::json_type::number:
+        return QStringLiteral("a number");
+    case ondemand::json_type::string:
+        return QStringLiteral("a text");
+    case ondemand::json_type::boolean:
+        return QStringLiteral("true or false");
+    case ondemand::json_type::null:
+        return QStringLiteral("null");
     }
     return {};
 }
@@ -97,8 +104,9 @@ Decoded<QString> JSONValue::text()
         return malformed(error);
     const auto size = static_cast<qsizetype>(utf8.size());
     if (size > longestText)
-        return unexpected(Kind::tooLarge,
-                          QStringLiteral("a text of %1 bytes, at most %2 are read").arg(size).arg(longestText));
+        return unexpected(
+            Kind::tooLarge,
+            QStringLiteral("a text of %1 bytes, at most %2 are read").arg(size).arg(longestText));
     return QString::fromUtf8(utf8.data(), size);
 }
 
@@ -217,7 +225,7 @@ Decoded<void> JSONReader::readDocument(const QByteArray& document, RootVisitor v
     ondemand::value root;
     if (const auto error = parsed.get_value().get(root)) {
         if (error == simdjson::SCALAR_DOCUMENT_AS_VALUE)
-            return unexpected(Kind::wrongType, QStringLiteral("expected an object"));
+            return unexpected(Kind::notJSON, QStringLiteral("not a JSON object"));
         return malformed(error);
     }
     JSONValue value(&root);

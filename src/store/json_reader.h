@@ -14,7 +14,7 @@ namespace ledra {
 /// Limits for files that come from outside: a note of a thousand pages fits, a mistake or an attack does not.
 inline constexpr qsizetype largestRecordFile = qsizetype{64} * 1024 * 1024;
 inline constexpr qsizetype longestText = qsizetype{1024} * 1024; ///< UTF-8 bytes of one text
-inline constexpr std::int64_t mostElements = 10'000;              ///< of one array
+inline constexpr std::int64_t mostElements = 10'000;             ///< of one array
 
 /// Why a document could not be read, and where: the path of keys, such as "recipient.address.city" or
 /// "items.3.unit".
@@ -33,8 +33,8 @@ struct DecodingError
 template <class T>
 using Decoded = std::expected<T, DecodingError>;
 
-/// One value of a JSON document under the reader's cursor. It is strictly typed, read once and in document order;
-/// the only leniency is that 14.0 is taken for an integer.
+/// One value of a JSON document under the reader's cursor. It is strictly typed, read once and in document
+/// order; the only leniency is that 14.0 is taken for an integer.
 class JSONValue
 {
 public:
@@ -50,12 +50,14 @@ public:
     Decoded<bool> boolean();
     bool isText();
 
-    /// Calls visit(key, value) for each member of an object; stops at the first error, whose path gets the key.
+    /// Calls visit(key, value) for each member of an object; stops at the first error, whose path gets the
+    /// key.
     template <class Visit>
     Decoded<void> members(Visit&& visit)
     {
         return visitMembers(MemberVisitor{&visit, [](void* target, std::string_view key, JSONValue& value) {
-                                              return (*static_cast<std::remove_reference_t<Visit>*>(target))(key, value);
+                                              return (*static_cast<std::remove_reference_t<Visit>*>(target))(
+                                                  key, value);
                                           }});
     }
 
@@ -84,8 +86,8 @@ private:
     void* native_;
 };
 
-/// Reads whole documents: bounded size, valid UTF-8, an object at the root and nothing after it. Keeps the parser's
-/// buffers, so one reader serves many documents.
+/// Reads whole documents: bounded size, valid UTF-8, an object at the root and nothing after it. Keeps the
+/// parser's buffers, so one reader serves many documents.
 class JSONReader
 {
 public:
@@ -98,9 +100,10 @@ public:
     template <class Visit>
     Decoded<void> read(const QByteArray& document, Visit&& visit)
     {
-        return readDocument(document, {&visit, [](void* target, JSONValue& root) {
-                                           return (*static_cast<std::remove_reference_t<Visit>*>(target))(root);
-                                       }});
+        return readDocument(document,
+                            {&visit, [](void* target, JSONValue& root) {
+                                 return (*static_cast<std::remove_reference_t<Visit>*>(target))(root);
+                             }});
     }
 
 private:

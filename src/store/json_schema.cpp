@@ -19,8 +19,8 @@ std::unexpected<DecodingError> unknownValue(const QString& text)
 {
     constexpr qsizetype shown = 40;
     const QString excerpt = text.size() > shown ? text.left(shown) + QStringLiteral("…") : text;
-    return std::unexpected(
-        DecodingError{DecodingError::Kind::unknownValue, {}, QStringLiteral("unknown value \"%1\"").arg(excerpt)});
+    return std::unexpected(DecodingError{
+        DecodingError::Kind::unknownValue, {}, QStringLiteral("unknown value \"%1\"").arg(excerpt)});
 }
 
 std::unexpected<DecodingError> missingKey(std::string_view key)
@@ -90,8 +90,8 @@ Decoded<void> decodeInto(Timestamp& field, JSONValue& value)
         field = Timestamp(*seconds);
     }
     if (!field.isInCalendarRange())
-        return std::unexpected(DecodingError{DecodingError::Kind::outOfRange, {},
-                                             QStringLiteral("a date outside the years 1 to 9999")});
+        return std::unexpected(DecodingError{
+            DecodingError::Kind::outOfRange, {}, QStringLiteral("a date outside the years 1 to 9999")});
     return {};
 }
 

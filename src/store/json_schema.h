@@ -15,19 +15,20 @@
 
 namespace ledra {
 
-/// A key of a JSON object and the stored field that it holds. An optional field is written only when present; on
-/// reading, a missing key or null leaves the field as it was.
+/// A key of a JSON object and the stored field that it holds. An optional field is written only when present;
+/// on reading, a missing key or null leaves the field as it was.
 template <class Owner, class Field>
 struct JSONKey
 {
     std::string_view name;
-    Field Owner::*field;
+    Field Owner::* field;
 };
 
 template <class Owner, class Field>
 JSONKey(std::string_view, Field Owner::*) -> JSONKey<Owner, Field>;
 
-/// A nested object whose keys hold fields of the same record. It must be present on reading if it is required.
+/// A nested object whose keys hold fields of the same record. It must be present on reading if it is
+/// required.
 template <class... Entries>
 struct JSONGroup
 {
@@ -48,8 +49,8 @@ constexpr JSONGroup<Entries...> optionalGroup(std::string_view name, Entries... 
     return {name, false, {entries...}};
 }
 
-/// The keys of a record's file in the order in which they are written. Each record specialises this once, as a
-/// std::tuple of JSONKey and JSONGroup; writing and reading both follow it.
+/// The keys of a record's file in the order in which they are written. Each record specialises this once, as
+/// a std::tuple of JSONKey and JSONGroup; writing and reading both follow it.
 template <class T>
 inline constexpr std::nullptr_t jsonSchema = nullptr;
 

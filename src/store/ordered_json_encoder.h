@@ -28,8 +28,8 @@ using CodingPath = std::vector<std::string>;
 
 enum class JSONFormatting { prettyPrinted, sortedKeys, withoutEscapingSlashes };
 
-/// How moments are written: as seconds since 2001-01-01T00:00:00Z, the form of data files, or as ISO 8601 text,
-/// the form inside exported documents.
+/// How moments are written: as seconds since 2001-01-01T00:00:00Z, the form of data files, or as ISO 8601
+/// text, the form inside exported documents.
 enum class DateForm { referenceSeconds, iso8601 };
 
 enum class EncodingError { noValue };
@@ -52,8 +52,7 @@ class JSONEncoderState
 public:
     JSONEncoderState(const EncodingSettings& settings, CodingPath path)
         : settings_(&settings), path_(std::move(path))
-    {
-    }
+    {}
 
     KeyedEncodingContainer keyedContainer();
     UnkeyedEncodingContainer unkeyedContainer();
@@ -107,7 +106,7 @@ JSONNode scalarNode(E value)
 
 /// The node of any value; nothing when the value encoded itself into nothing.
 template <class T>
-std::optional<JSONNode> nodeOf(const T& value, const EncodingSettings& settings, CodingPath path)
+std::optional<JSONNode> nodeOf(const T& value, const EncodingSettings& settings, const CodingPath& path)
 {
     if constexpr (std::same_as<T, Timestamp>) {
         return scalarNode(value, settings.dateForm);
@@ -115,7 +114,7 @@ std::optional<JSONNode> nodeOf(const T& value, const EncodingSettings& settings,
         return scalarNode(value);
     } else {
         static_assert(Encodable<T>, "a value needs a function encode(value, state) beside it");
-        JSONEncoderState state(settings, std::move(path));
+        JSONEncoderState state(settings, path);
         encode(value, state);
         return state.node();
     }
@@ -134,8 +133,7 @@ public:
 protected:
     EncodingContainer(const EncodingSettings& settings, CodingPath path)
         : settings_(&settings), path_(std::move(path))
-    {
-    }
+    {}
 
     CodingPath pathTo(std::string_view key) const;
 
@@ -159,8 +157,7 @@ public:
     KeyedEncodingContainer(const EncodingSettings& settings, CodingPath path,
                            std::shared_ptr<JSONObjectStorage> storage)
         : EncodingContainer(settings, std::move(path)), storage_(std::move(storage))
-    {
-    }
+    {}
 
     template <class T>
     void encode(std::string_view key, const T& value)
@@ -194,8 +191,7 @@ public:
     UnkeyedEncodingContainer(const EncodingSettings& settings, CodingPath path,
                              std::shared_ptr<JSONArrayStorage> storage)
         : EncodingContainer(settings, std::move(path)), storage_(std::move(storage))
-    {
-    }
+    {}
 
     std::size_t count() const { return storage_->items.size(); }
 
@@ -222,8 +218,7 @@ class SingleValueEncodingContainer : public EncodingContainer
 public:
     explicit SingleValueEncodingContainer(JSONEncoderState& state)
         : EncodingContainer(state.settings(), state.codingPath()), state_(&state)
-    {
-    }
+    {}
 
     template <class T>
     void encode(const T& value)

@@ -5,6 +5,7 @@
 
 namespace ledra {
 
+// clang-format off: one line a key
 template <>
 inline constexpr std::tuple jsonSchema<Profile> = {
     JSONKey{"id", &Profile::id},
@@ -59,9 +60,10 @@ inline constexpr std::tuple jsonSchema<LegacyNumbering> = {
     JSONKey{"separator", &LegacyNumbering::separator},
     JSONKey{"numberPrefix", &LegacyNumbering::numberPrefix},
 };
+// clang-format on
 
-/// Reads a "profile.json". Every key is optional; missing ones take the values of a new profile of the region.
-/// The number format comes out in its canonical form, or is built from the keys of the older layout.
+/// Reads a "profile.json". Every key is optional; missing ones take the values of a new profile of the
+/// region. The number format comes out in its canonical form, or is built from the keys of the older layout.
 [[nodiscard]] Decoded<Profile> decodeProfile(const QByteArray& document, const NewRecordValues& values);
 
 } // namespace ledra

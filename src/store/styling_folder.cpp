@@ -36,7 +36,8 @@ QString logoContent(const QString& fileName, const QByteArray& bytes)
     const QString extension = QFileInfo(fileName).suffix().toLower();
     if (extension == u"svg")
         return QString::fromUtf8(bytes);
-    return QStringLiteral("data:%1;base64,%2").arg(imageType(extension), QString::fromLatin1(bytes.toBase64()));
+    return QStringLiteral("data:%1;base64,%2")
+        .arg(imageType(extension), QString::fromLatin1(bytes.toBase64()));
 }
 
 void loadStylingAssets(Styling& styling, const QString& folder, Console& console)

@@ -5,6 +5,7 @@
 
 namespace ledra {
 
+// clang-format off: one line a key
 template <>
 inline constexpr std::tuple jsonSchema<Styling> = {
     JSONKey{"id", &Styling::id},
@@ -35,8 +36,10 @@ inline constexpr std::tuple jsonSchema<Styling> = {
     JSONKey{"logoSize", &Styling::logoSize},
     JSONKey{"recolorLogo", &Styling::recolorLogo},
 };
+// clang-format on
 
-/// Reads a "styling.json". Every key is optional; missing ones take the values of a new styling of the region.
+/// Reads a "styling.json". Every key is optional; missing ones take the values of a new styling of the
+/// region.
 [[nodiscard]] Decoded<Styling> decodeStyling(const QByteArray& document, const NewRecordValues& values);
 
 } // namespace ledra
