@@ -41,10 +41,12 @@ void ExportBatch::startMore()
 
 std::expected<QString, QString> ExportBatch::targetOf(const QString& source)
 {
-    if (order_.target == u"-")
+    if (order_.target == standardStream)
         return order_.target;
     const bool isFolder = QFileInfo(order_.target).isDir();
-    const QString name = QFileInfo(source).completeBaseName() + extensionOf(order_.format);
+    const QString stem =
+        source == standardStream ? QStringLiteral("document") : QFileInfo(source).completeBaseName();
+    const QString name = stem + extensionOf(order_.format);
     QString target = isFolder ? QDir(order_.target).filePath(name) : order_.target;
     const QString absolute = QFileInfo(target).absoluteFilePath();
     if (targets_.contains(absolute))
@@ -61,12 +63,12 @@ void ExportBatch::startOne(const QString& source)
 {
     const std::expected<Invoice, QString> invoice = files_.invoice(source);
     if (!invoice) {
-        fail(invoice.error());
+        fail(source, invoice.error());
         return;
     }
     const std::expected<QString, QString> target = targetOf(source);
     if (!target) {
-        fail(target.error());
+        fail(source, target.error());
         return;
     }
     DocumentSetting setting;
@@ -89,30 +91,31 @@ void ExportBatch::done(const QString& source, const QString& target,
     if (document)
         write(source, target, *document);
     else
-        fail(source + QStringLiteral(": ") + document.error());
+        fail(source, source + QStringLiteral(": ") + document.error());
     startMore();
 }
 
 void ExportBatch::write(const QString& source, const QString& target, const ExportedDocument& document)
 {
-    if (target == u"-") {
+    if (target == standardStream) {
         observer_.content(document.content);
     } else if (const auto written = writeExport(target, document.content, order_.overwrite); !written) {
-        fail(source + QStringLiteral(": ") + written.error().text());
+        fail(source, source + QStringLiteral(": ") + written.error().text());
         return;
     }
     observer_.written(source, target);
     if (!document.isMeasured) {
         ++failures_;
-        observer_.warned(source + QStringLiteral(": the pages could not be measured; check the breaks in ") +
-                         target);
+        observer_.warned(source,
+                         source + QStringLiteral(": the pages could not be measured; check the breaks in ") +
+                             target);
     }
 }
 
-void ExportBatch::fail(const QString& line)
+void ExportBatch::fail(const QString& source, const QString& line)
 {
     ++failures_;
-    observer_.failed(line);
+    observer_.failed(source, line);
 }
 
 } // namespace ledra

@@ -21,14 +21,14 @@ struct ExportOrder
     Styling styling;
 };
 
-/// How a batch tells what happens to its documents.
+/// How a batch tells what happens to its documents. A line is complete: it names the document.
 class ExportObserver
 {
 public:
     virtual ~ExportObserver() = default;
     virtual void written(const QString& source, const QString& target) = 0;
-    virtual void warned(const QString& line) = 0;
-    virtual void failed(const QString& line) = 0;
+    virtual void warned(const QString& source, const QString& line) = 0; ///< beside written()
+    virtual void failed(const QString& source, const QString& line) = 0;
     virtual void content(const QByteArray& bytes) = 0; ///< for the standard output
 };
 
@@ -56,7 +56,7 @@ private:
     void done(const QString& source, const QString& target,
               const std::expected<ExportedDocument, QString>& document);
     void write(const QString& source, const QString& target, const ExportedDocument& document);
-    void fail(const QString& line);
+    void fail(const QString& source, const QString& line);
     std::expected<QString, QString> targetOf(const QString& source);
 
     ExportOrder order_;

@@ -1,6 +1,7 @@
 #include "cli/export_command.h"
 
 #include "app/export_batch.h"
+#include "cli/export_report.h"
 #include "model/region.h"
 #include "render/qt_web_engine.h"
 
@@ -9,8 +10,6 @@
 #include <QFileInfo>
 
 #include <unistd.h>
-
-#include <cstdio>
 
 namespace ledra {
 
@@ -23,60 +22,11 @@ constexpr std::array options = {
     OptionSpec{"styling", "", "FILE", "A styling.json; logo and style sheet beside it are taken too."},
     OptionSpec{"profile-file", "", "FILE", "A profile.json for what the invoices themselves leave open."},
     OptionSpec{"force", "", "", "Overwrite existing files."},
+    OptionSpec{"json", "", "", "Write what happened to each document as a JSON list."},
 };
 
 constexpr CommandSpec exportSpec = {"export", "FILE.json…",
                                     "Write invoices, quotes and cancellations as documents.", options, true};
-
-/// Tells on the terminal how a batch goes.
-class TerminalReport final : public ExportObserver
-{
-public:
-    TerminalReport(std::size_t total, bool quiet)
-        : total_(total), quiet_(quiet), showsProgress_(!quiet && total > 1 && ::isatty(STDERR_FILENO) == 1)
-    {}
-
-    void written(const QString&, const QString& target) override
-    {
-        if (!quiet_ && target != u"-")
-            line([&] { writeOutput(target + u'\n'); });
-        advance();
-    }
-
-    void warned(const QString& text) override
-    {
-        line([&] { sayFailure(text); });
-    }
-
-    void failed(const QString& text) override
-    {
-        line([&] { sayFailure(text); });
-        advance();
-    }
-
-    void content(const QByteArray& bytes) override { writeOutput(bytes); }
-
-private:
-    template <class Write>
-    void line(Write write)
-    {
-        if (showsProgress_)
-            std::fputs("\r\033[K", stderr); // the progress makes room
-        write();
-    }
-
-    void advance()
-    {
-        ++done_;
-        if (showsProgress_ && done_ < total_)
-            std::fprintf(stderr, "\r\033[K%zu of %zu", done_, total_);
-    }
-
-    std::size_t total_;
-    std::size_t done_ = 0;
-    bool quiet_;
-    bool showsProgress_;
-};
 
 /// Makes the folder that several documents go into; says why it cannot.
 std::optional<QString> prepareFolder(const QString& target)
@@ -130,14 +80,17 @@ std::optional<QString> usageProblem(const CommandArguments& arguments)
         return QStringLiteral("no file given");
     if (arguments.has("format") && !enumFromRawValue<ExportFormat>(arguments.value("format").toStdString()))
         return QStringLiteral("unknown format \"%1\"").arg(arguments.value("format"));
-    if (arguments.value("output") == u"-" && count > 1)
+    const bool toStream = arguments.value("output") == standardStream;
+    if (toStream && count > 1)
         return QStringLiteral("only one document can go to the standard output");
+    if (toStream && arguments.has("json"))
+        return QStringLiteral("the standard output cannot take both the document and --json");
     return std::nullopt;
 }
 
-ExitCode runBatch(ExportOrder order, BareFiles& files, Console& console, bool quiet)
+ExitCode runBatch(ExportOrder order, BareFiles& files, Console& console, ReportStyle style)
 {
-    TerminalReport report(order.files.size(), quiet);
+    ExportReport report(order.files.size(), style);
     QtWebEngine engine;
     WebFontManager fonts;
     ExportBatch batch(std::move(order), files, engine, fonts, console, report);
@@ -145,6 +98,7 @@ ExitCode runBatch(ExportOrder order, BareFiles& files, Console& console, bool qu
     QObject::connect(&batch, &ExportBatch::finished, &loop, &QEventLoop::quit);
     batch.start();
     loop.exec();
+    report.finish();
     return batch.hasFailures() ? ExitCode::failed : ExitCode::done;
 }
 
@@ -170,13 +124,16 @@ ExitCode ExportCommand::run(const CommandArguments& arguments)
         sayFailure(order.error());
         return ExitCode::failed;
     }
-    if (order->target != u"-" && namesFolder(order->target, order->files.size())) {
+    if (order->target != standardStream && namesFolder(order->target, order->files.size())) {
         if (const std::optional<QString> problem = prepareFolder(order->target)) {
             sayFailure(*problem);
             return ExitCode::failed;
         }
     }
-    return runBatch(*order, files, console, arguments.has("quiet"));
+    const ReportStyle style = arguments.has("json")    ? ReportStyle::json
+                              : arguments.has("quiet") ? ReportStyle::quiet
+                                                       : ReportStyle::text;
+    return runBatch(*order, files, console, style);
 }
 
 } // namespace ledra

@@ -4,18 +4,34 @@
 #include <QFileInfo>
 #include <QSaveFile>
 
+#include <cstdio>
+#include <optional>
+
 namespace ledra {
+
+namespace {
+
+/// Opens a regular file or the standard input; says why it cannot.
+std::optional<QString> openForReading(QFile& file, const QString& path)
+{
+    const QFileInfo info(path);
+    const bool isStream = path == standardStream;
+    if (!isStream && !info.exists())
+        return QStringLiteral("no such file");
+    if (!isStream && !info.isFile())
+        return QStringLiteral("not a file");
+    file.setFileName(path);
+    const bool opened = isStream ? file.open(stdin, QIODevice::ReadOnly) : file.open(QIODevice::ReadOnly);
+    return opened ? std::nullopt : std::optional(file.errorString());
+}
+
+} // namespace
 
 std::expected<QByteArray, FileError> readFile(const QString& path, qint64 limit)
 {
-    const QFileInfo info(path);
-    if (!info.exists())
-        return std::unexpected(FileError{path, QStringLiteral("no such file")});
-    if (!info.isFile())
-        return std::unexpected(FileError{path, QStringLiteral("not a file")});
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
-        return std::unexpected(FileError{path, file.errorString()});
+    QFile file;
+    if (const std::optional<QString> problem = openForReading(file, path))
+        return std::unexpected(FileError{path, *problem});
     QByteArray content = file.read(limit + 1);
     if (file.error() != QFileDevice::NoError)
         return std::unexpected(FileError{path, file.errorString()});

@@ -17,7 +17,10 @@ struct FileError
     QString text() const { return path + QStringLiteral(": ") + reason; }
 };
 
-/// Reads a whole regular file of at most `limit` bytes.
+/// What stands for the standard input or output where a file is named.
+inline constexpr QStringView standardStream = u"-";
+
+/// Reads a whole regular file, or the standard input, of at most `limit` bytes.
 [[nodiscard]] std::expected<QByteArray, FileError> readFile(const QString& path, qint64 limit);
 
 enum class Overwrite { refuse, replace };
