@@ -3,9 +3,9 @@
 #include "cli/command.h"
 #include "store/json_schema.h"
 
-#include <cstdio>
-
 #include <unistd.h>
+
+#include <cstdio>
 
 namespace ledra {
 
@@ -20,8 +20,7 @@ ExportReport::ExportReport(std::size_t total, ReportStyle style)
     : total_(total),
       style_(style),
       showsProgress_(style != ReportStyle::quiet && total > 1 && ::isatty(STDERR_FILENO) == 1)
-{
-}
+{}
 
 void ExportReport::written(const QString& source, const QString& target)
 {
