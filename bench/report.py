@@ -1,0 +1,67 @@
+#!/usr/bin/python3
+"""Makes the table of ratios: reads lines "name value" from the standard input, and fails if a limit is missed."""
+import sys
+from typing import Callable, NamedTuple
+
+SETTLE = 0.5  # seconds for which every page rests before it is printed
+
+Values = dict[str, float]
+
+
+class Row(NamedTuple):
+    figure: str
+    peer: str
+    own_value: Callable[[Values], float]
+    peer_value: Callable[[Values], float]
+    limit: float
+    unit: str
+    is_difference: bool = False
+
+
+ROWS = [
+    Row("one cold export", "chromium, cold, the same page", lambda v: v["cold_export"],
+        lambda v: v["cold_chromium"], 4 / 3, "s"),
+    Row("one cold export", "bare engine's parts + settling", lambda v: v["cold_export"],
+        lambda v: v["cold_parts"] + SETTLE, 0.2, "s", True),
+    Row("200 documents, each", "WeasyPrint, warm, the same page", lambda v: v["batch_export"] * 1000,
+        lambda v: v["weasyprint"] * 1000, 0.5, "ms"),
+    Row("200 documents, each", "bare engine, load and print", lambda v: v["batch_export"] * 1000,
+        lambda v: v["batch_bare"] * 1000, 2, "ms"),
+    Row("memory at document 500", "at document 50", lambda v: v["pss_500"] / 1024,
+        lambda v: v["pss_50"] / 1024, 1.1, "MB"),
+    Row("10,000 files, write + read", "nlohmann::ordered_json", lambda v: v["json_sum_own"],
+        lambda v: v["json_sum_peer"], 1, "s"),
+]
+
+INFORMATION = [
+    ("writing 10,000 files (s, peer)", ["json_encode_own", "json_encode_peer"]),
+    ("reading 10,000 files (s, peer)", ["json_read_own", "json_read_peer"]),
+    ("bare start, load for measuring, load and print (s)", ["parts_start", "parts_measure", "parts_print"]),
+    ("memory at documents 50, 200, 500 (KB)", ["pss_50", "pss_200", "pss_500"]),
+]
+
+
+def main() -> None:
+    values = {name: float(value) for name, value in (line.split() for line in sys.stdin if line.strip())}
+    missed = 0
+    print(f"{'figure':28}{'':>12}  {'beside':34}{'':>12} {'ratio':>9} {'limit':>8}")
+    for row in ROWS:
+        try:
+            own, peer = row.own_value(values), row.peer_value(values)
+        except KeyError as missing:
+            print(f"{row.figure:28}{'':12}  {row.peer:34} not measured ({missing.args[0]})")
+            continue
+        compared = own - peer if row.is_difference else own / peer
+        sign, unit = ("+", " s") if row.is_difference else ("", "  ")
+        fits = compared <= row.limit
+        missed += not fits
+        print(f"{row.figure:28}{own:9.3f} {row.unit:2}  {row.peer:34}{peer:9.3f} {row.unit:2} "
+              f"{compared:{sign}7.3f}{unit} {row.limit:6.3f}{unit} {'within' if fits else 'MISSED'}")
+    for text, names in INFORMATION:
+        if all(name in values for name in names):
+            print(f"  {text}: " + ", ".join(f"{values[name]:g}" for name in names))
+    sys.exit(1 if missed else 0)
+
+
+if __name__ == "__main__":
+    main()
