@@ -30,8 +30,9 @@ void DocumentSchemeHandler::registerScheme()
 {
     QWebEngineUrlScheme scheme(documentScheme);
     scheme.setSyntax(QWebEngineUrlScheme::Syntax::Host);
-    scheme.setFlags(QWebEngineUrlScheme::SecureScheme | QWebEngineUrlScheme::LocalScheme |
-                    QWebEngineUrlScheme::LocalAccessAllowed | QWebEngineUrlScheme::CorsEnabled);
+    // Not a local scheme: the engine gives each local document an origin of its own, and then every page
+    // would fetch and decode its fonts again instead of taking them over from the page before.
+    scheme.setFlags(QWebEngineUrlScheme::SecureScheme | QWebEngineUrlScheme::CorsEnabled);
     QWebEngineUrlScheme::registerScheme(scheme);
 }
 
