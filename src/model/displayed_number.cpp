@@ -3,6 +3,7 @@
 #include "model/number_format.h"
 
 #include <algorithm>
+#include <limits>
 
 namespace ledra {
 
@@ -43,6 +44,8 @@ std::int64_t nextNumber(std::span<const Invoice* const> invoices, InvoiceType ty
         largest = found ? std::max(largest, invoice->number) : invoice->number;
         found = true;
     }
+    if (largest == std::numeric_limits<std::int64_t>::max())
+        return largest; // there is no next one
     return found ? largest + 1 : 1;
 }
 

@@ -101,10 +101,10 @@ public:
     [[nodiscard]] Observation observe(Observer observer)
     {
         if (!observers_)
-            observers_ = std::make_unique<std::vector<std::weak_ptr<Observer>>>();
-        auto kept = std::make_shared<Observer>(std::move(observer));
-        observers_->push_back(kept);
-        return kept;
+            observers_ = std::make_unique<std::vector<std::weak_ptr<Slot>>>();
+        auto slot = std::make_shared<Slot>(std::move(observer));
+        observers_->push_back(slot);
+        return Observation(slot.get(), [slot](void*) { slot->observed = false; });
     }
 
     /// As above, for one field only.
@@ -118,24 +118,32 @@ public:
     }
 
 private:
+    /// An observer that drops its own observation is running at that time and must outlive its call.
+    struct Slot
+    {
+        explicit Slot(Observer called) : observer(std::move(called)) {}
+
+        Observer observer;
+        bool observed = true;
+    };
+
     void notify(const Changes<T>& changes)
     {
         // A copy, since an observer may add or drop observers.
-        const std::vector<std::weak_ptr<Observer>> current = *observers_;
-        for (const std::weak_ptr<Observer>& observer : current) {
-            if (const std::shared_ptr<Observer> alive = observer.lock())
-                (*alive)(changes);
+        const std::vector<std::weak_ptr<Slot>> current = *observers_;
+        for (const std::weak_ptr<Slot>& slot : current) {
+            if (const std::shared_ptr<Slot> alive = slot.lock(); alive && alive->observed)
+                alive->observer(changes);
         }
         if (!observers_) // an edit made by an observer has cleaned up already
             return;
-        std::erase_if(*observers_,
-                      [](const std::weak_ptr<Observer>& observer) { return observer.expired(); });
+        std::erase_if(*observers_, [](const std::weak_ptr<Slot>& slot) { return slot.expired(); });
         if (observers_->empty())
             observers_.reset();
     }
 
     T value_;
-    std::unique_ptr<std::vector<std::weak_ptr<Observer>>> observers_;
+    std::unique_ptr<std::vector<std::weak_ptr<Slot>>> observers_;
 };
 
 } // namespace ledra

@@ -45,8 +45,12 @@ std::expected<void, FileError> writeExport(const QString& path, const QByteArray
 {
     if (overwrite == Overwrite::refuse && QFileInfo::exists(path))
         return std::unexpected(FileError{path, QStringLiteral("exists already (--force overwrites it)")});
+    if (QFileInfo::exists(path) && !QFileInfo(path).isFile()) // a pipe or a device is not to become a file
+        return std::unexpected(FileError{path, QStringLiteral("not a file")});
     QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size() || !file.commit())
+    // commit() does not look at what becomes of the bytes that are still buffered.
+    if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size() || !file.flush() ||
+        !file.commit())
         return std::unexpected(FileError{path, file.errorString()});
     return {};
 }

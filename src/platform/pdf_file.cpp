@@ -27,6 +27,11 @@ PdfError failure(const std::exception& thrown)
     return {QString::fromUtf8(thrown.what())};
 }
 
+PdfError noPages()
+{
+    return {QStringLiteral("the document has no pages")};
+}
+
 std::string utf8(const QString& text)
 {
     return text.toStdString();
@@ -69,6 +74,8 @@ std::expected<PdfFile, PdfError> PdfFile::open(const QByteArray& content)
         document->pdf.setSuppressWarnings(true);
         document->pdf.processMemoryFile("document", content.constData(),
                                         static_cast<std::size_t>(content.size()));
+        if (pagesOf(document->pdf).empty()) // which also meets a damaged page tree here and not later
+            return std::unexpected(noPages());
         return PdfFile(std::move(document));
     } catch (const std::exception& thrown) {
         return std::unexpected(failure(thrown));
@@ -89,6 +96,8 @@ std::expected<PdfFile, PdfError> PdfFile::join(const std::vector<QByteArray>& pa
             page.processMemoryFile("page", source.constData(), static_cast<std::size_t>(source.size()));
             // Streams are copied at once, since the source goes at the end of this turn.
             page.setImmediateCopyFrom(true);
+            QPDFPageDocumentHelper(page)
+                .pushInheritedAttributesToPage(); // so that setPaper() meets all of them
             for (QPDFPageObjectHelper& sheet : pagesOf(page)) {
                 setPaper(sheet.getObjectHandle(), paper);
                 joined.addPage(sheet, false);
@@ -97,7 +106,7 @@ std::expected<PdfFile, PdfError> PdfFile::join(const std::vector<QByteArray>& pa
             }
         }
         if (pagesOf(document->pdf).empty())
-            return std::unexpected(PdfError{QStringLiteral("the document has no pages")});
+            return std::unexpected(noPages());
         return PdfFile(std::move(document));
     } catch (const std::exception& thrown) {
         return std::unexpected(failure(thrown));
@@ -111,10 +120,12 @@ int PdfFile::pageCount() const
 
 QSizeF PdfFile::pageSize(int page) const
 {
-    const auto box =
+    QPDFObjectHandle box =
         pagesOf(document_->pdf).at(static_cast<std::size_t>(page)).getAttribute("/MediaBox", false);
-    const auto side = [&](int index) { return QPDFObjectHandle(box).getArrayItem(index).getNumericValue(); };
-    return {side(2) - side(0), side(3) - side(1)};
+    if (!box.isRectangle())
+        return {};
+    const QPDFObjectHandle::Rectangle corners = box.getArrayAsRectangle();
+    return {corners.urx - corners.llx, corners.ury - corners.lly};
 }
 
 void PdfFile::setInformation(const QString& title, const QString& creator)

@@ -46,7 +46,7 @@ public:
 
     int pageCount() const;
 
-    /// The MediaBox of a page in points, its corner at the origin.
+    /// The size of a page's MediaBox in points; invalid when the page has none that can be read.
     QSizeF pageSize(int page) const;
 
     void setInformation(const QString& title, const QString& creator);
