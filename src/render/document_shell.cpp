@@ -37,6 +37,22 @@ QString htmlOfLines(QStringList lines)
     return lines.join(QStringLiteral("<br>"));
 }
 
+/// A web address, or a part of one, that may break before its dots.
+QString dottedHtml(const QString& text)
+{
+    return htmlEscaped(text).replace(u'.', QStringLiteral("<wbr>."));
+}
+
+/// An e-mail address that breaks after the "@" first: the domain keeps together while a line can hold it.
+QString emailHtml(const QString& email)
+{
+    const qsizetype domain = email.indexOf(u'@') + 1;
+    if (domain == 0)
+        return dottedHtml(email);
+    return dottedHtml(email.left(domain)) +
+           QStringLiteral("<span class=\"domain\">%1</span>").arg(dottedHtml(email.mid(domain)));
+}
+
 QString recipientHtml(const Invoice& invoice, Language language)
 {
     QStringList lines = recipientAddress(invoice).lines();
@@ -69,9 +85,11 @@ QString addressBlock(const Invoice& invoice, Language language)
     QString who = first.isEmpty() ? QString() : QStringLiteral("<b>%1</b>").arg(htmlEscaped(first));
     if (!where.isEmpty())
         who += (who.isEmpty() ? QString() : QStringLiteral("<br>")) + htmlOfLines(where);
-    const QString reach =
-        htmlOfLines({invoice.senderPhone, invoice.senderEmail, invoice.senderWeb, invoice.senderAdditional});
-    return QStringLiteral("<div class=\"group\">%1</div><div class=\"group\">%2</div>").arg(who, reach);
+    QStringList reach = {htmlEscaped(invoice.senderPhone), emailHtml(invoice.senderEmail),
+                         dottedHtml(invoice.senderWeb), htmlLines(invoice.senderAdditional)};
+    reach.removeAll(QString());
+    return QStringLiteral("<div class=\"group\">%1</div><div class=\"group\">%2</div>")
+        .arg(who, reach.join(QStringLiteral("<br>")));
 }
 
 /// In groups of four, as banks print it.

@@ -69,7 +69,6 @@ LetterFrame InvoiceDocument::frame() const
     frame.runningTitle = title_;
     frame.paymentPeriod = isCancellation ? QString() : paymentPeriod();
     frame.exemption = exemptionText(invoice_.vatExemptionReason, language_);
-    frame.stateClasses = table_.stateClasses();
     return frame;
 }
 
@@ -218,11 +217,12 @@ QString InvoiceDocument::pageHtml(PagePosition position, const std::vector<int>&
     LetterPage page;
     page.position = position;
     page.isUnmeasured = remainingSpace >= unmeasuredSpace;
-    if (itemRows == 0)
+    const int emptyRows = emptyRowCount(position, itemRows, remainingSpace, rem);
+    if (itemRows + emptyRows == 0)
         page.stateClasses += QStringLiteral("no-items");
     if (!hasTotals)
         page.stateClasses += QStringLiteral("no-totals");
-    page.content = content(blocks, emptyRowCount(position, itemRows, remainingSpace, rem));
+    page.content = content(blocks, emptyRows);
     return shell_.page(page);
 }
 

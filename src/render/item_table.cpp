@@ -10,8 +10,6 @@ namespace ledra {
 
 namespace {
 
-constexpr qsizetype longAmount = 11; // characters that fit the ordinary column
-
 QString cell(const char* name, const QString& html)
 {
     return QStringLiteral("<td class=\"%1\">%2</td>").arg(QString::fromLatin1(name), html);
@@ -20,6 +18,27 @@ QString cell(const char* name, const QString& html)
 QString headCell(const char* name, const QString& label)
 {
     return QStringLiteral("<th class=\"%1\">%2</th>").arg(QString::fromLatin1(name), htmlEscaped(label));
+}
+
+/// A heading may break between its words.
+qsizetype longestWord(const QString& heading)
+{
+    qsizetype size = 0;
+    for (const QStringView word : QStringView(heading).split(u' '))
+        size = std::max(size, word.size());
+    return size;
+}
+
+/// The first line names the item; the lines after it, if any, tell more about it.
+QString descriptionHtml(const QString& text)
+{
+    const QString html = htmlLines(text);
+    const QString lineBreak = QStringLiteral("<br>");
+    const qsizetype end = html.indexOf(lineBreak);
+    if (end < 0)
+        return html;
+    const qsizetype detail = end + lineBreak.size();
+    return html.left(detail) + QStringLiteral("<span class=\"detail\">%1</span>").arg(html.mid(detail));
 }
 
 } // namespace
@@ -56,58 +75,83 @@ QString ItemTable::lineTotal(const Invoice::Item& item) const
     return amountText(invoice_.lineNet(item), invoice_.currency, language_);
 }
 
-bool ItemTable::hasLongText(QString (ItemTable::*text)(const Invoice::Item&) const) const
+QString ItemTable::quantity(const Invoice::Item& item) const
 {
-    return std::ranges::any_of(
-        invoice_.items, [&](const Invoice::Item& item) { return (this->*text)(item).size() > longAmount; });
+    return quantityText(item.quantity, language_);
 }
 
-QStringList ItemTable::stateClasses() const
+QString ItemTable::unit(const Invoice::Item& item) const
 {
-    QStringList classes;
-    if (hasLongText(&ItemTable::price))
-        classes += QStringLiteral("wide-prices");
-    if (hasLongText(&ItemTable::lineTotal))
-        classes += QStringLiteral("wide-totals");
-    return classes;
+    return unitLabel(item.unit, item.quantity, language_);
+}
+
+QString ItemTable::vat(const Invoice::Item& item) const
+{
+    return percentText(item.vatPercentage, language_);
+}
+
+qsizetype ItemTable::longest(CellText text) const
+{
+    qsizetype size = 0;
+    for (const Invoice::Item& item : invoice_.items)
+        size = std::max(size, (this->*text)(item).size());
+    return size;
+}
+
+QString ItemTable::column(const char* name, const QString& heading, CellText text) const
+{
+    return QStringLiteral("<col class=\"%1\" style=\"--figures: %2; --letters: %3\">")
+        .arg(QString::fromLatin1(name), QString::number(longest(text)),
+             QString::number(longestWord(heading)));
 }
 
 void ItemTable::addHead(TemplateValues& values) const
 {
     const auto label = [this](const char* key) { return documentLabel(QString::fromLatin1(key), language_); };
     const bool gross = invoice_.grossPrices;
-    QString quantity;
-    if (showsQuantity_)
-        quantity = commonUnit_ ? headCell("quantity", unitLabel(*commonUnit_, 2, language_))
-                               : headCell("quantity with-unit", label("Quantity"));
+    const QString price = label(gross ? "Gross Price" : "Price");
+    QString columns = QStringLiteral("<col class=\"description\">");
     values.insert(QStringLiteral("description-label"), htmlEscaped(label("Description")));
-    values.insert(QStringLiteral("quantity-column"), quantity);
-    values.insert(QStringLiteral("price-label"), htmlEscaped(label(gross ? "Gross Price" : "Price")));
-    values.insert(QStringLiteral("vat-column"), showsVat_ ? headCell("vat", label("VAT")) : QString());
+    const auto addColumn = [&](const char* key, const char* name, const QString& heading, CellText text) {
+        columns += column(name, heading, text);
+        values.insert(QString::fromLatin1(key), headCell(name, heading));
+    };
+    for (const char* key : {"quantity-column", "vat-column", "total-column"})
+        values.insert(QString::fromLatin1(key), QString());
+    if (showsQuantity_ && commonUnit_)
+        addColumn("quantity-column", "quantity", unitLabel(*commonUnit_, 2, language_), &ItemTable::quantity);
+    else if (showsQuantity_)
+        addColumn("quantity-column", "quantity with-unit", label("Quantity"), &ItemTable::quantity);
+    columns += column("price", price, &ItemTable::price);
+    values.insert(QStringLiteral("price-label"), htmlEscaped(price));
+    if (showsVat_)
+        addColumn("vat-column", "vat", label("VAT"), &ItemTable::vat);
     // A line's total is its net; where prices are gross the heading says so.
-    values.insert(QStringLiteral("total-column"),
-                  showsQuantity_ ? headCell("total", label(gross ? "Net Total" : "Total")) : QString());
+    if (showsQuantity_)
+        addColumn("total-column", "total", label(gross ? "Net Total" : "Total"), &ItemTable::lineTotal);
+    values.insert(QStringLiteral("columns"), columns);
+    values.insert(QStringLiteral("unit-letters"),
+                  QString::number(commonUnit_ ? 0 : longest(&ItemTable::unit)));
     values.insert(QStringLiteral("column-count"), QString::number(columnCount()));
 }
 
 QString ItemTable::quantityCell(const Invoice::Item& item) const
 {
-    const QString number = htmlEscaped(quantityText(item.quantity, language_));
+    const QString number = htmlEscaped(quantity(item));
     if (commonUnit_)
         return cell("quantity", number);
     return cell("quantity with-unit",
-                QStringLiteral("%1<span class=\"unit\">%2</span>")
-                    .arg(number, htmlEscaped(unitLabel(item.unit, item.quantity, language_))));
+                QStringLiteral("%1<span class=\"unit\">%2</span>").arg(number, htmlEscaped(unit(item))));
 }
 
 QString ItemTable::itemRow(const Invoice::Item& item) const
 {
-    QString cells = cell("description", htmlLines(item.item));
+    QString cells = cell("description", descriptionHtml(item.item));
     if (showsQuantity_)
         cells += quantityCell(item);
     cells += cell("price", htmlEscaped(price(item)));
     if (showsVat_)
-        cells += cell("vat", htmlEscaped(percentText(item.vatPercentage, language_)));
+        cells += cell("vat", htmlEscaped(vat(item)));
     if (showsQuantity_)
         cells += cell("total", htmlEscaped(lineTotal(item)));
     return QStringLiteral("<tr class=\"item\">%1</tr>\n").arg(cells);

@@ -19,10 +19,8 @@ public:
     /// Between two and five.
     int columnCount() const;
 
-    /// Body classes that give long amounts the room they need, the same on every page.
-    QStringList stateClasses() const;
-
-    /// The values of the content template that belong to the table's head.
+    /// The values of the content template that belong to the table's columns and head. Columns are as wide as
+    /// the texts of the whole document need, so that they are the same on every page.
     void addHead(TemplateValues& values) const;
 
     QString itemRow(const Invoice::Item& item) const;
@@ -32,10 +30,16 @@ public:
     QString noteRow(const QString& line) const;
 
 private:
+    using CellText = QString (ItemTable::*)(const Invoice::Item&) const;
+
     QString price(const Invoice::Item& item) const;
     QString lineTotal(const Invoice::Item& item) const;
+    QString quantity(const Invoice::Item& item) const;
+    QString unit(const Invoice::Item& item) const;
+    QString vat(const Invoice::Item& item) const;
     QString quantityCell(const Invoice::Item& item) const;
-    bool hasLongText(QString (ItemTable::*text)(const Invoice::Item&) const) const;
+    qsizetype longest(CellText text) const;
+    QString column(const char* name, const QString& heading, CellText text) const;
 
     const Invoice& invoice_;
     Language language_;

@@ -29,9 +29,11 @@ bool isDrawing(QStringView name)
     return std::ranges::find(drawingElements, name) != drawingElements.end();
 }
 
+/// Inline in HTML, attribute names are read without regard to case.
 bool isReference(QStringView name)
 {
-    return name == u"href" || name == u"xlink:href" || name == u"src";
+    const auto is = [name](QStringView other) { return name.compare(other, Qt::CaseInsensitive) == 0; };
+    return is(u"href") || is(u"xlink:href") || is(u"src");
 }
 
 /// Inside the file, or an embedded image.
@@ -44,7 +46,8 @@ bool isHarmlessReference(QStringView value)
 bool isKept(const QXmlStreamAttribute& attribute)
 {
     const QStringView name = attribute.qualifiedName();
-    if (name.startsWith(u"on", Qt::CaseInsensitive) || name == u"preserveAspectRatio")
+    if (name.startsWith(u"on", Qt::CaseInsensitive) ||
+        name.compare(u"preserveAspectRatio", Qt::CaseInsensitive) == 0)
         return false;
     return !isReference(name) || isHarmlessReference(attribute.value());
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <limits>
 #include <optional>
 #include <vector>
 
@@ -8,8 +9,8 @@ namespace ledra {
 /// A block's edges, in CSS pixels below the top of the measured body.
 struct Block
 {
-    double top = 0;
-    double bottom = 0;
+    double top = std::numeric_limits<double>::quiet_NaN();
+    double bottom = std::numeric_limits<double>::quiet_NaN();
 };
 
 /// What the measuring script reads from a document; lengths in CSS pixels.

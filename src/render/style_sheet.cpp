@@ -24,6 +24,7 @@ struct SchemeColors
     LightnessMode mode;
     // Shares of the tints over the background.
     double primaryLight;
+    double primaryFaint;
     double primaryExtralight;
     double accentLight;
     double accentExtralight;
@@ -38,8 +39,9 @@ SchemeColors colorsOf(ColorScheme scheme)
                 80,
                 LightnessMode::set,
                 0.34,
+                0.20,
                 0.13,
-                0.26,
+                0.22,
                 0.10};
     return {QStringLiteral("#FFFFFF"),
             QStringLiteral("#000000"),
@@ -47,9 +49,10 @@ SchemeColors colorsOf(ColorScheme scheme)
             20,
             LightnessMode::darkenOnly,
             0.30,
+            0.18,
             0.09,
-            0.22,
-            0.07};
+            0.16,
+            0.06};
 }
 
 QString tint(const QString& color, double share, const QString& background)
@@ -86,6 +89,8 @@ void addColors(Substitutions& list, const Styling& styling, const SchemeColors& 
                       cssColor(derivedColor(styling.accentColor, scheme.darkLightness, scheme.mode)));
     list.emplace_back(QStringLiteral("primary-light-color"),
                       tint(primary, scheme.primaryLight, scheme.background));
+    list.emplace_back(QStringLiteral("primary-faint-color"),
+                      tint(primary, scheme.primaryFaint, scheme.background));
     list.emplace_back(QStringLiteral("primary-extralight-color"),
                       tint(primary, scheme.primaryExtralight, scheme.background));
     list.emplace_back(QStringLiteral("accent-light-color"),
