@@ -111,8 +111,8 @@ public:
             std::printf("pss_%d %lld\n", count_,
                         static_cast<long long>(bench::proportionalMemory().value_or(0)));
     }
-    void warned(const QString& line) override { failed(line); }
-    void failed(const QString& line) override
+    void warned(const QString& source, const QString& line) override { failed(source, line); }
+    void failed(const QString&, const QString& line) override
     {
         std::fprintf(stderr, "engine_bench: %s\n", line.toUtf8().constData());
         hasFailed_ = true;
