@@ -49,7 +49,8 @@ ItemTable::ItemTable(const Invoice& invoice, Language language) : invoice_(invoi
     const auto isOnePrice = [](const Invoice::Item& item) {
         return item.unit == Unit::lumpSum && item.quantity == 1;
     };
-    showsQuantity_ = items.empty() || !std::ranges::all_of(items, isOnePrice);
+    // Gross prices need a total beside them, which is net.
+    showsQuantity_ = items.empty() || invoice.grossPrices || !std::ranges::all_of(items, isOnePrice);
     if (!items.empty()) {
         const Invoice::Item& first = items.front();
         showsVat_ = std::ranges::any_of(

@@ -38,10 +38,10 @@ PageSession::PageSession(std::unique_ptr<QWebEnginePage> page, DocumentSchemeHan
 
 PageSession::~PageSession()
 {
-    if (!isUsable_) {
+    if (!isDeletable()) {
         page_->disconnect();
         page_->setParent(nullptr);
-        // Kept for ever on purpose, see isUsable().
+        // Kept for ever on purpose, see isDeletable().
         // NOLINTNEXTLINE(bugprone-unused-return-value)
         static_cast<void>(page_.release());
     }
@@ -104,8 +104,9 @@ void PageSession::finish(std::expected<QByteArray, WebEngineError> result)
         return;
     limit_.stop();
     handler_.withdraw(address_);
-    // The answer is delivered from the event loop, so that it may start the session's next job.
-    QTimer::singleShot(0, this,
+    // The answer is delivered from the event loop, so that it may start the session's next job. It is not
+    // bound to the session's own life: a session that gave up may be replaced before.
+    QTimer::singleShot(0, &handler_,
                        [done = std::exchange(done_, {}), result = std::move(result)] { done(result); });
 }
 

@@ -30,9 +30,12 @@ public:
 
     bool isBusy() const { return static_cast<bool>(done_); }
 
-    /// False once a job ran out of time or the render process died: what the page still does is unknown, and
-    /// deleting it while it prints would end the program.
+    /// False once a job ran out of time or the render process died: what the page still does is unknown.
     bool isUsable() const { return isUsable_; }
+
+    /// Deleting a page while it prints ends the program. A session whose page may still do so leaves it
+    /// behind.
+    bool isDeletable() const { return isUsable_ && !isBusy(); }
 
 private:
     void start(const QString& html, std::function<void()> whenReady, Done done);

@@ -52,8 +52,9 @@ void QtWebEngine::prepare(bool needsDisplay)
     qputenv("QTWEBENGINE_CHROMIUM_FLAGS", switches);
     if (!needsDisplay && !qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
-    // It describes at length that it draws without a graphics card, which is what is wanted here.
-    QLoggingCategory::setFilterRules(QStringLiteral("qt.webenginecontext=false"));
+    // It describes at length that it draws without a graphics card, which is what is wanted here, and what
+    // pages were refused, which is for nobody to act on.
+    QLoggingCategory::setFilterRules(QStringLiteral("qt.webenginecontext=false\njs=false"));
 }
 
 QtWebEngine::QtWebEngine() : profile_(std::make_unique<QWebEngineProfile>())
@@ -65,17 +66,21 @@ QtWebEngine::QtWebEngine() : profile_(std::make_unique<QWebEngineProfile>())
 
 QtWebEngine::~QtWebEngine()
 {
-    const auto isUsable = [](const std::unique_ptr<PageSession>& session) { return session->isUsable(); };
-    const bool allUsable =
-        std::ranges::all_of(printers_, isUsable) && (!measuring_ || measuring_->isUsable());
     measuringView_.reset();
-    measuring_.reset();
-    printers_.clear();
-    if (!allUsable) {
+    drop(measuring_);
+    for (std::unique_ptr<PageSession>& printer : printers_)
+        drop(printer);
+    if (hasLostPages_) {
         // A page that could not be deleted still refers to it.
         // NOLINTNEXTLINE(bugprone-unused-return-value)
         static_cast<void>(profile_.release());
     }
+}
+
+void QtWebEngine::drop(std::unique_ptr<PageSession>& session)
+{
+    hasLostPages_ = hasLostPages_ || (session && !session->isDeletable());
+    session.reset();
 }
 
 std::unique_ptr<QWebEnginePage> QtWebEngine::newPage()
@@ -87,15 +92,18 @@ std::unique_ptr<QWebEnginePage> QtWebEngine::newPage()
 
 PageSession& QtWebEngine::measuringSession(PageFormat format)
 {
-    if (!measuring_ || !measuring_->isUsable()) {
+    // A view that is never shown takes its size only once, before its first page is loaded.
+    if (!measuring_ || !measuring_->isUsable() || measuringFormat_ != format) {
+        measuringView_.reset();
+        drop(measuring_);
+        measuringFormat_ = format;
         measuringView_ = std::make_unique<QWebEngineView>();
         auto page = newPage();
         measuringView_->setPage(page.get());
         page->setZoomFactor(screenPixelsPerPoint);
         measuring_ = std::make_unique<PageSession>(std::move(page), handler_);
+        measuringView_->resize(qCeil(paperSize(format).width() * screenPixelsPerPoint), canvasHeight);
     }
-    const int width = qCeil(paperSize(format).width() * screenPixelsPerPoint);
-    measuringView_->resize(width, canvasHeight);
     return *measuring_;
 }
 
@@ -120,8 +128,10 @@ void QtWebEngine::print(const QString& html, PageFormat format, Printed printed)
 PageSession* QtWebEngine::idlePrinter()
 {
     for (std::unique_ptr<PageSession>& printer : printers_) {
-        if (!printer->isUsable())
+        if (!printer->isUsable()) {
+            drop(printer);
             printer = std::make_unique<PageSession>(newPage(), handler_);
+        }
         if (!printer->isBusy())
             return printer.get();
     }

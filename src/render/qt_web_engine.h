@@ -38,6 +38,10 @@ private:
     std::unique_ptr<QWebEnginePage> newPage();
     PageSession& measuringSession(PageFormat format);
     PageSession* idlePrinter();
+
+    /// Deletes a session. A page that it must leave behind keeps the profile.
+    void drop(std::unique_ptr<PageSession>& session);
+
     void startPrinting();
 
     RequestGuard guard_;
@@ -46,8 +50,10 @@ private:
     std::unique_ptr<QWebEngineProfile> profile_;
     std::unique_ptr<PageSession> measuring_;
     std::unique_ptr<QWebEngineView> measuringView_;
+    PageFormat measuringFormat_ = PageFormat::a4;
     std::vector<std::unique_ptr<PageSession>> printers_;
     std::deque<PrintJob> waiting_;
+    bool hasLostPages_ = false;
 };
 
 } // namespace ledra

@@ -45,7 +45,8 @@ void ColorTest::derivation_data()
     QTest::newRow("no digits pass, trimmed") << " #GGGGGG" << 50.0 << set << "GGGGGG";
     QTest::newRow("two hashes pass") << "##123456" << 50.0 << set << "#123456";
     QTest::newRow("sign is no digit") << "+12345" << 50.0 << set << "+12345";
-    QTest::newRow("other digits pass") << QStringLiteral("１２３４５６") << 50.0 << set << QStringLiteral("１２３４５６");
+    QTest::newRow("other digits pass")
+        << QStringLiteral("１２３４５６") << 50.0 << set << QStringLiteral("１２３４５６");
     QTest::newRow("empty") << "" << 50.0 << set << "";
 }
 

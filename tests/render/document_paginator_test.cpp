@@ -63,7 +63,8 @@ struct DescribedDocument final : PaginatedDocument
         QStringList indices;
         for (const int block : blocks)
             indices += QString::number(block);
-        return QStringLiteral("position %1, blocks %2, rest %3, rem %4, page <!--page-number--> of <!--page-count-->")
+        return QStringLiteral(
+                   "position %1, blocks %2, rest %3, rem %4, page <!--page-number--> of <!--page-count-->")
             .arg(static_cast<int>(position))
             .arg(indices.join(u' '))
             .arg(remainingSpace, 0, 'f', 1)
@@ -77,8 +78,9 @@ QString geometryJson(int blocks)
     QStringList list;
     for (int i = 0; i < blocks; ++i)
         list += QStringLiteral("{\"top\":%1,\"bottom\":%2}").arg(50 + 100 * i).arg(150 + 100 * i);
-    return QStringLiteral("{\"rem\":10,\"contentTop\":20,\"contentBottom\":300,\"flowTop\":50,\"blocks\":[%1],"
-                          "\"headerHeight\":7,\"footerSectionTop\":null}")
+    return QStringLiteral(
+               "{\"rem\":10,\"contentTop\":20,\"contentBottom\":300,\"flowTop\":50,\"blocks\":[%1],"
+               "\"headerHeight\":7,\"footerSectionTop\":null}")
         .arg(list.join(u','));
 }
 
@@ -97,10 +99,11 @@ struct Fixture
         int calls = 0;
         bool isEarly = false;
         PaginationResult got;
-        paginator.paginate(std::make_shared<DescribedDocument>(document), [&](const PaginationResult& result) {
-            ++calls;
-            got = result;
-        });
+        paginator.paginate(std::make_shared<DescribedDocument>(document),
+                           [&](const PaginationResult& result) {
+                               ++calls;
+                               got = result;
+                           });
         isEarly |= calls != 0;
         QCoreApplication::processEvents();
         if (!engine.pending.empty()) {
@@ -179,9 +182,12 @@ void DocumentPaginatorTest::failuresFallBackToOnePage_data()
     QTest::newRow("timed out") << Answer(std::unexpected(WebEngineError::timedOut));
     QTest::newRow("garbage") << Answer(QStringLiteral("<html>"));
     QTest::newRow("nothing") << Answer(QString());
-    QTest::newRow("a key is missing") << Answer(geometryJson(3).replace(QStringLiteral("\"rem\":10,"), QString()));
-    QTest::newRow("no number") << Answer(geometryJson(3).replace(QStringLiteral("\"flowTop\":50"), QStringLiteral("\"flowTop\":null")));
-    QTest::newRow("half a block") << Answer(geometryJson(3).replace(QStringLiteral(",\"bottom\":150"), QString()));
+    QTest::newRow("a key is missing")
+        << Answer(geometryJson(3).replace(QStringLiteral("\"rem\":10,"), QString()));
+    QTest::newRow("no number") << Answer(
+        geometryJson(3).replace(QStringLiteral("\"flowTop\":50"), QStringLiteral("\"flowTop\":null")));
+    QTest::newRow("half a block") << Answer(
+        geometryJson(3).replace(QStringLiteral(",\"bottom\":150"), QString()));
     QTest::newRow("a row too few") << Answer(geometryJson(2));
     QTest::newRow("a row too many") << Answer(geometryJson(4));
 }
@@ -193,9 +199,11 @@ void DocumentPaginatorTest::failuresFallBackToOnePage()
     const PaginationResult result = fixture.paginated({}, answer);
     QVERIFY(!result.isMeasured);
     QCOMPARE(result.pages.size(), std::size_t{1});
-    QVERIFY2(result.pages.front().startsWith(QStringLiteral("position 0, blocks 0 1 2, rest 1000000.0, rem 1, ")),
-             qPrintable(result.pages.front()));
-    QCOMPARE(fixture.console.failures, QStringList{QStringLiteral("Pagination measurement failed, falling back to a single page")});
+    QVERIFY2(
+        result.pages.front().startsWith(QStringLiteral("position 0, blocks 0 1 2, rest 1000000.0, rem 1, ")),
+        qPrintable(result.pages.front()));
+    QCOMPARE(fixture.console.failures,
+             QStringList{QStringLiteral("Pagination measurement failed, falling back to a single page")});
 }
 
 void DocumentPaginatorTest::keptResults_data()

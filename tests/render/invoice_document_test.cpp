@@ -91,8 +91,9 @@ QString headCells(const QString& html)
 /// The lines of the totals, "label=amount", the closing one marked with "!".
 QString totalLines(const QString& html)
 {
-    static const QRegularExpression line(QStringLiteral(
-        "<div class=\"line([^\"]*)\"><span class=\"label\">(.*?)</span><span class=\"amount\">(.*?)</span></div>"));
+    static const QRegularExpression line(
+        QStringLiteral("<div class=\"line([^\"]*)\"><span class=\"label\">(.*?)</span><span "
+                       "class=\"amount\">(.*?)</span></div>"));
     QStringList lines;
     for (auto match = line.globalMatch(html); match.hasNext();) {
         const QRegularExpressionMatch found = match.next();
@@ -143,9 +144,12 @@ void InvoiceDocumentTest::labelsFollowTheDocumentsLanguage()
     invoice.language = Language::german;
     const QString html = measuringHtml(invoice);
     QVERIFY(html.contains(QStringLiteral("<html lang=\"de\"")));
-    QCOMPARE(metaRows(html), QStringLiteral("Rechnungsnummer=2026-007;Datum=1 April 2026;Leistungsdatum=1 April 2026"));
-    QCOMPARE(headCells(html), QStringLiteral("description=Beschreibung;quantity=Tage;price=Preis;total=Gesamt"));
-    QCOMPARE(totalLines(html), QStringLiteral("Zwischensumme=2.469,00_€;USt. 19_%=469,11_€;Gesamtbetrag=2.938,11_€!"));
+    QCOMPARE(metaRows(html),
+             QStringLiteral("Rechnungsnummer=2026-007;Datum=1 April 2026;Leistungsdatum=1 April 2026"));
+    QCOMPARE(headCells(html),
+             QStringLiteral("description=Beschreibung;quantity=Tage;price=Preis;total=Gesamt"));
+    QCOMPARE(totalLines(html),
+             QStringLiteral("Zwischensumme=2.469,00_€;USt. 19_%=469,11_€;Gesamtbetrag=2.938,11_€!"));
     QVERIFY(html.contains(QStringLiteral("innerhalb von 14 Tagen")));
 
     // Without a language of its own the profile's applies.
@@ -163,17 +167,21 @@ void InvoiceDocumentTest::metaTable_data()
         QTest::newRow(name) << change << QString::fromUtf8(rows);
     };
     row("invoice", [](Invoice&) {}, "Invoice Number=2026-007;Date=1 April 2026;Service Date=1 April 2026");
-    row("period within a year", [](Invoice& i) { i.serviceDateEnd = test::noon(2026, 5, 31); },
+    row(
+        "period within a year", [](Invoice& i) { i.serviceDateEnd = test::noon(2026, 5, 31); },
         "Invoice Number=2026-007;Date=1 April 2026;Service Period=1 April – 31 May 2026");
-    row("period over new year",
+    row(
+        "period over new year",
         [](Invoice& i) {
             i.serviceDateStart = test::noon(2025, 12, 1);
             i.serviceDateEnd = test::noon(2026, 1, 31);
         },
         "Invoice Number=2026-007;Date=1 April 2026;Service Period=1 December 2025 – 31 January 2026");
-    row("period of one day", [](Invoice& i) { i.serviceDateEnd = i.serviceDateStart; },
+    row(
+        "period of one day", [](Invoice& i) { i.serviceDateEnd = i.serviceDateStart; },
         "Invoice Number=2026-007;Date=1 April 2026;Service Date=1 April 2026");
-    row("cancellation",
+    row(
+        "cancellation",
         [](Invoice& i) {
             i.type = InvoiceType::cancellation;
             i.cancellationPrefix = QStringLiteral("STO-");
@@ -181,28 +189,35 @@ void InvoiceDocumentTest::metaTable_data()
         },
         "Cancellation Invoice Number=STO-2026-007;Date=1 April 2026;Service Date=1 April 2026;"
         "Original Invoice=F-99");
-    row("cancellation of an unknown invoice",
+    row(
+        "cancellation of an unknown invoice",
         [](Invoice& i) {
             i.type = InvoiceType::cancellation;
             i.cancellationPrefix = QString();
             i.cancelledInvoiceId = QUuid::createUuid();
         },
         "Cancellation Invoice Number=2026-007;Date=1 April 2026;Service Date=1 April 2026");
-    row("an invoice that was cancelled names no other",
-        [](Invoice& i) { i.cancelledInvoiceId = QUuid::fromString(QStringLiteral("aaaaaaaa-0000-4000-8000-000000000001")); },
+    row(
+        "an invoice that was cancelled names no other",
+        [](Invoice& i) {
+            i.cancelledInvoiceId = QUuid::fromString(QStringLiteral("aaaaaaaa-0000-4000-8000-000000000001"));
+        },
         "Invoice Number=2026-007;Date=1 April 2026;Service Date=1 April 2026");
-    row("quote",
+    row(
+        "quote",
         [](Invoice& i) {
             i.type = InvoiceType::quote;
             i.quotePrefix = QStringLiteral("Q<");
         },
         "Quote Number=Q&lt;2026-007;Date=1 April 2026;Service Date=1 April 2026");
-    row("from a quote, with a reference",
+    row(
+        "from a quote, with a reference",
         [](Invoice& i) {
             i.quoteId = QUuid::fromString(QStringLiteral("aaaaaaaa-0000-4000-8000-000000000001"));
             i.reference = QStringLiteral("A & B");
         },
-        "Invoice Number=2026-007;Date=1 April 2026;Service Date=1 April 2026;Quote Number=F-99;Reference=A &amp; B");
+        "Invoice Number=2026-007;Date=1 April 2026;Service Date=1 April 2026;Quote Number=F-99;Reference=A "
+        "&amp; B");
 }
 
 void InvoiceDocumentTest::metaTable()
@@ -231,26 +246,37 @@ void InvoiceDocumentTest::columns_data()
     const auto row = [](const char* name, InvoiceChange change, const char* heads, const char* first) {
         QTest::newRow(name) << change << QString::fromUtf8(heads) << QString::fromUtf8(first);
     };
-    row("one unit heads the column", [](Invoice&) {},
-        "description=Description;quantity=Days;price=Price;total=Total", "item: Work | 2 | €100.00 | €200.00");
-    row("mixed units stand with the numbers",
+    row(
+        "one unit heads the column", [](Invoice&) {},
+        "description=Description;quantity=Days;price=Price;total=Total",
+        "item: Work | 2 | €100.00 | €200.00");
+    row(
+        "mixed units stand with the numbers",
         [](Invoice& i) {
             i.items[0].quantity = 1;
             i.items.push_back(sampleItem(QStringLiteral("B"), 2, Unit::hour, 1, 19));
         },
         "description=Description;quantity with-unit=Quantity;price=Price;total=Total",
         "item: Work | 1Day | €100.00 | €100.00");
-    row("rates differ", [](Invoice& i) { i.items.push_back(sampleItem(QStringLiteral("B"), 2, Unit::day, 1, 7)); },
+    row(
+        "rates differ",
+        [](Invoice& i) { i.items.push_back(sampleItem(QStringLiteral("B"), 2, Unit::day, 1, 7)); },
         "description=Description;quantity=Days;price=Price;vat=VAT;total=Total",
         "item: Work | 2 | €100.00 | 19% | €200.00");
-    row("lump sums need no quantity",
+    row(
+        "lump sums need no quantity",
         [](Invoice& i) { i.items = {sampleItem(QStringLiteral("All of it"), 1, Unit::lumpSum, 50, 19)}; },
         "description=Description;price=Price", "item: All of it | €50.00");
-    row("two lump sums of one line do",
+    row(
+        "two lump sums of one line do",
         [](Invoice& i) { i.items = {sampleItem(QStringLiteral("Each"), 2, Unit::lumpSum, 50, 19)}; },
-        "description=Description;quantity=Lump Sums;price=Price;total=Total", "item: Each | 2 | €50.00 | €100.00");
-    row("several lines, markup and a negative price",
-        [](Invoice& i) { i.items = {sampleItem(QStringLiteral("<b>&\r\nmore\n"), 0.25, Unit::day, -1000, 19)}; },
+        "description=Description;quantity=Lump Sums;price=Price;total=Total",
+        "item: Each | 2 | €50.00 | €100.00");
+    row(
+        "several lines, markup and a negative price",
+        [](Invoice& i) {
+            i.items = {sampleItem(QStringLiteral("<b>&\r\nmore\n"), 0.25, Unit::day, -1000, 19)};
+        },
         "description=Description;quantity=Days;price=Price;total=Total",
         "item: &lt;b&gt;&amp;<br>more<br> | 0.25 | −€1,000.00 | −€250.00");
 }
@@ -277,27 +303,35 @@ void InvoiceDocumentTest::totals_data()
         QTest::newRow(name) << change << QString::fromUtf8(lines);
     };
     row("one rate", [](Invoice&) {}, "Subtotal=€200.00;VAT 19%=€38.00;Total with VAT=€238.00!");
-    row("no VAT: the sum is the last word", [](Invoice& i) { i.items[0].vatPercentage = 0; }, "Total=€200.00!");
-    row("a percentage off", [](Invoice& i) { i.discountPercentage = 10; },
+    row(
+        "no VAT: the sum is the last word", [](Invoice& i) { i.items[0].vatPercentage = 0; },
+        "Total=€200.00!");
+    row(
+        "a percentage off", [](Invoice& i) { i.discountPercentage = 10; },
         "Subtotal=€200.00;Discount 10%=&minus;€20.00;VAT 19%=€34.20;Total with VAT=€214.20!");
-    row("an amount off, no VAT",
+    row(
+        "an amount off, no VAT",
         [](Invoice& i) {
             i.discountAmount = 12.5;
             i.items[0].vatPercentage = 0;
         },
         "Subtotal=€200.00;Discount=&minus;€12.50;Total=€187.50!");
-    row("a discount of nothing is none", [](Invoice& i) { i.discountPercentage = i.discountAmount = 0; },
+    row(
+        "a discount of nothing is none", [](Invoice& i) { i.discountPercentage = i.discountAmount = 0; },
         "Subtotal=€200.00;VAT 19%=€38.00;Total with VAT=€238.00!");
-    row("several rates, ascending, and their sum",
+    row(
+        "several rates, ascending, and their sum",
         [](Invoice& i) { i.items.push_back(sampleItem(QStringLiteral("Book"), 1, Unit::piece, 50, 7)); },
         "Subtotal=€250.00;VAT 7%=€3.50;VAT 19%=€38.00;Total VAT=€41.50;Total with VAT=€291.50!");
-    row("a cancellation turns all signs",
+    row(
+        "a cancellation turns all signs",
         [](Invoice& i) {
             i.items[0].unitPrice = -100;
             i.discountPercentage = 10;
         },
         "Subtotal=−€200.00;Discount 10%=€20.00;VAT 19%=−€34.20;Total with VAT=−€214.20!");
-    row("another currency", [](Invoice& i) { i.currency.code = QStringLiteral("CHF"); },
+    row(
+        "another currency", [](Invoice& i) { i.currency.code = QStringLiteral("CHF"); },
         "Subtotal=CHF_200.00;VAT 19%=CHF_38.00;Total with VAT=CHF_238.00!");
     row("no items", [](Invoice& i) { i.items.clear(); }, "Total=€0.00!");
 }
@@ -315,10 +349,11 @@ void InvoiceDocumentTest::userTextStaysText()
     const QString hostile = QStringLiteral("<u>&\"{{number-row}}</style>");
     const QString escaped = QStringLiteral("&lt;u&gt;&amp;\"{{number-row}}&lt;/style&gt;");
     Invoice invoice = oneItem();
-    for (QString* field : {&invoice.name, &invoice.businessName, &invoice.addressLineOne, &invoice.addressCity,
-                           &invoice.senderName, &invoice.senderBusinessName, &invoice.senderPhone, &invoice.senderIban,
-                           &invoice.senderBic, &invoice.senderTaxNumber, &invoice.senderVatNumber,
-                           &invoice.senderAdditionalNumbers, &invoice.marginalNote, &invoice.note, &invoice.numberVariable})
+    for (QString* field :
+         {&invoice.name, &invoice.businessName, &invoice.addressLineOne, &invoice.addressCity,
+          &invoice.senderName, &invoice.senderBusinessName, &invoice.senderPhone, &invoice.senderIban,
+          &invoice.senderBic, &invoice.senderTaxNumber, &invoice.senderVatNumber,
+          &invoice.senderAdditionalNumbers, &invoice.marginalNote, &invoice.note, &invoice.numberVariable})
         *field = hostile;
     invoice.items[0].item = hostile;
     invoice.numberFormat = QStringLiteral("{VARIABLE}");
@@ -431,19 +466,32 @@ void InvoiceDocumentTest::bodyClassesOfTheLayout()
 {
     Styling styling;
     styling.marginalColumn = false;
-    QCOMPARE(bodyClasses(measuringHtml(oneItem(), settingOf(styling))), QStringLiteral("measuring page-single"));
+    QCOMPARE(bodyClasses(measuringHtml(oneItem(), settingOf(styling))),
+             QStringLiteral("measuring page-single"));
     styling.logo = QStringLiteral("<svg viewBox='0 0 1 1'/>");
     QCOMPARE(bodyClasses(measuringHtml(oneItem(), settingOf(styling))),
              QStringLiteral("has-footer-logo measuring page-single"));
     styling.marginalColumn = true;
-    QCOMPARE(bodyClasses(measuringHtml(oneItem(), settingOf(styling))), QStringLiteral("has-sidebar measuring page-single"));
+    QCOMPARE(bodyClasses(measuringHtml(oneItem(), settingOf(styling))),
+             QStringLiteral("has-sidebar measuring page-single"));
+    // Amounts of more than eleven characters widen their columns: "€999,999.00" has eleven.
+    Invoice wide = oneItem(500'000);
+    QCOMPARE(bodyClasses(measuringHtml(wide)),
+             QStringLiteral("has-sidebar measuring page-single wide-totals"));
+    wide.items[0].unitPrice = -500'000;
+    QCOMPARE(bodyClasses(measuringHtml(wide)),
+             QStringLiteral("has-sidebar measuring page-single wide-prices wide-totals"));
+    wide.items[0].unitPrice = 499'999.5;
+    QCOMPARE(bodyClasses(measuringHtml(wide)), QStringLiteral("has-sidebar measuring page-single"));
 }
 
 void InvoiceDocumentTest::continuationOffset()
 {
     Styling styling;
     styling.logoSize = 2.5;
-    const auto offset = [&] { return InvoiceDocument(oneItem(), settingOf(styling), fonts()).continuationOffset(10); };
+    const auto offset = [&] {
+        return InvoiceDocument(oneItem(), settingOf(styling), fonts()).continuationOffset(10);
+    };
     styling.marginalColumn = false;
     QCOMPARE(offset(), 0.0);
     styling.logo = QStringLiteral("<svg viewBox='0 0 1 1'/>");

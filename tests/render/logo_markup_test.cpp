@@ -46,30 +46,39 @@ void LogoMarkupTest::onlyDrawingGetsThrough_data()
     QTest::addColumn<QString>("inside");
     QTest::addColumn<QString>("left"); ///< the elements below the root
     const QString path = QStringLiteral("path d=M0 0h9z");
-    QTest::newRow("drawing") << "<g fill='none'><path d='M0 0h9z'/></g>" << QStringLiteral("g fill=none|") + path;
+    QTest::newRow("drawing") << "<g fill='none'><path d='M0 0h9z'/></g>"
+                             << QStringLiteral("g fill=none|") + path;
     QTest::newRow("script") << "<script>alert(1)</script><path d='M0 0h9z'/>" << path;
     QTest::newRow("script in capitals") << "<SCRIPT>alert(1)</SCRIPT>" << "";
-    QTest::newRow("script with a prefix") << "<x:script xmlns:x='http://www.w3.org/2000/svg'>alert(1)</x:script>" << "";
+    QTest::newRow("script with a prefix")
+        << "<x:script xmlns:x='http://www.w3.org/2000/svg'>alert(1)</x:script>" << "";
     QTest::newRow("foreign content with all it holds")
-        << "<foreignObject><body xmlns='http://www.w3.org/1999/xhtml'><path d='M1 1'/></body></foreignObject>" << "";
+        << "<foreignObject><body xmlns='http://www.w3.org/1999/xhtml'><path d='M1 1'/></body></foreignObject>"
+        << "";
     QTest::newRow("frames, links, animation")
-        << "<iframe src='x'/><a href='http://x/'><path d='M1 1'/></a><animate onbegin='f()'/><set/><handler/>" << "";
+        << "<iframe src='x'/><a href='http://x/'><path d='M1 1'/></a><animate onbegin='f()'/><set/><handler/>"
+        << "";
     QTest::newRow("event handlers") << "<path onload='f()' ONCLICK='f()' d='M0 0h9z' onfocusin=''/>" << path;
-    QTest::newRow("outside reference") << "<use href='http://127.0.0.1/x.svg#a'/><use xlink:href='//x/y'/>" << "use|use";
-    QTest::newRow("a reference in capitals is one to HTML") << "<use HREF='http://x/'/><use Xlink:Href='http://x/'/>" << "use|use";
-    QTest::newRow("file reference") << "<image href='file:///etc/passwd'/><image src='x.png'/>" << "image|image";
+    QTest::newRow("outside reference")
+        << "<use href='http://127.0.0.1/x.svg#a'/><use xlink:href='//x/y'/>" << "use|use";
+    QTest::newRow("a reference in capitals is one to HTML")
+        << "<use HREF='http://x/'/><use Xlink:Href='http://x/'/>" << "use|use";
+    QTest::newRow("file reference") << "<image href='file:///etc/passwd'/><image src='x.png'/>"
+                                    << "image|image";
     QTest::newRow("script reference") << "<use href=' javascript:f()'/>" << "use";
     QTest::newRow("page as data") << "<image href='data:text/html,&lt;script&gt;'/>" << "image";
     QTest::newRow("inner reference") << "<use href='#a'/>" << "use href=#a";
-    QTest::newRow("embedded image") << "<image href='data:image/png;base64,AA=='/>" << "image href=data:image/png;base64,AA==";
+    QTest::newRow("embedded image") << "<image href='data:image/png;base64,AA=='/>"
+                                    << "image href=data:image/png;base64,AA==";
     QTest::newRow("comment and instruction") << "<!-- <script/> --><?php f() ?><path d='M0 0h9z'/>" << path;
 }
 
 void LogoMarkupTest::onlyDrawingGetsThrough()
 {
     QFETCH(QString, inside);
-    const auto svg = safeSvg(QStringLiteral("<?xml version='1.0'?>\n<svg viewBox='0 0 9 9'>%1</svg>\n").arg(inside),
-                             LogoAnchor::bottomLeft);
+    const auto svg =
+        safeSvg(QStringLiteral("<?xml version='1.0'?>\n<svg viewBox='0 0 9 9'>%1</svg>\n").arg(inside),
+                LogoAnchor::bottomLeft);
     QVERIFY(svg.has_value());
     QStringList elements = elementsOf(*svg);
     QCOMPARE(elements.takeFirst(), QStringLiteral("svg viewBox=0 0 9 9 preserveAspectRatio=xMinYMax"));
@@ -83,8 +92,9 @@ void LogoMarkupTest::rootAttributes_data()
     QTest::newRow("added") << "viewBox='0 0 9 9'" << "viewBox=0 0 9 9 preserveAspectRatio=xMaxYMax";
     QTest::newRow("replaced") << "preserveAspectRatio=\"xMidYMid slice\" viewBox='0 0 9 9'"
                               << "viewBox=0 0 9 9 preserveAspectRatio=xMaxYMax";
-    QTest::newRow("view box from the size") << "width='120px' height=' 40.5 '"
-                                            << "width=120px height= 40.5  viewBox=0 0 120 40.5 preserveAspectRatio=xMaxYMax";
+    QTest::newRow("view box from the size")
+        << "width='120px' height=' 40.5 '"
+        << "width=120px height= 40.5  viewBox=0 0 120 40.5 preserveAspectRatio=xMaxYMax";
     QTest::newRow("none from a relative size") << "width='100%' height='4em'"
                                                << "width=100% height=4em preserveAspectRatio=xMaxYMax";
     QTest::newRow("a handler on the root") << "onload='f()'" << "preserveAspectRatio=xMaxYMax";
@@ -124,16 +134,18 @@ void LogoMarkupTest::refusedFiles()
 
 void LogoMarkupTest::textAndStyleAreKeptEscaped()
 {
-    const auto svg = safeSvg(QStringLiteral("<!DOCTYPE svg [<!ENTITY s \"<script>f()</script><path d='M0'/>\"><!ENTITY f SYSTEM "
-                                            "\"file:///etc/hostname\">]><svg><title>A &amp; &lt;B&gt;</title><style><![CDATA["
-                                            "a > b {} </style><script>f()</script>]]></style>&s;&f;</svg>"),
-                             LogoAnchor::bottomLeft);
+    const auto svg = safeSvg(
+        QStringLiteral("<!DOCTYPE svg [<!ENTITY s \"<script>f()</script><path d='M0'/>\"><!ENTITY f SYSTEM "
+                       "\"file:///etc/hostname\">]><svg><title>A &amp; &lt;B&gt;</title><style><![CDATA["
+                       "a > b {} </style><script>f()</script>]]></style>&s;&f;</svg>"),
+        LogoAnchor::bottomLeft);
     if (svg) { // an entity may also make the file refused
         QVERIFY2(!svg->contains(QStringLiteral("<script")), qPrintable(*svg));
         QCOMPARE(svg->count(QStringLiteral("</style>")), 1);
         QVERIFY(svg->contains(QStringLiteral("<title>A &amp; &lt;B&gt;</title>")));
     }
-    const auto quoted = safeSvg(QStringLiteral("<svg><text x='\"&gt;&lt;script&gt;'>&lt;b&gt;</text></svg>"), LogoAnchor::bottomLeft);
+    const auto quoted = safeSvg(QStringLiteral("<svg><text x='\"&gt;&lt;script&gt;'>&lt;b&gt;</text></svg>"),
+                                LogoAnchor::bottomLeft);
     QVERIFY(quoted.has_value());
     QVERIFY(quoted->contains(QStringLiteral("<text x=\"&quot;&gt;&lt;script&gt;\">&lt;b&gt;</text>")));
 }
@@ -143,7 +155,8 @@ void LogoMarkupTest::wrapper()
     QCOMPARE(logoMarkup(std::nullopt, LogoAnchor::bottomLeft), QString());
     const QString svg = logoMarkup(QStringLiteral("<svg/>"), LogoAnchor::bottomRight);
     QCOMPARE(svg, QStringLiteral("<div class='logo'><svg preserveAspectRatio=\"xMaxYMax\"></svg></div>"));
-    const QString image = logoMarkup(QStringLiteral("data:image/png;base64,AA==\" onerror=\"f()"), LogoAnchor::bottomLeft);
+    const QString image =
+        logoMarkup(QStringLiteral("data:image/png;base64,AA==\" onerror=\"f()"), LogoAnchor::bottomLeft);
     QVERIFY(image.startsWith(QStringLiteral("<div class='logo'><img ")));
     QVERIFY(image.contains(QStringLiteral("src=\"data:image/png;base64,AA==&quot; onerror=&quot;f()\"")));
     QVERIFY(image.endsWith(QStringLiteral("></div>")));

@@ -41,7 +41,9 @@ QString textOf(const std::vector<PagePlan>& plans)
         QString blocks = QStringLiteral("-");
         if (!plan.blocks.empty())
             blocks = QStringLiteral("%1-%2").arg(plan.blocks.front()).arg(plan.blocks.back());
-        pages += QStringLiteral("%1 %2 rest %3").arg(names.at(static_cast<int>(plan.position)), blocks).arg(plan.remainingSpace);
+        pages += QStringLiteral("%1 %2 rest %3")
+                     .arg(names.at(static_cast<int>(plan.position)), blocks)
+                     .arg(plan.remainingSpace);
     }
     return pages.join(QStringLiteral(" | "));
 }
@@ -75,11 +77,14 @@ void PageBreakerTest::plans_data()
     QTest::newRow("gaps count inside a page, not at its top")
         << geometryOf(stacked(5, 100, 40)) << 0.0 << "first 0-2 rest 20 | last 3-4 rest 390";
     QTest::newRow("half a pixel of gap pushes a block over")
-        << geometryOf({{300, 400}, {450, 550}, {600.5, 700.5}}) << 0.0 << "first 0-1 rest 150 | last 2-2 rest 530";
+        << geometryOf({{300, 400}, {450, 550}, {600.5, 700.5}}) << 0.0
+        << "first 0-1 rest 150 | last 2-2 rest 530";
     QTest::newRow("middle pages, from 70 to 700")
-        << geometryOf(stacked(18, 100)) << 0.0 << "first 0-3 rest 0 | middle 4-9 rest 30 | middle 10-15 rest 30 | last 16-17 rest 430";
+        << geometryOf(stacked(18, 100)) << 0.0
+        << "first 0-3 rest 0 | middle 4-9 rest 30 | middle 10-15 rest 30 | last 16-17 rest 430";
     QTest::newRow("the offset lowers continuation pages")
-        << geometryOf(stacked(10, 100)) << 100.0 << "first 0-3 rest 0 | middle 4-8 rest 30 | last 9-9 rest 430";
+        << geometryOf(stacked(10, 100)) << 100.0
+        << "first 0-3 rest 0 | middle 4-8 rest 30 | last 9-9 rest 430";
     QTest::newRow("an overlong block stands alone, its rest is negative")
         << geometryOf({{300, 400}, {400, 1400}, {1400, 1410}}) << 0.0
         << "first 0-0 rest 300 | middle 1-1 rest -370 | last 2-2 rest 620";
@@ -113,7 +118,8 @@ void PageBreakerTest::everyGeometryKeepsItsBlocks()
         std::vector<Block> blocks;
         double top = 50 + height(random);
         for (int i = count(random); i > 0; --i) {
-            const double bottom = top + (round % 7 == 0 ? 4 : 1) * height(random); // sometimes taller than a page
+            const double bottom =
+                top + (round % 7 == 0 ? 4 : 1) * height(random); // sometimes taller than a page
             blocks.push_back({top, bottom});
             top = bottom + gap(random);
         }

@@ -76,8 +76,8 @@ QString tokenOf(const Invoice& invoice, int block)
     return block == items ? QString() : invoice.note.split(u'\n').at(block - items - 1).left(8);
 }
 
-/// Where a page's blocks start, from what was measured: the first at the page's own start, the others as far below
-/// one another as they were.
+/// Where a page's blocks start, from what was measured: the first at the page's own start, the others as far
+/// below one another as they were.
 std::vector<double> blockTops(const Geometry& geometry, const PagePlan& plan, double continuationOffset)
 {
     const bool isFirst = plan.position == PagePosition::single || plan.position == PagePosition::first;
@@ -193,36 +193,24 @@ void PagesOnPaperTest::blocksStandWhereTheyWereMeasured_data()
     constexpr auto a4 = PageFormat::a4;
     constexpr auto letter = PageFormat::usLetter;
     const auto samples = std::to_array<Sample>({
-        {0, 0, a4, false, false, false, false},
-        {0, 40, letter, false, false, false, true},
-        {0, 200, a4, true, true, false, false},
-        {1, 0, a4, false, false, false, true},
-        {1, 1, letter, false, true, true, false},
-        {2, 0, letter, true, false, false, true},
-        {2, 200, a4, false, false, false, false},
-        {7, 1, a4, true, true, true, true},
-        {7, 40, letter, true, false, true, false},
-        {12, 0, a4, false, false, true, false},
-        {12, 1, letter, true, true, false, true},
-        {12, 40, a4, true, false, false, false},
-        {30, 0, a4, false, true, false, true},
-        {30, 0, letter, false, false, true, false},
-        {30, 1, a4, true, true, true, false},
-        {30, 40, letter, true, true, false, true},
-        {60, 0, a4, true, false, false, false},
-        {60, 1, letter, false, false, false, true},
-        {60, 40, a4, false, true, true, false},
-        {60, 200, letter, true, false, true, true},
-        {150, 0, a4, true, true, true, true},
-        {150, 40, letter, false, false, false, false},
-        {300, 0, a4, false, false, false, true},
-        {300, 1, letter, true, false, true, false},
+        {0, 0, a4, false, false, false, false},    {0, 40, letter, false, false, false, true},
+        {0, 200, a4, true, true, false, false},    {1, 0, a4, false, false, false, true},
+        {1, 1, letter, false, true, true, false},  {2, 0, letter, true, false, false, true},
+        {2, 200, a4, false, false, false, false},  {7, 1, a4, true, true, true, true},
+        {7, 40, letter, true, false, true, false}, {12, 0, a4, false, false, true, false},
+        {12, 1, letter, true, true, false, true},  {12, 40, a4, true, false, false, false},
+        {30, 0, a4, false, true, false, true},     {30, 0, letter, false, false, true, false},
+        {30, 1, a4, true, true, true, false},      {30, 40, letter, true, true, false, true},
+        {60, 0, a4, true, false, false, false},    {60, 1, letter, false, false, false, true},
+        {60, 40, a4, false, true, true, false},    {60, 200, letter, true, false, true, true},
+        {150, 0, a4, true, true, true, true},      {150, 40, letter, false, false, false, false},
+        {300, 0, a4, false, false, false, true},   {300, 1, letter, true, false, true, false},
         {300, 200, a4, true, true, false, false},
     });
     for (const Sample& s : samples)
-        QTest::addRow("%d items, %d note lines, %s, %s%s%s%s", s.items, s.noteLines, s.format == a4 ? "A4" : "Letter",
-                      s.footer ? "footer" : "column", s.logo ? ", logo" : "", s.longTexts ? ", long" : "",
-                      s.ruled ? ", ruled" : "")
+        QTest::addRow("%d items, %d note lines, %s, %s%s%s%s", s.items, s.noteLines,
+                      s.format == a4 ? "A4" : "Letter", s.footer ? "footer" : "column",
+                      s.logo ? ", logo" : "", s.longTexts ? ", long" : "", s.ruled ? ", ruled" : "")
             << s;
 }
 
@@ -239,7 +227,8 @@ void PagesOnPaperTest::blocksStandWhereTheyWereMeasured()
     QCOMPARE(geometry.footerSectionTop.has_value(), sample.footer);
     const double offset = document->continuationOffset(geometry.rem);
     const std::vector<PagePlan> plans = breakIntoPages(geometry, offset);
-    const double limit = sample.footer ? *geometry.footerSectionTop - 1.2 * geometry.rem : geometry.contentBottom;
+    const double limit =
+        sample.footer ? *geometry.footerSectionTop - 1.2 * geometry.rem : geometry.contentBottom;
 
     const std::vector<PdfPage> pages = test::pagesOfPdf(printed(document));
     QVERIFY(console_.failures.isEmpty());
@@ -249,11 +238,13 @@ void PagesOnPaperTest::blocksStandWhereTheyWereMeasured()
     for (std::size_t page = 0; page < pages.size(); ++page) {
         QCOMPARE(pages[page].size, paper);
         const QString text = pages[page].text();
-        const bool holdsTotals = std::ranges::find(plans[page].blocks, sample.items) != plans[page].blocks.end();
+        const bool holdsTotals =
+            std::ranges::find(plans[page].blocks, sample.items) != plans[page].blocks.end();
         const QString sumLabel = sample.items > 0 ? QStringLiteral("Subtotal") : QStringLiteral("Total");
         QCOMPARE(std::ranges::count(pages[page].words, sumLabel, &PdfWord::text), holdsTotals ? 1 : 0);
         if (pages.size() > 1)
-            QVERIFY2(text.contains(QStringLiteral("Page %1 of %2").arg(page + 1).arg(pages.size())), qPrintable(text));
+            QVERIFY2(text.contains(QStringLiteral("Page %1 of %2").arg(page + 1).arg(pages.size())),
+                     qPrintable(text));
         if (sample.footer)
             QVERIFY2(text.contains(QStringLiteral("Meridian")), qPrintable(text));
 
@@ -268,10 +259,15 @@ void PagesOnPaperTest::blocksStandWhereTheyWereMeasured()
             QVERIFY(found < tokens.size());
             const PdfWord& word = tokens[found++];
             QCOMPARE(word.text, token);
-            const double expected = tops[i] + (token.startsWith(QStringLiteral("ITEM")) ? itemOffset : noteOffset);
+            const double expected =
+                tops[i] + (token.startsWith(QStringLiteral("ITEM")) ? itemOffset : noteOffset);
             QVERIFY2(std::abs(word.box.top() - expected) <= tolerance,
-                     qPrintable(QStringLiteral("%1 stands at %2, was measured for %3").arg(token).arg(word.box.top()).arg(expected)));
-            QVERIFY(word.box.left() > 2.4 * geometry.rem && word.box.right() < paper.width() - 1.8 * geometry.rem);
+                     qPrintable(QStringLiteral("%1 stands at %2, was measured for %3")
+                                    .arg(token)
+                                    .arg(word.box.top())
+                                    .arg(expected)));
+            QVERIFY(word.box.left() > 2.4 * geometry.rem &&
+                    word.box.right() < paper.width() - 1.8 * geometry.rem);
             QVERIFY(word.box.top() > geometry.contentTop && word.box.bottom() < limit + tolerance);
         }
         QCOMPARE(found, tokens.size());
@@ -292,15 +288,17 @@ void PagesOnPaperTest::hostileStylingReachesNothing()
                                          ".item td::after { content: url(%1e.svg); }\n"
                                          "</style><script src='%1f.js'></script><img src='%1g.png'>")
                               .arg(url);
-    setting.styling.logo = QStringLiteral("<svg viewBox='0 0 9 9' onload=\"document.body.innerHTML = 'RAN'\">"
-                                          "<style>@import url(%1h.css); rect { fill: url(%1i.svg#p); }</style>"
-                                          "<script href='%1j.js'>document.body.innerHTML = 'RAN';</script>"
-                                          "<image href='%1k.png'/><use href='%1l.svg#a'/><use HREF='%1m.svg#a'/>"
-                                          "<rect width='9' height='9' filter='url(%1n.svg#f)'/></svg>")
-                               .arg(url);
+    setting.styling.logo =
+        QStringLiteral("<svg viewBox='0 0 9 9' onload=\"document.body.innerHTML = 'RAN'\">"
+                       "<style>@import url(%1h.css); rect { fill: url(%1i.svg#p); }</style>"
+                       "<script href='%1j.js'>document.body.innerHTML = 'RAN';</script>"
+                       "<image href='%1k.png'/><use href='%1l.svg#a'/><use HREF='%1m.svg#a'/>"
+                       "<rect width='9' height='9' filter='url(%1n.svg#f)'/></svg>")
+            .arg(url);
     Sample sample;
     sample.items = 40;
-    const QByteArray pdf = printed(std::make_shared<const InvoiceDocument>(invoiceOf(sample), setting, *fonts_));
+    const QByteArray pdf =
+        printed(std::make_shared<const InvoiceDocument>(invoiceOf(sample), setting, *fonts_));
     QStringList tokens;
     for (const PdfPage& page : test::pagesOfPdf(pdf)) {
         QVERIFY(!page.text().contains(QStringLiteral("RAN")));
@@ -325,7 +323,8 @@ void PagesOnPaperTest::unmeasuredDocumentLosesNothing()
     const auto document = documentOf(sample);
     std::vector<int> all(static_cast<std::size_t>(document->expectedBlockCount()));
     std::iota(all.begin(), all.end(), 0);
-    const PaginationResult fallback{{document->pageHtml(PagePosition::single, all, unmeasuredSpace, 1)}, false};
+    const PaginationResult fallback{{document->pageHtml(PagePosition::single, all, unmeasuredSpace, 1)},
+                                    false};
 
     PDFRenderer renderer(*engine_, console_);
     std::optional<PdfFile> pdf;

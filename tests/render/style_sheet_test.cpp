@@ -153,10 +153,9 @@ void StyleSheetTest::colors_data()
     QTest::newRow("accent") << "{{accent-color}}" << "#C20000" << "#E62F00";
     QTest::newRow("accent dark") << "{{accent-dark-color}}" << "#560000" << "#FF7A4C";
     QTest::newRow("primary light") << "{{primary-light-color}}" << "#C6D4CC" << "#2E3E35";
-    QTest::newRow("primary faint") << "{{primary-faint-color}}" << "#DDE5E0" << "#242E28";
     QTest::newRow("primary extralight") << "{{primary-extralight-color}}" << "#EEF2F0" << "#1F2522";
-    QTest::newRow("accent light") << "{{accent-light-color}}" << "#F5D6D6" << "#441C11";
-    QTest::newRow("accent extralight") << "{{accent-extralight-color}}" << "#FBF0F0" << "#2B1914";
+    QTest::newRow("accent light") << "{{accent-light-color}}" << "#F2C7C7" << "#4C1D10";
+    QTest::newRow("accent extralight") << "{{accent-extralight-color}}" << "#FBEDED" << "#2B1914";
 }
 
 void StyleSheetTest::colors()
@@ -177,10 +176,13 @@ void StyleSheetTest::fontSlots_data()
     QTest::addColumn<QString>("triple");
     QTest::newRow("headline") << "headline" << "\"SourceSerif4-Semibold\", \"Source Serif\"/normal/normal";
     QTest::newRow("primary") << "primary" << "\"iAWriterDuo-Regular\", \"iA Writer Duo\"/normal/normal";
-    QTest::newRow("primary bold") << "primary-bold" << "\"iAWriterDuo-Bold\", \"iA Writer Duo\"/normal/normal";
-    QTest::newRow("primary italic") << "primary-italic" << "\"iAWriterDuo-Italic\", \"iA Writer Duo\"/normal/normal";
+    QTest::newRow("primary bold") << "primary-bold"
+                                  << "\"iAWriterDuo-Bold\", \"iA Writer Duo\"/normal/normal";
+    QTest::newRow("primary italic") << "primary-italic"
+                                    << "\"iAWriterDuo-Italic\", \"iA Writer Duo\"/normal/normal";
     QTest::newRow("secondary") << "secondary" << "\"SourceSerif4-LightIt\", \"Source Serif\"/normal/normal";
-    QTest::newRow("secondary bold") << "secondary-bold" << "\"SourceSerif4-BoldIt\", \"Source Serif\"/normal/normal";
+    QTest::newRow("secondary bold") << "secondary-bold"
+                                    << "\"SourceSerif4-BoldIt\", \"Source Serif\"/normal/normal";
     QTest::newRow("label") << "label" << "\"Nowhere Sans\"/300/normal";
 }
 
@@ -261,12 +263,14 @@ void StyleSheetTest::hostileValuesStayValues()
     styling.primaryColor = styling.accentColor = value;
     styling.backgroundPattern = BackgroundPattern::frame;
     const QString sheet = fillStyleSheet(
-        QStringLiteral("{{headline-font}}|{{primary-bold-font}}|{{label-font}}|{{headline-font-weight}}|"
-                       "{{primary-font-weight}}|{{primary-color}}|{{accent-dark-color}}|{{primary-light-color}}"),
+        QStringLiteral(
+            "{{headline-font}}|{{primary-bold-font}}|{{label-font}}|{{headline-font-weight}}|"
+            "{{primary-font-weight}}|{{primary-color}}|{{accent-dark-color}}|{{primary-light-color}}"),
         styling, ColorScheme::light, fonts);
     const QStringList parts = sheet.split(u'|');
     QCOMPARE(parts.size(), 8);
-    static const QRegularExpression string(QStringLiteral(R"re(^"(?:[A-Za-z0-9 ._,+&()-]|\\[0-9a-f]{1,4} )*"$)re"));
+    static const QRegularExpression string(
+        QStringLiteral(R"re(^"(?:[A-Za-z0-9 ._,+&()-]|\\[0-9a-f]{1,4} )*"$)re"));
     static const QRegularExpression color(QStringLiteral("^#[A-Za-z0-9]*$"));
     for (int i = 0; i < 8; ++i) {
         const bool isSafe = i < 3   ? string.match(parts[i]).hasMatch()

@@ -73,9 +73,11 @@ void WebFontManagerTest::cutsAreListedInOrder()
         return list.join(QStringLiteral(", "));
     };
     QCOMPARE(listOf("iA Writer Duo"), QStringLiteral("Regular 400, Italic 400i, Bold 700, Bold Italic 700i"));
-    QCOMPARE(listOf("Source Serif"),
-             QStringLiteral("Regular 400, Italic 400i, Light 300, Light Italic 300i, Semibold 600, Semibold Italic 600i, "
-                            "Bold 700, Bold Italic 700i, Black 900, Black Italic 900i"));
+    QCOMPARE(
+        listOf("Source Serif"),
+        QStringLiteral(
+            "Regular 400, Italic 400i, Light 300, Light Italic 300i, Semibold 600, Semibold Italic 600i, "
+            "Bold 700, Bold Italic 700i, Black 900, Black Italic 900i"));
 }
 
 void WebFontManagerTest::resolution_data()
@@ -91,23 +93,34 @@ void WebFontManagerTest::resolution_data()
 
     const QString serif = QStringLiteral("Source Serif");
     const QString none;
-    QTest::newRow("shipped") << serif << "400" << none << regular << R"("SourceSerif4-Regular", "Source Serif" normal normal)";
-    QTest::newRow("shipped weight") << serif << "900" << none << regular << R"("SourceSerif4-Black", "Source Serif" normal normal)";
-    QTest::newRow("nearest weight") << serif << "850" << none << regular << R"("SourceSerif4-Black", "Source Serif" normal normal)";
-    QTest::newRow("bold") << serif << "300" << none << bold << R"("SourceSerif4-Bold", "Source Serif" normal normal)";
-    QTest::newRow("italic keeps the weight") << serif << "300" << none << italic << R"("SourceSerif4-LightIt", "Source Serif" normal normal)";
+    QTest::newRow("shipped") << serif << "400" << none << regular
+                             << R"("SourceSerif4-Regular", "Source Serif" normal normal)";
+    QTest::newRow("shipped weight") << serif << "900" << none << regular
+                                    << R"("SourceSerif4-Black", "Source Serif" normal normal)";
+    QTest::newRow("nearest weight") << serif << "850" << none << regular
+                                    << R"("SourceSerif4-Black", "Source Serif" normal normal)";
+    QTest::newRow("bold") << serif << "300" << none << bold
+                          << R"("SourceSerif4-Bold", "Source Serif" normal normal)";
+    QTest::newRow("italic keeps the weight")
+        << serif << "300" << none << italic << R"("SourceSerif4-LightIt", "Source Serif" normal normal)";
     QTest::newRow("chosen face wins") << serif << "400" << "SourceSerif4-SemiboldIt" << regular
                                       << R"("SourceSerif4-SemiboldIt", "Source Serif" normal normal)";
     QTest::newRow("bold of an italic face") << serif << "400" << "SourceSerif4-It" << bold
                                             << R"("SourceSerif4-BoldIt", "Source Serif" normal normal)";
     QTest::newRow("a face of another family does not count")
-        << serif << "400" << "iAWriterDuo-Bold" << regular << R"("SourceSerif4-Regular", "Source Serif" normal normal)";
+        << serif << "400" << "iAWriterDuo-Bold" << regular
+        << R"("SourceSerif4-Regular", "Source Serif" normal normal)";
     QTest::newRow("an unknown face does not count")
-        << serif << "400" << "SourceSerif4-Wide" << regular << R"("SourceSerif4-Regular", "Source Serif" normal normal)";
-    QTest::newRow("unknown family") << "Nowhere Sans" << "300" << none << regular << R"("Nowhere Sans" 300 normal)";
-    QTest::newRow("unknown family, bold") << "Nowhere Sans" << "300" << none << bold << R"("Nowhere Sans" bold normal)";
-    QTest::newRow("unknown family, italic") << "Nowhere Sans" << "300" << none << italic << R"("Nowhere Sans" 300 italic)";
-    QTest::newRow("a weight that is none") << "Nowhere Sans" << "x;}" << none << regular << R"("Nowhere Sans" 400 normal)";
+        << serif << "400" << "SourceSerif4-Wide" << regular
+        << R"("SourceSerif4-Regular", "Source Serif" normal normal)";
+    QTest::newRow("unknown family") << "Nowhere Sans" << "300" << none << regular
+                                    << R"("Nowhere Sans" 300 normal)";
+    QTest::newRow("unknown family, bold")
+        << "Nowhere Sans" << "300" << none << bold << R"("Nowhere Sans" bold normal)";
+    QTest::newRow("unknown family, italic")
+        << "Nowhere Sans" << "300" << none << italic << R"("Nowhere Sans" 300 italic)";
+    QTest::newRow("a weight that is none")
+        << "Nowhere Sans" << "x;}" << none << regular << R"("Nowhere Sans" 400 normal)";
 }
 
 void WebFontManagerTest::resolution()
@@ -178,9 +191,10 @@ void WebFontManagerTest::sortKeysCompareFieldByField()
 {
     using FontStyleSort::SortKey;
     const SortKey base{1, 1, 1, 1, QStringLiteral("m")};
-    const std::vector<SortKey> ascending = {{0, 9, 9, 9, QStringLiteral("z")}, {1, 0, 9, 9, QStringLiteral("z")},
-                                            {1, 1, 0, 9, QStringLiteral("z")}, {1, 1, 1, 0, QStringLiteral("z")},
-                                            {1, 1, 1, 1, QStringLiteral("a")}, base};
+    const std::vector<SortKey> ascending = {
+        {0, 9, 9, 9, QStringLiteral("z")}, {1, 0, 9, 9, QStringLiteral("z")},
+        {1, 1, 0, 9, QStringLiteral("z")}, {1, 1, 1, 0, QStringLiteral("z")},
+        {1, 1, 1, 1, QStringLiteral("a")}, base};
     for (std::size_t i = 1; i < ascending.size(); ++i)
         QVERIFY(ascending[i - 1] < ascending[i]);
     QVERIFY(base == ascending.back());

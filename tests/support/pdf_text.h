@@ -51,17 +51,20 @@ inline QByteArray outputOfPdfTool(const QByteArray& pdf, const QString& tool, co
 inline std::vector<PdfPage> pagesOfPdf(const QByteArray& pdf)
 {
     std::vector<PdfPage> pages;
-    QXmlStreamReader reader(outputOfPdfTool(pdf, QStringLiteral("pdftotext"), {QStringLiteral("-bbox-layout")},
-                                            {QStringLiteral("-")}));
+    QXmlStreamReader reader(outputOfPdfTool(pdf, QStringLiteral("pdftotext"),
+                                            {QStringLiteral("-bbox-layout")}, {QStringLiteral("-")}));
     while (!reader.atEnd()) {
         if (reader.readNext() != QXmlStreamReader::StartElement)
             continue;
         const QXmlStreamAttributes attributes = reader.attributes();
-        const auto number = [&](const char* name) { return attributes.value(QLatin1StringView(name)).toDouble(); };
+        const auto number = [&](const char* name) {
+            return attributes.value(QLatin1StringView(name)).toDouble();
+        };
         if (reader.name() == u"page") {
             pages.push_back({QSizeF(number("width"), number("height")), {}});
         } else if (reader.name() == u"word") {
-            const QRectF box(QPointF(number("xMin"), number("yMin")), QPointF(number("xMax"), number("yMax")));
+            const QRectF box(QPointF(number("xMin"), number("yMin")),
+                             QPointF(number("xMax"), number("yMax")));
             pages.back().words.push_back({reader.readElementText(), box});
         }
     }

@@ -23,7 +23,8 @@ inline Invoice::Item sampleItem(const QString& text, double quantity, Unit unit,
 inline Invoice sampleInvoice()
 {
     const Country germany{QStringLiteral("DE")};
-    Invoice invoice = newInvoice(QUuid(QStringLiteral("0d9c9a9e-5c1f-4d0a-8a38-0c4f2b1d7e11")), noon(2026, 4, 1), germany);
+    Invoice invoice =
+        newInvoice(QUuid(QStringLiteral("0d9c9a9e-5c1f-4d0a-8a38-0c4f2b1d7e11")), noon(2026, 4, 1), germany);
     invoice.number = 7;
     invoice.numberFormat = QStringLiteral("{YYYY}-{NNN}");
     invoice.language = Language::english;

@@ -5,7 +5,8 @@
 
 namespace ledra::test {
 
-/// Runs the event loop until something asynchronous says that it is done, or until a time that only a hang reaches.
+/// Runs the event loop until something asynchronous says that it is done, or until a time that only a hang
+/// reaches.
 class Waiting
 {
 public:
