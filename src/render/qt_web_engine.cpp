@@ -23,11 +23,10 @@ constexpr double screenPixelsPerPoint = 4.0 / 3.0;
 constexpr int canvasHeight = 5334;
 
 // The engine shows with its new layout code and prints with the old one unless told otherwise; only with the
-// same code for both do blocks stand on paper where they were measured. Pages share their processes two by
-// two, which costs four percent of the speed of a batch and saves a third of its memory.
+// same code for both do blocks stand on paper where they were measured.
 constexpr const char* engineSwitches =
     "--enable-blink-features=LayoutNGPrinting,LayoutNGTableFragmentation,LayoutNGFlexFragmentation,"
-    "LayoutNGGridFragmentation --log-level=3 --renderer-process-limit=9";
+    "LayoutNGGridFragmentation --log-level=3";
 
 void configure(QWebEngineSettings& settings)
 {
