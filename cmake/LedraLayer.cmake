@@ -19,6 +19,8 @@ function(ledra_layer name)
   file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.cpp ${CMAKE_CURRENT_SOURCE_DIR}/*.h)
   add_library(ledra_${name} STATIC ${sources})
   target_include_directories(ledra_${name} PUBLIC ${PROJECT_SOURCE_DIR}/src)
+  # Without this a file that is added later is not looked at for Q_OBJECT.
+  set_target_properties(ledra_${name} PROPERTIES AUTOGEN_TARGET_DEPENDS "${sources}")
   list(TRANSFORM ARG_LAYERS PREPEND ledra_)
   target_link_libraries(ledra_${name} PUBLIC Qt6::Core ${ARG_LAYERS} ${ARG_LIBRARIES} PRIVATE ledra_options)
   target_precompile_headers(ledra_${name} PRIVATE
