@@ -32,7 +32,7 @@ qsizetype longestWord(const QString& heading)
 /// The first line names the item; the lines after it, if any, tell more about it.
 QString descriptionHtml(const QString& text)
 {
-    const QString html = htmlLines(text);
+    QString html = htmlLines(text);
     const QString lineBreak = QStringLiteral("<br>");
     const qsizetype end = html.indexOf(lineBreak);
     if (end < 0)

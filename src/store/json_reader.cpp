@@ -107,7 +107,7 @@ Decoded<QString> JSONValue::text()
         return unexpected(
             Kind::tooLarge,
             QStringLiteral("a text of %1 bytes, at most %2 are read").arg(size).arg(longestText));
-    return QString::fromUtf8(utf8.data(), size);
+    return QString::fromUtf8(QByteArrayView(utf8));
 }
 
 Decoded<double> JSONValue::number()

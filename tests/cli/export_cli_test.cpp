@@ -62,6 +62,8 @@ private Q_SLOTS:
     void folderThatCannotBeMade();
     void pdfIsComplete();
     void standardOutput();
+    void languageIsTheDocuments_data();
+    void languageIsTheDocuments();
     void html();
 
 private:
@@ -256,6 +258,32 @@ void ExportCliTest::standardOutput()
 }
 
 // The file needs no other: fonts are inside, and nothing in it is fetched.
+void ExportCliTest::languageIsTheDocuments_data()
+{
+    QTest::addColumn<QString>("file");
+    QTest::addColumn<QString>("locale");
+    QTest::addColumn<QString>("expected");
+    QTest::newRow("German on an English system")
+        << "invoice-design-de.json" << "en_US.UTF-8" << "<td>30 März 2026</td>";
+    QTest::newRow("English on a German system")
+        << "invoice-consulting-us.json" << "de_DE.UTF-8" << "<td>30 April 2026</td>";
+    QTest::newRow("none, on a German system") << "invoice-gross-de.json" << "de_AT.UTF-8" << "Gesamtbetrag";
+    QTest::newRow("none, on an English system")
+        << "invoice-gross-de.json" << "en_GB.UTF-8" << "Total with VAT";
+}
+
+void ExportCliTest::languageIsTheDocuments()
+{
+    QFETCH(QString, file);
+    QFETCH(QString, locale);
+    QFETCH(QString, expected);
+    const QStringList arguments = {QStringLiteral("export"), example(file),        QStringLiteral("--format"),
+                                   QStringLiteral("html"),   QStringLiteral("-o"), QStringLiteral("-")};
+    const ProgramRun run = test::runProgram(arguments, {}, locale);
+    QCOMPARE(run.exitCode, 0);
+    QVERIFY(QString::fromUtf8(run.output).contains(expected));
+}
+
 void ExportCliTest::html()
 {
     const QString out = path(QStringLiteral("html-out"));

@@ -60,8 +60,8 @@ bool isUsable(const QByteArray& content)
     auto pdf = PdfFile::open(content);
     if (!pdf)
         return false;
-    for (int page = 0; page < pdf->pageCount(); ++page)
-        [[maybe_unused]] const QSizeF size = pdf->pageSize(page);
+    for (int page = 0; page < pdf->pageCount(); ++page) [[maybe_unused]]
+        const QSizeF size = pdf->pageSize(page);
     [[maybe_unused]] const auto found = pdf->annotationContents(QStringLiteral("Author"));
     [[maybe_unused]] const auto written = pdf->bytes();
     return pdf->pageCount() > 0;

@@ -150,7 +150,7 @@ void InvoiceDocumentTest::labelsFollowTheDocumentsLanguage()
              QStringLiteral("description=Beschreibung;quantity=Tage;price=Preis;total=Gesamt"));
     QCOMPARE(totalLines(html),
              QStringLiteral("Zwischensumme=2.469,00_€;USt. 19_%=469,11_€;Gesamtbetrag=2.938,11_€!"));
-    QVERIFY(html.contains(QStringLiteral("innerhalb von 14 Tagen")));
+    QVERIFY(html.simplified().contains(QStringLiteral("innerhalb von 14 Tagen")));
 
     // Without a language of its own the profile's applies.
     invoice.language.reset();
@@ -474,15 +474,6 @@ void InvoiceDocumentTest::bodyClassesOfTheLayout()
     styling.marginalColumn = true;
     QCOMPARE(bodyClasses(measuringHtml(oneItem(), settingOf(styling))),
              QStringLiteral("has-sidebar measuring page-single"));
-    // Amounts of more than eleven characters widen their columns: "€999,999.00" has eleven.
-    Invoice wide = oneItem(500'000);
-    QCOMPARE(bodyClasses(measuringHtml(wide)),
-             QStringLiteral("has-sidebar measuring page-single wide-totals"));
-    wide.items[0].unitPrice = -500'000;
-    QCOMPARE(bodyClasses(measuringHtml(wide)),
-             QStringLiteral("has-sidebar measuring page-single wide-prices wide-totals"));
-    wide.items[0].unitPrice = 499'999.5;
-    QCOMPARE(bodyClasses(measuringHtml(wide)), QStringLiteral("has-sidebar measuring page-single"));
 }
 
 void InvoiceDocumentTest::continuationOffset()

@@ -154,8 +154,9 @@ void StyleSheetTest::colors_data()
     QTest::newRow("accent dark") << "{{accent-dark-color}}" << "#560000" << "#FF7A4C";
     QTest::newRow("primary light") << "{{primary-light-color}}" << "#C6D4CC" << "#2E3E35";
     QTest::newRow("primary extralight") << "{{primary-extralight-color}}" << "#EEF2F0" << "#1F2522";
-    QTest::newRow("accent light") << "{{accent-light-color}}" << "#F2C7C7" << "#4C1D10";
-    QTest::newRow("accent extralight") << "{{accent-extralight-color}}" << "#FBEDED" << "#2B1914";
+    QTest::newRow("primary faint") << "{{primary-faint-color}}" << "#DDE5E0" << "#242E28";
+    QTest::newRow("accent light") << "{{accent-light-color}}" << "#F5D6D6" << "#441C11";
+    QTest::newRow("accent extralight") << "{{accent-extralight-color}}" << "#FBF0F0" << "#2B1914";
 }
 
 void StyleSheetTest::colors()

@@ -2,6 +2,7 @@
 
 #include <QFile>
 #include <QProcess>
+#include <QProcessEnvironment>
 #include <QString>
 #include <QStringList>
 
@@ -15,9 +16,14 @@ struct ProgramRun
     QStringList errors; ///< the lines on standard error
 };
 
-inline ProgramRun runProgram(const QStringList& arguments, const QByteArray& input = {})
+/// Runs the program; `locale` is that of the system it finds.
+inline ProgramRun runProgram(const QStringList& arguments, const QByteArray& input = {},
+                             const QString& locale = QStringLiteral("C.UTF-8"))
 {
     QProcess process;
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(QStringLiteral("LC_ALL"), locale);
+    process.setProcessEnvironment(environment);
     process.start(QStringLiteral(LEDRA_PROGRAM), arguments);
     process.write(input);
     process.closeWriteChannel();
