@@ -61,6 +61,7 @@ private Q_SLOTS:
     void documentsOfOneNameDoNotOverwriteEachOther();
     void folderThatCannotBeMade();
     void pdfIsComplete();
+    void textIsInReadingOrder();
     void standardOutput();
     void languageIsTheDocuments_data();
     void languageIsTheDocuments();
@@ -240,6 +241,35 @@ void ExportCliTest::pdfIsComplete()
                 "^[A-Z]{6}\\+(SourceSerif4|iAWriterDuo)\\S* +CID TrueType +\\S+ +yes yes yes "));
             QVERIFY2(shipped.match(font).hasMatch(), qPrintable(font));
         }
+    }
+}
+
+// As a reader gets it who selects all and copies.
+void ExportCliTest::textIsInReadingOrder()
+{
+    const ProgramRun run = exported(
+        {example(QStringLiteral("invoice-design-de.json")), QStringLiteral("-o"), QStringLiteral("-")});
+    const QString text = QString::fromUtf8(
+        test::outputOfPdfTool(run.output, QStringLiteral("pdftotext"), {}, {QStringLiteral("-")}));
+    const QStringList inOrder = {
+        QStringLiteral("Studio Nordlicht · Kranweg 14 · 20457 Hamburg"),
+        QStringLiteral("Kaffeerösterei Ahlers & Sohn GmbH\nJonas Ahlers\nUfergasse 5\n23552 Lübeck"),
+        QStringLiteral("Rechnung\n"),
+        QStringLiteral("2026-014"),
+        QStringLiteral("Beschreibung"),
+        QStringLiteral("Erscheinungsbild der Rösterei\nWortmarke"),
+        QStringLiteral("Geschäftsausstattung"),
+        QStringLiteral("Visitenkarten, Naturpapier"),
+        QStringLiteral("Zwischensumme"),
+        QStringLiteral("5.130,39 €"),
+        QStringLiteral("vielen Dank"),
+        QStringLiteral("guten Start!"),
+    };
+    qsizetype position = 0;
+    for (const QString& piece : inOrder) {
+        const qsizetype found = text.indexOf(piece, position);
+        QVERIFY2(found >= 0, qPrintable(piece + QStringLiteral(" is not where it should be in:\n") + text));
+        position = found + piece.size();
     }
 }
 
