@@ -73,7 +73,65 @@ DecodingError below(std::string_view key, DecodingError error)
     return error;
 }
 
+simdjson::error_code skipScalar(ondemand::value& value, ondemand::json_type type)
+{
+    switch (type) {
+    case ondemand::json_type::number:
+        return value.get_double().error();
+    case ondemand::json_type::string:
+        return value.get_string().error();
+    case ondemand::json_type::boolean:
+        return value.get_bool().error();
+    default:
+        return value.is_null().error();
+    }
+}
+
+Decoded<void> skipValue(ondemand::value& value, int depth);
+
+template <class Container>
+Decoded<void> skipEntries(simdjson::simdjson_result<Container> result, int depth)
+{
+    Container container;
+    if (const auto error = std::move(result).get(container))
+        return malformed(error);
+    if (depth == deepestUnknown)
+        return unexpected(Kind::tooLarge, QStringLiteral("nested more than %1 levels deep").arg(depth));
+    for (auto entry : container) {
+        ondemand::value value;
+        simdjson::error_code error{};
+        if constexpr (std::is_same_v<Container, ondemand::object>)
+            error = std::move(entry.value()).get(value);
+        else
+            error = std::move(entry).get(value);
+        if (error)
+            return malformed(error);
+        if (Decoded<void> skipped = skipValue(value, depth + 1); !skipped)
+            return skipped;
+    }
+    return {};
+}
+
+/// The parser passes over what is not asked for without looking at it; this looks.
+Decoded<void> skipValue(ondemand::value& value, int depth)
+{
+    ondemand::json_type type{};
+    if (const auto error = value.type().get(type))
+        return malformed(error);
+    if (type == ondemand::json_type::object)
+        return skipEntries(value.get_object(), depth);
+    if (type == ondemand::json_type::array)
+        return skipEntries(value.get_array(), depth);
+    const auto error = skipScalar(value, type);
+    return error ? Decoded<void>(malformed(error)) : Decoded<void>();
+}
+
 } // namespace
+
+Decoded<void> JSONValue::skip()
+{
+    return skipValue(valueOf(native_), 0);
+}
 
 QString DecodingError::text() const
 {

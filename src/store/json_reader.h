@@ -15,6 +15,7 @@ namespace ledra {
 inline constexpr qsizetype largestRecordFile = qsizetype{64} * 1024 * 1024;
 inline constexpr qsizetype longestText = qsizetype{1024} * 1024; ///< UTF-8 bytes of one text
 inline constexpr std::int64_t mostElements = 10'000;             ///< of one array
+inline constexpr int deepestUnknown = 64;                        ///< levels below a key that no record has
 
 /// Why a document could not be read, and where: the path of keys, such as "recipient.address.city" or
 /// "items.3.unit".
@@ -49,6 +50,9 @@ public:
     Decoded<std::int64_t> integer();
     Decoded<bool> boolean();
     bool isText();
+
+    /// Reads past a value that nobody asked for, which must be valid JSON all the same.
+    Decoded<void> skip();
 
     /// Calls visit(key, value) for each member of an object; stops at the first error, whose path gets the
     /// key.

@@ -236,8 +236,8 @@ Decoded<void> decodeMember(T& record, std::string_view key, JSONValue& value, co
         result = decodeEntry(entry, record, value);
         return true;
     };
-    (tryEntry.template operator()<positions>() || ...);
-    return result;
+    const bool isKnown = (tryEntry.template operator()<positions>() || ...);
+    return isKnown ? result : value.skip();
 }
 
 template <class T, class Entries>

@@ -154,12 +154,31 @@ private Q_SLOTS:
         for (const char* tail : {"{}", " x", "}", ","})
             QTest::addRow("trailing %s", tail) << good + tail;
         QTest::newRow("trailing null character") << good + '\0';
-        for (const char* member :
-             {"'number':1,", "'number':1 'note':''", "'number' 1", "number:1", "'number':1 /* one */",
-              "'number':014", "'number':+1", "'number':1.", "'daysToPay':.5", "'number':1a",
-              "'discountAmount':NaN", "'discountAmount':-Infinity", "'grossPrices':tru",
-              "'grossPrices':truex", "'grossPrices':nullx", "'note':'\\x41'", "'note':'\\ud83d'",
-              "'note':'a\nb'", "'v':[{]"})
+        for (const char* member : {"'number':1,",
+                                   "'number':1 'note':''",
+                                   "'number' 1",
+                                   "number:1",
+                                   "'number':1 /* one */",
+                                   "'number':014",
+                                   "'number':+1",
+                                   "'number':1.",
+                                   "'daysToPay':.5",
+                                   "'number':1a",
+                                   "'discountAmount':NaN",
+                                   "'discountAmount':-Infinity",
+                                   "'grossPrices':tru",
+                                   "'grossPrices':truex",
+                                   "'grossPrices':nullx",
+                                   "'note':'\\x41'",
+                                   "'note':'\\ud83d'",
+                                   "'note':'a\nb'",
+                                   "'v':[{]",
+                                   "'v':words",
+                                   "'v':[1 2]",
+                                   "'v':{'a' 1}",
+                                   "'v':[tru]",
+                                   "'v':{'a':'\\q'}",
+                                   "'v':01"})
             QTest::newRow(member) << invoiceWith(member);
     }
 
@@ -215,8 +234,10 @@ private Q_SLOTS:
         QTest::newRow("largest file") << small + QByteArray(67'108'864 - small.size(), ' ') << "";
         QTest::newRow("larger file") << small + QByteArray(67'108'865 - small.size(), ' ') << "too large at ";
         QTest::newRow("deep") << invoiceWith("'items':" + open + closed) << "wrong type at items.0";
-        QTest::newRow("deep and unknown") << invoiceWith("'v':" + open + closed) << "";
-        QTest::newRow("deep and never closed") << invoiceWith("'v':" + open) << "not JSON at ";
+        QTest::newRow("deep and unknown") << invoiceWith("'v':" + open + closed) << "too large at v";
+        QTest::newRow("deepest unknown")
+            << invoiceWith("'v':" + QByteArray(64, '[') + QByteArray(64, ']')) << "";
+        QTest::newRow("deep and never closed") << invoiceWith("'v':" + open) << "too large at v";
     }
 
     void limits()
