@@ -1,0 +1,122 @@
+#include "platform/file_device.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+
+#include <cerrno>
+#include <cstring>
+
+#include <fcntl.h>
+#include <unistd.h>
+
+namespace ledra {
+
+namespace {
+
+std::unexpected<FileError> systemError(const QString& path)
+{
+    return std::unexpected(FileError{path, QString::fromLocal8Bit(std::strerror(errno))});
+}
+
+/// An open file descriptor that closes itself.
+class Descriptor
+{
+public:
+    Descriptor(const QString& path, int flags)
+        : number_(::open(QFile::encodeName(path).constData(), flags | O_CLOEXEC, 0644))
+    {
+    }
+    ~Descriptor()
+    {
+        if (number_ >= 0)
+            ::close(number_);
+    }
+    Descriptor(const Descriptor&) = delete;
+    Descriptor& operator=(const Descriptor&) = delete;
+
+    bool isOpen() const { return number_ >= 0; }
+    bool sync() const { return ::fsync(number_) == 0; }
+
+    bool writeAll(const QByteArray& content) const
+    {
+        qsizetype written = 0;
+        while (written < content.size()) {
+            const ssize_t count = ::write(number_, content.constData() + written,
+                                          static_cast<std::size_t>(content.size() - written));
+            if (count < 0 && errno != EINTR)
+                return false;
+            written += count > 0 ? count : 0;
+        }
+        return true;
+    }
+
+private:
+    int number_;
+};
+
+std::expected<void, FileError> syncPath(const QString& path, int flags)
+{
+    const Descriptor file(path, flags);
+    if (!file.isOpen() || !file.sync())
+        return systemError(path);
+    return {};
+}
+
+} // namespace
+
+std::expected<std::optional<QByteArray>, FileError> SystemFileDevice::read(const QString& path, qint64 limit)
+{
+    if (!QFileInfo::exists(path))
+        return std::nullopt;
+    std::expected<QByteArray, FileError> content = readFile(path, limit);
+    if (!content)
+        return std::unexpected(content.error());
+    return std::move(*content);
+}
+
+std::expected<void, FileError> SystemFileDevice::write(const QString& path, const QByteArray& content)
+{
+    const Descriptor file(path, O_WRONLY | O_CREAT | O_TRUNC);
+    if (!file.isOpen() || !file.writeAll(content))
+        return systemError(path);
+    return {};
+}
+
+std::expected<void, FileError> SystemFileDevice::sync(const QString& path)
+{
+    return syncPath(path, O_RDONLY);
+}
+
+std::expected<void, FileError> SystemFileDevice::syncFolder(const QString& folder)
+{
+    return syncPath(folder, O_RDONLY | O_DIRECTORY);
+}
+
+std::expected<void, FileError> SystemFileDevice::rename(const QString& from, const QString& to)
+{
+    if (::rename(QFile::encodeName(from).constData(), QFile::encodeName(to).constData()) != 0)
+        return systemError(from);
+    return {};
+}
+
+std::expected<void, FileError> SystemFileDevice::remove(const QString& path)
+{
+    if (::unlink(QFile::encodeName(path).constData()) != 0)
+        return systemError(path);
+    return {};
+}
+
+std::expected<void, FileError> SystemFileDevice::makeFolder(const QString& folder)
+{
+    if (!QDir().mkpath(folder))
+        return std::unexpected(FileError{folder, QStringLiteral("the folder cannot be made")});
+    return {};
+}
+
+QStringList SystemFileDevice::files(const QString& folder)
+{
+    return QDir(folder).entryList(QDir::Files | QDir::Hidden, QDir::Name);
+}
+
+} // namespace ledra
