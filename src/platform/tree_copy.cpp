@@ -1,0 +1,199 @@
+#include "platform/tree_copy.h"
+
+#include "platform/folder_tree.h"
+
+#include <QFile>
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <array>
+#include <cerrno>
+#include <system_error>
+
+namespace ledra {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+using Result = std::expected<void, FileError>;
+
+constexpr qint64 blockSize = 1 << 18;
+
+QString text(const fs::path& path)
+{
+    return QFile::decodeName(path.c_str());
+}
+
+std::unexpected<FileError> differs(const fs::path& original)
+{
+    return std::unexpected(FileError{text(original), QStringLiteral("the copy differs")});
+}
+
+Result openFile(QFile& file, const fs::path& path, int flags, QIODevice::OpenMode mode)
+{
+    const int number = ::open(path.c_str(), flags | O_NOFOLLOW | O_CLOEXEC, S_IRUSR | S_IWUSR);
+    if (number < 0)
+        return fileError(path, errno);
+    if (!file.open(number, mode | QIODevice::Unbuffered, QFileDevice::AutoCloseHandle))
+        return std::unexpected(FileError{text(path), file.errorString()});
+    return {};
+}
+
+std::expected<QByteArray, FileError> nextBlock(QFile& file, const fs::path& path)
+{
+    QByteArray block = file.read(blockSize);
+    if (file.error() != QFileDevice::NoError)
+        return std::unexpected(FileError{text(path), file.errorString()});
+    return block;
+}
+
+Result copyContent(const fs::path& from, const fs::path& to)
+{
+    QFile source;
+    QFile target;
+    if (const Result opened = openFile(source, from, O_RDONLY, QIODevice::ReadOnly); !opened)
+        return opened;
+    if (const Result opened = openFile(target, to, O_WRONLY | O_CREAT | O_EXCL, QIODevice::WriteOnly);
+        !opened)
+        return opened;
+    for (;;) {
+        const auto block = nextBlock(source, from);
+        if (!block)
+            return std::unexpected(block.error());
+        if (block->isEmpty())
+            return {};
+        if (target.write(*block) != block->size())
+            return std::unexpected(FileError{text(to), target.errorString()});
+    }
+}
+
+Result compareContent(const fs::path& original, const fs::path& copy)
+{
+    QFile first;
+    QFile second;
+    if (const Result opened = openFile(first, original, O_RDONLY, QIODevice::ReadOnly); !opened)
+        return opened;
+    if (const Result opened = openFile(second, copy, O_RDONLY, QIODevice::ReadOnly); !opened)
+        return opened;
+    for (;;) {
+        const auto expected = nextBlock(first, original);
+        const auto found = nextBlock(second, copy);
+        if (!expected || !found)
+            return std::unexpected(expected ? found.error() : expected.error());
+        if (*expected != *found)
+            return differs(original);
+        if (expected->isEmpty())
+            return {};
+    }
+}
+
+/// Gives a copied file or folder the permissions and times of its original; returns 0 or the number of the
+/// error.
+int keepAttributes(const struct stat& original, int copy)
+{
+    const std::array<timespec, 2> times{original.st_atim, original.st_mtim};
+    const bool kept = ::fchmod(copy, original.st_mode & (S_IRWXU | S_IRWXG | S_IRWXO)) == 0 &&
+                      ::futimens(copy, times.data()) == 0;
+    // The copy is ours, so that this can only mean that its file system keeps none.
+    return kept || errno == EPERM || errno == ENOTSUP ? 0 : errno;
+}
+
+/// Completes a copied file or folder and makes it durable.
+Result settle(const struct stat& original, const fs::path& copy)
+{
+    const int number = ::open(copy.c_str(), O_RDONLY | O_NOFOLLOW | O_CLOEXEC);
+    if (number < 0)
+        return fileError(copy, errno);
+    int code = keepAttributes(original, number);
+    if (code == 0)
+        code = syncDescriptor(number);
+    ::close(number);
+    return code == 0 ? Result() : fileError(copy, code);
+}
+
+Result copyFile(const fs::path& from, const struct stat& original, const fs::path& to)
+{
+    if (const Result copied = copyContent(from, to); !copied)
+        return copied;
+    return settle(original, to);
+}
+
+Result copyLink(const fs::path& from, const struct stat& original, const fs::path& to)
+{
+    std::error_code problem;
+    const fs::path target = fs::read_symlink(from, problem);
+    if (problem)
+        return fileError(from, problem.value());
+    const std::array<timespec, 2> times{original.st_atim, original.st_mtim};
+    if (::symlink(target.c_str(), to.c_str()) != 0 ||
+        ::utimensat(AT_FDCWD, to.c_str(), times.data(), AT_SYMLINK_NOFOLLOW) != 0)
+        return fileError(to, errno);
+    return {};
+}
+
+Result copyFolder(const fs::path& from, const struct stat& original, const fs::path& to)
+{
+    if (::mkdir(to.c_str(), S_IRWXU) != 0)
+        return fileError(to, errno);
+    const auto names = namesIn(from);
+    if (!names)
+        return std::unexpected(names.error());
+    for (const fs::path& name : *names) {
+        if (const Result copied = copyTree(from / name, to / name); !copied)
+            return copied;
+    }
+    return settle(original, to);
+}
+
+Result compareFolders(const fs::path& original, const fs::path& copy)
+{
+    const auto names = namesIn(original);
+    const auto copied = namesIn(copy);
+    if (!names || !copied)
+        return std::unexpected(names ? copied.error() : names.error());
+    if (*names != *copied)
+        return differs(original);
+    for (const fs::path& name : *names) {
+        if (const Result same = compareTrees(original / name, copy / name); !same)
+            return same;
+    }
+    return {};
+}
+
+} // namespace
+
+Result copyTree(const fs::path& from, const fs::path& to)
+{
+    const auto original = statusOf(from);
+    if (!original)
+        return std::unexpected(original.error());
+    if (S_ISREG(original->st_mode))
+        return copyFile(from, *original, to);
+    if (S_ISLNK(original->st_mode))
+        return copyLink(from, *original, to);
+    if (S_ISDIR(original->st_mode))
+        return copyFolder(from, *original, to);
+    return std::unexpected(FileError{text(from), QStringLiteral("neither a file nor a folder")});
+}
+
+Result compareTrees(const fs::path& original, const fs::path& copy)
+{
+    const auto first = statusOf(original);
+    const auto second = statusOf(copy);
+    if (!first || !second)
+        return std::unexpected(first ? second.error() : first.error());
+    if ((first->st_mode & S_IFMT) != (second->st_mode & S_IFMT))
+        return differs(original);
+    if (S_ISDIR(first->st_mode))
+        return compareFolders(original, copy);
+    if (S_ISREG(first->st_mode))
+        return compareContent(original, copy);
+    std::error_code problem;
+    const bool same = fs::read_symlink(original, problem) == fs::read_symlink(copy, problem);
+    return same && !problem ? Result() : differs(original);
+}
+
+} // namespace ledra
