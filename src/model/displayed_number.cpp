@@ -34,11 +34,14 @@ QString displayedNumber(const Invoice& invoice, const Profile& profile)
 std::int64_t nextNumber(std::span<const Invoice* const> invoices, InvoiceType type,
                         NumberResetFrequency frequency, int thisYear)
 {
+    // Comparing moments is far cheaper than asking the calendar for the year of each record.
+    const Timestamp begin = Timestamp::fromDateTime(QDate(thisYear, 1, 1).startOfDay());
+    const Timestamp end = Timestamp::fromDateTime(QDate(thisYear + 1, 1, 1).startOfDay());
     std::int64_t largest = 0;
     bool found = false;
     for (const Invoice* invoice : invoices) {
         const bool counts = invoice->type == type && (frequency == NumberResetFrequency::never ||
-                                                      invoice->date.localDate().year() == thisYear);
+                                                      (invoice->date >= begin && invoice->date < end));
         if (!counts)
             continue;
         largest = found ? std::max(largest, invoice->number) : invoice->number;

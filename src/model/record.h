@@ -98,7 +98,7 @@ public:
     }
 
     /// Calls the observer after each real change until the returned observation goes.
-    [[nodiscard]] Observation observe(Observer observer)
+    [[nodiscard]] Observation observe(Observer observer) const
     {
         if (!observers_)
             observers_ = std::make_unique<std::vector<std::weak_ptr<Slot>>>();
@@ -109,7 +109,7 @@ public:
 
     /// As above, for one field only.
     template <auto member, class Callback>
-    [[nodiscard]] Observation observe(Callback callback)
+    [[nodiscard]] Observation observe(Callback callback) const
     {
         return observe([callback = std::move(callback)](const Changes<T>& changes) {
             if (changes.template has<member>())
@@ -143,7 +143,7 @@ private:
     }
 
     T value_;
-    std::unique_ptr<std::vector<std::weak_ptr<Slot>>> observers_;
+    mutable std::unique_ptr<std::vector<std::weak_ptr<Slot>>> observers_; ///< looking on changes nothing
 };
 
 } // namespace ledra

@@ -33,4 +33,12 @@ Currency currencyOfRegion(const QString& region)
     return Currency{QString::fromLatin1(code.data(), static_cast<qsizetype>(code.size()))};
 }
 
+bool isKnownCurrency(const QString& code)
+{
+    const std::string wanted = code.toStdString();
+    return std::ranges::any_of(countryTable(),
+                               [&](const CountryFacts& row) { return row.currencyCode == wanted; }) ||
+           std::ranges::any_of(currencyTable(), [&](const CurrencyFacts& row) { return row.code == wanted; });
+}
+
 } // namespace ledra

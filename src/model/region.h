@@ -19,4 +19,7 @@ bool isGermanSpeaking(const QString& region);
 /// The region's currency; euro where the table of countries knows none.
 Currency currencyOfRegion(const QString& region);
 
+/// Whether some country pays with the currency, or documents know how to write it.
+bool isKnownCurrency(const QString& code);
+
 } // namespace ledra
