@@ -2,17 +2,30 @@
 
 namespace ledra {
 
-Decoded<Invoice> decodeInvoice(const QByteArray& document, const NewRecordValues& values, JSONReader& reader)
+Decoded<Invoice> decodeInvoiceAsFound(const QByteArray& document, Timestamp now, const QString& region,
+                                      JSONReader& reader)
 {
-    Invoice invoice = newInvoice(QUuid(), values.now, Country{values.region});
+    Invoice invoice = newInvoice(QUuid(), now, Country{region});
     if (const Decoded<void> decoded = decodeDocument(invoice, document, reader); !decoded)
         return std::unexpected(decoded.error());
+    return invoice;
+}
+
+void completeIds(Invoice& invoice, IdSource& ids)
+{
     if (invoice.id.isNull())
-        invoice.id = values.ids.newId();
+        invoice.id = ids.newId();
     for (Invoice::Item& item : invoice.items) {
         if (item.id.isNull())
-            item.id = values.ids.newId();
+            item.id = ids.newId();
     }
+}
+
+Decoded<Invoice> decodeInvoice(const QByteArray& document, const NewRecordValues& values, JSONReader& reader)
+{
+    Decoded<Invoice> invoice = decodeInvoiceAsFound(document, values.now, values.region, reader);
+    if (invoice)
+        completeIds(*invoice, values.ids);
     return invoice;
 }
 

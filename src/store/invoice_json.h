@@ -92,6 +92,13 @@ inline constexpr std::tuple jsonSchema<Invoice> = {
 [[nodiscard]] Decoded<Invoice> decodeInvoice(const QByteArray& document, const NewRecordValues& values,
                                              JSONReader& reader);
 
+/// The same, but an id that is missing stays null; for threads, which share no id source.
+[[nodiscard]] Decoded<Invoice> decodeInvoiceAsFound(const QByteArray& document, Timestamp now,
+                                                    const QString& region, JSONReader& reader);
+
+/// Gives the record and its items the ids that they lack.
+void completeIds(Invoice& invoice, IdSource& ids);
+
 /// The compact form with ISO 8601 dates that exported documents carry.
 QByteArray encodeInvoiceForEmbedding(const Invoice& invoice);
 

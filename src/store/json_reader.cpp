@@ -294,4 +294,10 @@ Decoded<void> JSONReader::readDocument(const QByteArray& document, RootVisitor v
     return {};
 }
 
+bool isWholeJson(const QByteArray& document)
+{
+    auto skipMember = [](std::string_view, JSONValue& member) { return member.skip(); };
+    return JSONReader().read(document, [&](JSONValue& root) { return root.members(skipMember); }).has_value();
+}
+
 } // namespace ledra

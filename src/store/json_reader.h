@@ -123,4 +123,7 @@ private:
     std::unique_ptr<Parser> parser_;
 };
 
+/// Whether a text is one complete JSON object, whatever it says.
+bool isWholeJson(const QByteArray& document);
+
 } // namespace ledra

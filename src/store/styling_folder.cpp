@@ -9,17 +9,11 @@ namespace ledra {
 
 namespace {
 
-constexpr qint64 largestLogo = qint64{8} * 1024 * 1024;
-constexpr qint64 largestStyleSheet = qint64{1} * 1024 * 1024;
-
-std::optional<QString> firstFile(const QString& folder, const QStringList& extensions)
+std::optional<QString> firstFile(const QString& folder, bool (*isOfKind)(const QString&))
 {
     const QStringList names = QDir(folder).entryList(QDir::Files, QDir::Name);
-    for (const QString& name : names) {
-        if (extensions.contains(QFileInfo(name).suffix().toLower()))
-            return QDir(folder).filePath(name);
-    }
-    return std::nullopt;
+    const auto found = std::ranges::find_if(names, isOfKind);
+    return found == names.end() ? std::nullopt : std::optional(QDir(folder).filePath(*found));
 }
 
 QString imageType(const QString& extension)
@@ -30,6 +24,19 @@ QString imageType(const QString& extension)
 }
 
 } // namespace
+
+bool isLogoFile(const QString& path)
+{
+    static const QStringList extensions = {QStringLiteral("svg"), QStringLiteral("png"),
+                                           QStringLiteral("jpg"), QStringLiteral("jpeg"),
+                                           QStringLiteral("webp")};
+    return extensions.contains(QFileInfo(path).suffix().toLower());
+}
+
+bool isStyleSheetFile(const QString& path)
+{
+    return QFileInfo(path).suffix().toLower() == u"css";
+}
 
 QString logoContent(const QString& fileName, const QByteArray& bytes)
 {
@@ -42,17 +49,15 @@ QString logoContent(const QString& fileName, const QByteArray& bytes)
 
 void loadStylingAssets(Styling& styling, const QString& folder, Console& console)
 {
-    const QStringList logoExtensions = {QStringLiteral("svg"), QStringLiteral("png"), QStringLiteral("jpg"),
-                                        QStringLiteral("jpeg"), QStringLiteral("webp")};
     styling.logo.reset();
     styling.css.reset();
-    if (const auto path = firstFile(folder, logoExtensions)) {
+    if (const auto path = firstFile(folder, isLogoFile)) {
         if (const auto bytes = readFile(*path, largestLogo))
             styling.logo = logoContent(*path, *bytes);
         else
             console.failure(QStringLiteral("Error loading logo content: ") + bytes.error().text());
     }
-    if (const auto path = firstFile(folder, {QStringLiteral("css")})) {
+    if (const auto path = firstFile(folder, isStyleSheetFile)) {
         if (const auto bytes = readFile(*path, largestStyleSheet))
             styling.css = QString::fromUtf8(*bytes);
         else

@@ -7,6 +7,13 @@
 
 namespace ledra {
 
+inline constexpr qint64 largestLogo = qint64{8} * 1024 * 1024;
+inline constexpr qint64 largestStyleSheet = qint64{1} * 1024 * 1024;
+
+/// By the lower-cased extension: svg, png, jpg, jpeg, webp.
+bool isLogoFile(const QString& path);
+bool isStyleSheetFile(const QString& path); ///< css
+
 /// Fills a styling's logo and style sheet from the files that lie in its folder: the first one by name whose
 /// extension is that of a logo (svg, png, jpg, jpeg, webp) or of a style sheet (css). A file that cannot be
 /// read is said on the console and left out.

@@ -1,0 +1,427 @@
+#include "store/profile_manager.h"
+
+#include "model/clock.h"
+#include "platform/file_move.h"
+#include "platform/folder_listing.h"
+#include "store/profile_directory_watcher.h"
+#include "store/profile_json.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QScopedValueRollback>
+
+#include <limits>
+
+namespace ledra {
+
+namespace {
+
+const QString activeProfileKey = QStringLiteral("activeProfileId");
+const QString darkModeKey = QStringLiteral("invoiceDarkMode");
+const QString profileFile = QStringLiteral("/profile.json");
+constexpr qsizetype longestName = 200; ///< UTF-8 bytes; file systems take 255 with the number prefix
+
+/// The number before the first "_" of a folder's name.
+std::optional<std::int64_t> numberPrefix(const QString& folderName)
+{
+    bool isNumber = false;
+    const qlonglong number = folderName.left(folderName.indexOf(u'_')).toLongLong(&isNumber);
+    return folderName.contains(u'_') && isNumber ? std::optional<std::int64_t>(number) : std::nullopt;
+}
+
+/// Folders with a number come in its order, before all others.
+std::pair<std::int64_t, QString> orderKey(const QString& folderName)
+{
+    return {numberPrefix(folderName).value_or(std::numeric_limits<std::int64_t>::max()), folderName};
+}
+
+} // namespace
+
+std::optional<QString> profileNameProblem(const QString& name)
+{
+    if (name.trimmed().isEmpty())
+        return QStringLiteral("a profile needs a name");
+    if (name.contains(u'/') || name.contains(QChar::Null) || name.contains(u'\n'))
+        return QStringLiteral("\"%1\" cannot be a profile's name: it names a folder").arg(name.simplified());
+    if (name.toUtf8().size() > longestName)
+        return QStringLiteral("the name is too long for a folder");
+    return std::nullopt;
+}
+
+ProfileManager::ProfileManager(StoreContext& context) : context_(context), dataFolder_(context)
+{
+    dataFolder_.restore();
+    profiles_ = loadProfiles();
+    if (profiles_.empty())
+        (void)createProfile(QStringLiteral("Default")); // told on the console
+    resolveActiveProfile();
+    if (context_.watchesFolders) {
+        directoryWatcher_ = std::make_unique<ProfileDirectoryWatcher>();
+        connect(directoryWatcher_.get(), &ProfileDirectoryWatcher::changed, this, [this] {
+            if (!isResolvingActiveProfile_ && !isPerformingProfileMutation_)
+                reload();
+        });
+        directoryWatcher_->watch(dataFolder());
+    }
+}
+
+ProfileManager::~ProfileManager() = default;
+
+StoreFailure ProfileManager::failed(const QString& line) const
+{
+    context_.console.failure(line);
+    return {line, true};
+}
+
+// ---- the data folder
+
+Migration ProfileManager::setCustomDataFolder(const QString& folder, const std::optional<QString>& previous)
+{
+    Migration migration = dataFolder_.setCustomPath(folder, previous);
+    afterMoving();
+    return migration;
+}
+
+Migration ProfileManager::resetDataFolderToDefault()
+{
+    Migration migration = dataFolder_.resetToDefault();
+    afterMoving();
+    return migration;
+}
+
+void ProfileManager::afterMoving()
+{
+    profiles_ = loadProfiles();
+    if (profiles_.empty())
+        (void)createProfile(QStringLiteral("Default"));
+    listChanged();
+    resolveActiveProfile();
+    if (directoryWatcher_)
+        directoryWatcher_->watch(dataFolder());
+    Q_EMIT dataFolderChanged();
+}
+
+// ---- loading
+
+std::vector<ProfilePtr> ProfileManager::loadProfiles()
+{
+    const QString data = dataFolder();
+    std::expected<std::vector<FolderEntry>, FileError> entries = listFolder(data);
+    if (!entries) {
+        context_.console.failure(QStringLiteral("Error loading profiles: ") + entries.error().text());
+        return {};
+    }
+    std::erase_if(*entries, [&](const FolderEntry& entry) {
+        return entry.name.startsWith(u'.') || !isProfileFolder(data + u'/' + entry.name);
+    });
+    std::ranges::sort(*entries, {}, [](const FolderEntry& entry) { return orderKey(entry.name); });
+
+    QHash<QString, Known> before;
+    before.swap(known_);
+    std::vector<ProfilePtr> loaded;
+    for (const FolderEntry& entry : *entries) {
+        if (const auto record = load(entry.name, before))
+            loaded.push_back(record);
+    }
+    return loaded;
+}
+
+/// Reads one profile. A record that is known by its folder or its id stays the same object, and its content as well
+/// when the file cannot be read any more.
+std::shared_ptr<ProfileRecord> ProfileManager::load(const QString& folderName, QHash<QString, Known>& before)
+{
+    const QString path = dataFolder() + u'/' + folderName + profileFile;
+    const auto read = [&]() -> std::expected<Profile, QString> {
+        const std::expected<QByteArray, FileError> content = readFile(path, largestRecordFile);
+        if (!content)
+            return std::unexpected(content.error().reason);
+        known_[folderName].mark = ContentMark::of(*content);
+        if (before.value(folderName).record && before[folderName].mark == known_[folderName].mark)
+            return **before[folderName].record;
+        Decoded<Profile> profile = decodeProfile(*content, context_.newRecordValues());
+        if (!profile)
+            return std::unexpected(profile.error().text());
+        return std::move(*profile);
+    };
+    std::expected<Profile, QString> profile = read();
+    if (!profile) { // another process that is writing it holds the lock until the file is whole
+        const InterprocessLock::Guard guard = context_.writer.lock();
+        profile = read();
+    }
+    Known known = before.take(folderName);
+    if (!profile) {
+        context_.console.failure(
+            QStringLiteral("Error loading profile from %1: %2").arg(folderName, profile.error()));
+    } else {
+        profile->profileName = folderName;
+        if (!known.record || (**known.record).id != profile->id)
+            known.record = takeRecord(profile->id, before);
+        if (known.record)
+            known.record->edit([&](Profile& value) { value = *profile; });
+        else
+            known.record = std::make_shared<ProfileRecord>(*profile);
+    }
+    known_[folderName].record = known.record;
+    return known.record;
+}
+
+/// The record of that id whose folder has gone, which now has another name.
+std::shared_ptr<ProfileRecord> ProfileManager::takeRecord(const QUuid& id, QHash<QString, Known>& before) const
+{
+    for (auto known = before.begin(); known != before.end(); ++known) {
+        const bool hasGone = !isProfileFolder(dataFolder() + u'/' + known.key());
+        if (hasGone && known->record && (**known->record).id == id)
+            return std::exchange(known->record, nullptr);
+    }
+    return nullptr;
+}
+
+void ProfileManager::reload()
+{
+    const auto contents = [this] {
+        std::vector<Profile> values;
+        for (const ProfilePtr& profile : profiles_)
+            values.push_back(**profile);
+        return values;
+    };
+    const std::vector<Profile> before = contents();
+    profiles_ = loadProfiles();
+    if (contents() != before)
+        listChanged();
+    resolveActiveProfile();
+    if (directoryWatcher_)
+        directoryWatcher_->watch(dataFolder());
+}
+
+void ProfileManager::listChanged()
+{
+    ++profilesRevision_;
+    Q_EMIT profilesChanged();
+}
+
+ProfilePtr ProfileManager::find(const QUuid& id) const
+{
+    const auto found = std::ranges::find_if(profiles_, [&](const ProfilePtr& p) { return (*p)->id == id; });
+    return found == profiles_.end() ? nullptr : *found;
+}
+
+// ---- folders
+
+std::int64_t ProfileManager::nextFolderNumber() const
+{
+    const auto entries = listFolder(dataFolder());
+    if (!entries) {
+        context_.console.failure(QStringLiteral("Error reading profile folders: ") + entries.error().text());
+        return 1;
+    }
+    std::optional<std::int64_t> largest;
+    for (const FolderEntry& entry : *entries) {
+        if (const auto number = entry.name.startsWith(u'.') ? std::nullopt : numberPrefix(entry.name))
+            largest = std::max(largest.value_or(*number), *number);
+    }
+    return largest && *largest < std::numeric_limits<std::int64_t>::max() ? *largest + 1 : 1;
+}
+
+std::optional<QString> ProfileManager::folderNameOf(const Profile& profile) const
+{
+    const QString data = dataFolder();
+    if (profile.profileName && QFileInfo::exists(data + u'/' + *profile.profileName))
+        return profile.profileName;
+    QStringList names = QDir(data).entryList(QDir::Dirs | QDir::NoDotAndDotDot, QDir::Name);
+    for (const QString& name : names) {
+        if (name.startsWith(u'.') || !isProfileFolder(data + u'/' + name))
+            continue;
+        const auto content = readFile(data + u'/' + name + profileFile, largestRecordFile);
+        const Decoded<Profile> found =
+            content ? decodeProfile(*content, context_.newRecordValues())
+                    : std::unexpected(DecodingError{.kind = {}, .path = {}, .detail = content.error().reason});
+        if (!found)
+            context_.console.failure(
+                QStringLiteral("Error loading profile from %1: %2").arg(name, found.error().text()));
+        else if (found->id == profile.id)
+            return name;
+    }
+    return std::nullopt;
+}
+
+std::optional<QString> ProfileManager::profileFolder(const Profile& profile) const
+{
+    const std::optional<QString> name = folderNameOf(profile);
+    return name ? std::optional(dataFolder() + u'/' + *name) : std::nullopt;
+}
+
+std::optional<QString> ProfileManager::subfolder(const Profile& profile, const QString& name, bool create) const
+{
+    const std::optional<QString> folder = profileFolder(profile);
+    if (!folder)
+        return std::nullopt;
+    if (create)
+        QDir().mkpath(*folder + u'/' + name); // shows when it is used
+    return *folder + u'/' + name;
+}
+
+QString ProfileManager::folderNameFor(const Profile& profile, const QString& displayName)
+{
+    const QString current = profile.profileName.value_or(QString());
+    return numberPrefix(current) ? current.left(current.indexOf(u'_') + 1) + displayName : displayName;
+}
+
+// ---- saving
+
+std::expected<ProfilePtr, StoreFailure> ProfileManager::createProfile(const QString& name)
+{
+    if (const std::optional<QString> problem = profileNameProblem(name))
+        return std::unexpected(StoreFailure{*problem});
+    const QScopedValueRollback mutation(isPerformingProfileMutation_, true);
+    const InterprocessLock::Guard guard = context_.writer.lock();
+    const QString folderName = QString::number(nextFolderNumber()) + u'_' + name;
+    Profile profile = newProfile(context_.ids.newId(), context_.region);
+    profile.profileName = folderName;
+    if (const auto written = writeProfile(profile, folderName); !written)
+        return std::unexpected(written.error());
+    profiles_ = loadProfiles();
+    listChanged();
+    if (directoryWatcher_)
+        directoryWatcher_->watch(dataFolder());
+    const ProfilePtr created = find(profile.id);
+    return created ? std::expected<ProfilePtr, StoreFailure>(created)
+                   : std::unexpected(StoreFailure{folderName + QStringLiteral(": cannot be read again")});
+}
+
+std::expected<void, StoreFailure> ProfileManager::writeProfile(const Profile& profile, const QString& folderName)
+{
+    const auto known = known_.constFind(folderName);
+    const auto written = context_.writer.write(
+        {.path = dataFolder() + u'/' + folderName + profileFile,
+         .content = fileText(profile),
+         .known = known == known_.constEnd() ? std::nullopt : std::optional(known->mark)});
+    if (!written)
+        return std::unexpected(failed(QStringLiteral("Error saving profile: ") + written.error().text()));
+    known_[folderName].mark = *written;
+    return {};
+}
+
+std::expected<void, StoreFailure> ProfileManager::saveProfile(const Profile& profile, const QString& folderName)
+{
+    const QScopedValueRollback mutation(isPerformingProfileMutation_, true);
+    const InterprocessLock::Guard guard = context_.writer.lock();
+    const std::optional<QString> current = folderNameOf(profile);
+    if (current != folderName) {
+        if (!current)
+            return std::unexpected(
+                failed(profile.profileName == folderName
+                           ? QStringLiteral("Error saving profile: directory not found")
+                           : QStringLiteral("Error renaming profile folder: source not found")));
+        if (auto renamed = renameFolder(*current, folderName); !renamed)
+            return renamed;
+    }
+    Profile saved = profile;
+    saved.profileName = folderName;
+    if (auto written = writeProfile(saved, folderName); !written)
+        return written;
+    if (const auto& record = known_[folderName].record)
+        record->edit([&](Profile& value) { value = saved; });
+    profiles_ = loadProfiles();
+    listChanged();
+    if (activeProfile_ && (*activeProfile_)->id == saved.id) {
+        copyDarkMode(saved);
+        if (current != folderName)
+            Q_EMIT activeProfileChanged(); // its files have other places
+    }
+    if (directoryWatcher_)
+        directoryWatcher_->watch(dataFolder());
+    return {};
+}
+
+std::expected<void, StoreFailure> ProfileManager::renameFolder(const QString& from, const QString& to)
+{
+    const QString data = dataFolder() + u'/';
+    if (QFileInfo::exists(data + to))
+        return std::unexpected(
+            failed(QStringLiteral("Error renaming profile folder: destination already exists")));
+    if (const auto moved = moveFile(data + from, data + to); !moved)
+        return std::unexpected(
+            failed(QStringLiteral("Error renaming profile folder: ") + moved.error().text()));
+    known_.insert(to, known_.take(from));
+    context_.writer.conflicts().relocate(data + from, data + to);
+    return {};
+}
+
+std::expected<void, StoreFailure> ProfileManager::removeProfile(const QUuid& id)
+{
+    const ProfilePtr profile = find(id);
+    const std::optional<QString> folder = profile ? profileFolder(**profile) : std::nullopt;
+    if (!folder)
+        return std::unexpected(StoreFailure{QStringLiteral("the profile has no folder")});
+    if (profiles_.size() == 1)
+        return std::unexpected(StoreFailure{QStringLiteral("the last profile cannot be deleted")});
+    const QScopedValueRollback mutation(isPerformingProfileMutation_, true);
+    if (const auto trashed = context_.trash.put(*folder); !trashed)
+        return std::unexpected(StoreFailure{trashed.error().text()});
+    reload();
+    return {};
+}
+
+// ---- the active profile
+
+void ProfileManager::resolveActiveProfile(const std::optional<QUuid>& preferred)
+{
+    const QScopedValueRollback resolving(isResolvingActiveProfile_, true);
+    ProfilePtr chosen = preferred ? find(*preferred) : nullptr;
+    if (chosen)
+        isForThisRun_ = false;
+    if (!chosen && activeProfile_)
+        chosen = find((*activeProfile_)->id);
+    if (!chosen) {
+        const QString remembered = context_.defaults.value(activeProfileKey).toString();
+        const auto found = std::ranges::find_if(
+            profiles_, [&](const ProfilePtr& profile) { return idText((*profile)->id) == remembered; });
+        chosen = found == profiles_.end() ? nullptr : *found;
+    }
+    if (!chosen && !profiles_.empty())
+        chosen = profiles_.front();
+    if (!isForThisRun_)
+        remember(chosen);
+    setActive(chosen);
+}
+
+void ProfileManager::useForThisRun(const QUuid& id)
+{
+    if (const ProfilePtr profile = find(id)) {
+        isForThisRun_ = true;
+        setActive(profile);
+    }
+}
+
+void ProfileManager::setActive(const ProfilePtr& profile)
+{
+    if (profile == activeProfile_)
+        return;
+    activeProfile_ = profile;
+    Q_EMIT activeProfileChanged();
+}
+
+void ProfileManager::remember(const ProfilePtr& profile)
+{
+    const QString stored = context_.defaults.value(activeProfileKey).toString();
+    const QString wanted = profile ? idText((*profile)->id) : QString();
+    if (profile)
+        copyDarkMode(**profile);
+    if (stored == wanted)
+        return;
+    const auto written = profile ? context_.defaults.setValue(activeProfileKey, wanted)
+                                 : context_.defaults.remove(activeProfileKey);
+    if (!written)
+        context_.console.failure(written.error());
+}
+
+/// Screens read the setting; the profile only carries it from one computer to the next.
+void ProfileManager::copyDarkMode(const Profile& profile)
+{
+    if (context_.defaults.boolean(darkModeKey, false) == profile.invoiceDarkMode)
+        return;
+    if (const auto written = context_.defaults.setValue(darkModeKey, profile.invoiceDarkMode); !written)
+        context_.console.failure(written.error());
+}
+
+} // namespace ledra

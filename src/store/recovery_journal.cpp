@@ -1,0 +1,157 @@
+#include "store/recovery_journal.h"
+
+#include "platform/process_identity.h"
+#include "store/json_reader.h"
+
+#include <QCryptographicHash>
+#include <QDataStream>
+#include <QDateTime>
+#include <QFileInfo>
+
+namespace ledra {
+
+namespace {
+
+constexpr quint32 magic = 0x4C454A31; // "LEJ1", the first layout
+constexpr auto streamVersion = QDataStream::Qt_6_4;
+constexpr qint64 largestEntry = 2 * largestRecordFile;
+const QString entrySuffix = QStringLiteral(".entry");
+
+QByteArray encoded(const JournalEntry& entry)
+{
+    QByteArray fields;
+    QDataStream stream(&fields, QIODevice::WriteOnly);
+    stream.setVersion(streamVersion);
+    stream << entry.target << entry.oldHash << entry.content << entry.moved << entry.movedHash << entry.owner;
+
+    QByteArray whole;
+    QDataStream frame(&whole, QIODevice::WriteOnly);
+    frame.setVersion(streamVersion);
+    frame << magic << fields << journalHash(fields);
+    return whole;
+}
+
+std::optional<JournalEntry> decoded(const QByteArray& whole)
+{
+    quint32 mark = 0;
+    QByteArray fields;
+    QByteArray hash;
+    QDataStream frame(whole);
+    frame.setVersion(streamVersion);
+    frame >> mark >> fields >> hash;
+    if (frame.status() != QDataStream::Ok || mark != magic || hash != journalHash(fields))
+        return std::nullopt;
+
+    JournalEntry entry;
+    QDataStream stream(fields);
+    stream.setVersion(streamVersion);
+    stream >> entry.target >> entry.oldHash >> entry.content >> entry.moved >> entry.movedHash >> entry.owner;
+    return stream.status() == QDataStream::Ok ? std::optional(std::move(entry)) : std::nullopt;
+}
+
+} // namespace
+
+QByteArray journalHash(const QByteArray& content)
+{
+    return QCryptographicHash::hash(content, QCryptographicHash::Sha256);
+}
+
+RecoveryJournal::RecoveryJournal(QString folder, FileDevice& device, Console& console)
+    : folder_(std::move(folder)), device_(device), console_(console)
+{}
+
+std::expected<QString, FileError> RecoveryJournal::begin(const JournalEntry& entry)
+{
+    // Entries sort by age, so that recovery can begin with the latest.
+    const QString name = QStringLiteral("%1-%2-%3")
+                             .arg(QDateTime::currentMSecsSinceEpoch(), 15, 10, QChar(u'0'))
+                             .arg(nextEntry_++, 9, 10, QChar(u'0'))
+                             .arg(entry.owner.section(u':', 1, 1));
+    const QString draft = folder_ + u'/' + name + QStringLiteral(".draft");
+    const QString file = folder_ + u'/' + name + entrySuffix;
+    std::expected<void, FileError> step = device_.makeFolder(folder_);
+    if (step)
+        step = device_.write(draft, encoded(entry));
+    if (step)
+        step = device_.sync(draft);
+    if (step)
+        step = device_.rename(draft, file);
+    if (step)
+        step = device_.syncFolder(folder_);
+    if (step)
+        return file;
+    const FileError error = step.error();
+    end(draft);
+    return std::unexpected(error);
+}
+
+void RecoveryJournal::end(const QString& entryFile)
+{
+    // An entry that stays is harmless: its target holds the new version, and the next start removes it.
+    if (const auto removed = device_.remove(entryFile); !removed)
+        console_.information(QStringLiteral("RecoveryJournal: ") + removed.error().text());
+}
+
+void RecoveryJournal::recover()
+{
+    QStringList names = device_.files(folder_);
+    std::reverse(names.begin(), names.end());
+    for (const QString& name : names) {
+        const QString file = folder_ + u'/' + name;
+        if (name.endsWith(QStringLiteral(".draft")))
+            end(file); // its target was never touched
+        if (!name.endsWith(entrySuffix))
+            continue;
+        const auto whole = device_.read(file, largestEntry);
+        const std::optional<JournalEntry> entry =
+            whole ? decoded(whole->value_or(QByteArray())) : std::nullopt;
+        if (!entry)
+            console_.failure(QStringLiteral("RecoveryJournal: cannot read ") + file);
+        else if (!isAlive(entry->owner) && settle(*entry))
+            end(file);
+    }
+}
+
+bool RecoveryJournal::settle(const JournalEntry& entry)
+{
+    const auto current = device_.read(entry.target, largestRecordFile);
+    if (!current)
+        return current.error().reason.startsWith(QStringLiteral("larger")); // then it is not what was being written
+    if (!*current)
+        return true;
+    const QByteArray hash = journalHash(**current);
+    if (hash == journalHash(entry.content))
+        return finishMove(entry);
+    const bool isBeginningOfNew = entry.content.startsWith(**current); // all but the last line feed, say
+    if (hash == entry.oldHash || (isWholeJson(**current) && !isBeginningOfNew))
+        return true;
+    std::expected<void, FileError> step = device_.write(entry.target, entry.content);
+    if (step)
+        step = device_.sync(entry.target);
+    if (!step) {
+        console_.failure(QStringLiteral("RecoveryJournal: ") + step.error().text());
+        return false;
+    }
+    console_.information(QStringLiteral("RecoveryJournal: finished the interrupted saving of ") + entry.target);
+    return finishMove(entry);
+}
+
+bool RecoveryJournal::finishMove(const JournalEntry& entry)
+{
+    if (entry.moved.isEmpty())
+        return true;
+    const auto left = device_.read(entry.moved, largestRecordFile);
+    if (!left || !*left || journalHash(**left) != entry.movedHash)
+        return true;
+    // The new name must be durable before the old one goes.
+    std::expected<void, FileError> step = device_.sync(entry.target);
+    if (step)
+        step = device_.syncFolder(QFileInfo(entry.target).path());
+    if (step)
+        step = device_.remove(entry.moved);
+    if (step)
+        step = device_.syncFolder(QFileInfo(entry.moved).path());
+    return step.has_value();
+}
+
+} // namespace ledra

@@ -1,0 +1,202 @@
+#include "store/styling_manager.h"
+
+#include "platform/folder_watcher.h"
+#include "store/styling_folder.h"
+#include "store/styling_json.h"
+
+#include <QDir>
+#include <QFileInfo>
+
+namespace ledra {
+
+namespace {
+
+const QString stylingFile = QStringLiteral("/styling.json");
+
+} // namespace
+
+StylingManager::StylingManager(StoreContext& context, ProfileManager& profiles, UsageSignals& usage)
+    : context_(context), profiles_(profiles), usage_(usage), saver_([this] { (void)save(); })
+{
+    open();
+    connect(&profiles, &ProfileManager::activeProfileChanged, this, &StylingManager::open);
+    connect(&profiles, &ProfileManager::dataFolderChanged, this, &StylingManager::open);
+}
+
+StylingManager::~StylingManager() = default;
+
+void StylingManager::open()
+{
+    const ProfilePtr& profile = profiles_.activeProfile();
+    const QString folder =
+        profile ? profiles_.profileFolder(**profile).value_or(QString()) : QString();
+    if (folder == folder_)
+        return;
+    saver_.flush();
+    folder_ = folder;
+    styling_.reset();
+    watcher_.reset();
+    if (context_.watchesFolders && !folder_.isEmpty()) {
+        watcher_ = std::make_unique<FolderWatcher>(folder_);
+        connect(watcher_.get(), &FolderWatcher::changed, this, &StylingManager::follow, Qt::QueuedConnection);
+    }
+    load();
+}
+
+void StylingManager::follow(const FolderChanges& changes)
+{
+    const auto isAsset = [](const QString& name) { return isLogoFile(name) || isStyleSheetFile(name); };
+    const QString path = folder_ + stylingFile;
+    const auto isForeign = [&] {
+        const auto content = readFile(path, largestRecordFile);
+        return (content ? std::optional(ContentMark::of(*content)) : std::nullopt) != mark_;
+    };
+    if ((changes.rescan || changes.names.contains(QStringLiteral("styling.json"))) && isForeign())
+        load();
+    else if (changes.rescan || std::ranges::any_of(changes.names, isAsset))
+        loadAssets();
+}
+
+void StylingManager::load()
+{
+    if (saver_.isPending())
+        return; // saving will find the other version and keep it
+    if (folder_.isEmpty()) {
+        styling_.reset();
+        published_.reset();
+        mark_.reset();
+        touch();
+        return;
+    }
+    Styling loaded = newStyling(QUuid(), context_.region);
+    const QString path = folder_ + stylingFile;
+    mark_.reset();
+    if (QFileInfo::exists(path)) {
+        const auto content = readFile(path, largestRecordFile);
+        const Decoded<Styling> decoded = content ? decodeStyling(*content, context_.newRecordValues())
+                                                 : std::unexpected(DecodingError{});
+        if (decoded) {
+            loaded = *decoded;
+            mark_ = ContentMark::of(*content);
+        } else { // without a mark: the first save keeps what could not be read
+            context_.console.failure(
+                QStringLiteral("Error loading styling from %1: %2")
+                    .arg(path, content ? decoded.error().text() : content.error().reason));
+        }
+    }
+    if (loaded.id.isNull())
+        loaded.id = styling_ ? (*styling_)->id : context_.ids.newId();
+    loadStylingAssets(loaded, folder_, context_.console);
+    if (styling_)
+        styling_->edit([&](Styling& styling) { styling = loaded; });
+    else
+        styling_ = std::make_shared<StylingRecord>(loaded);
+    published_ = styling_;
+    touch();
+}
+
+void StylingManager::loadAssets()
+{
+    if (!styling_)
+        return;
+    Styling loaded = **styling_;
+    loadStylingAssets(loaded, folder_, context_.console);
+    if (loaded == **styling_)
+        return;
+    styling_->edit([&](Styling& styling) { styling = loaded; });
+    touch();
+}
+
+void StylingManager::touch()
+{
+    lastUpdated_ = context_.clock.now();
+    Q_EMIT changed();
+}
+
+void StylingManager::fontCatalogDidLoad()
+{
+    load();
+}
+
+std::expected<void, StoreFailure> StylingManager::save()
+{
+    if (!styling_)
+        return std::unexpected(StoreFailure{QStringLiteral("No active profile selected")});
+    const auto written = context_.writer.writeAtomically(
+        {.path = folder_ + stylingFile, .content = fileText(**styling_), .known = mark_});
+    if (!written) {
+        const QString line = QStringLiteral("Error saving styling: ") + written.error().text();
+        context_.console.failure(line);
+        return std::unexpected(StoreFailure{line, true});
+    }
+    mark_ = *written;
+    return {};
+}
+
+std::expected<void, StoreFailure> StylingManager::edit(const std::function<void(Styling&)>& change)
+{
+    if (!styling_)
+        return std::unexpected(StoreFailure{QStringLiteral("No active profile selected")});
+    styling_->edit(change);
+    touch();
+    return save();
+}
+
+void StylingManager::editSoon(const std::function<void(Styling&)>& change)
+{
+    if (!styling_)
+        return;
+    styling_->edit(change);
+    touch();
+    saver_.schedule();
+}
+
+// ---- imports
+
+std::expected<void, StylingError> StylingManager::importLogo(const QString& path)
+{
+    if (!isLogoFile(path))
+        return std::unexpected(StylingError{QStringLiteral(
+            "Invalid file type. Only SVG, PNG, JPG, JPEG, and WebP files are supported for logos.")});
+    return import(path, QStringLiteral("logo.") + QFileInfo(path).suffix().toLower(), isLogoFile, largestLogo);
+}
+
+std::expected<void, StylingError> StylingManager::importStyleSheet(const QString& path)
+{
+    if (!isStyleSheetFile(path))
+        return std::unexpected(
+            StylingError{QStringLiteral("Invalid file type. Only CSS files are supported.")});
+    auto imported = import(path, QStringLiteral("style.css"), isStyleSheetFile, largestStyleSheet);
+    if (imported)
+        usage_.record(QStringLiteral("Styling.CSS"));
+    return imported;
+}
+
+/// Puts a file into the profile's folder under the name `target`; then the others of its kind go.
+std::expected<void, StylingError> StylingManager::import(const QString& path, const QString& target,
+                                                         bool (*isOfKind)(const QString&), qint64 limit)
+{
+    if (folder_.isEmpty())
+        return std::unexpected(StylingError{QStringLiteral("No active profile selected")});
+    const auto content = readFile(path, limit);
+    if (!content)
+        return std::unexpected(StylingError{content.error().text()});
+    QStringList earlier = QDir(folder_).entryList(QDir::Files, QDir::Name);
+    earlier.removeIf([&](const QString& name) { return !isOfKind(name) || name == target; });
+    const QString targetPath = folder_ + u'/' + target;
+    const auto before = readFile(targetPath, limit); // what the user replaces is no conflict
+    const auto written = context_.writer.writeAtomically(
+        {.path = targetPath,
+         .content = *content,
+         .known = before ? std::optional(ContentMark::of(*before)) : std::nullopt});
+    if (!written)
+        return std::unexpected(StylingError{written.error().text()});
+    for (const QString& name : std::as_const(earlier)) {
+        if (const auto trashed = context_.trash.put(folder_ + u'/' + name); !trashed)
+            return std::unexpected(StylingError{trashed.error().text()});
+    }
+    loadAssets();
+    return {};
+}
+
+} // namespace ledra
