@@ -5,7 +5,7 @@
 //   left out engine_bench print N FILE.json…     loads and prints the page of each invoice, N side by side
 //   engine_bench memory FOLDER FILE.json…   exports all into the folder and weighs the processes on the way
 
-#include "app/export_batch.h"
+#include "app/export_sources.h"
 #include "bare_engine.h"
 #include "model/region.h"
 #include "process_memory.h"
@@ -133,10 +133,9 @@ int measureMemory(const QStringList& arguments)
     QtWebEngine engine;
     ExportOrder order;
     order.target = arguments.front();
-    order.files.assign(arguments.begin() + 1, arguments.end());
-    order.profile = records.files.defaultProfile();
-    order.styling = records.files.defaultStyling();
-    ExportBatch batch(order, records.files, engine, records.fonts, records.console, observer);
+    order.sources = fileSources(arguments.mid(1), records.files, records.files.defaultProfile(),
+                                records.files.defaultStyling());
+    ExportBatch batch(order, engine, records.fonts, records.console, observer);
     waitFor([&](auto done) {
         QObject::connect(&batch, &ExportBatch::finished, done);
         batch.start();

@@ -4,6 +4,8 @@
 #include <QFileInfo>
 #include <QTimer>
 
+#include <set>
+
 namespace ledra {
 
 namespace {
@@ -19,11 +21,15 @@ QString extensionOf(ExportFormat format)
 
 } // namespace
 
-ExportBatch::ExportBatch(ExportOrder order, BareFiles& files, WebEngine& engine, WebFontManager& fonts,
-                         Console& console, ExportObserver& observer)
-    : order_(std::move(order)), files_(files), fonts_(fonts), export_(engine, console), observer_(observer)
+ExportBatch::ExportBatch(ExportOrder order, WebEngine& engine, WebFontManager& fonts, Console& console,
+                         ExportObserver& observer)
+    : order_(std::move(order)), fonts_(fonts), export_(engine, console), observer_(observer)
 {
-    fonts_.loadFor(order_.styling);
+    std::set<const DocumentSetting*> settings;
+    for (const ExportSource& source : order_.sources) {
+        if (settings.insert(source.setting.get()).second)
+            fonts_.loadFor(source.setting->styling);
+    }
 }
 
 void ExportBatch::start()
@@ -33,35 +39,33 @@ void ExportBatch::start()
 
 void ExportBatch::startMore()
 {
-    while (underWay_ < mostUnderWay && next_ < order_.files.size())
-        startOne(order_.files[next_++]);
+    while (underWay_ < mostUnderWay && next_ < order_.sources.size())
+        startOne(order_.sources[next_++]);
     if (underWay_ == 0)
         Q_EMIT finished();
 }
 
-std::expected<QString, QString> ExportBatch::targetOf(const QString& source)
+std::expected<QString, QString> ExportBatch::targetOf(const ExportSource& source)
 {
     if (order_.target == standardStream)
         return order_.target;
     const bool isFolder = QFileInfo(order_.target).isDir();
-    const QString stem =
-        source == standardStream ? QStringLiteral("document") : QFileInfo(source).completeBaseName();
-    const QString name = stem + extensionOf(order_.format);
+    const QString name = source.stem + extensionOf(order_.format);
     QString target = isFolder ? QDir(order_.target).filePath(name) : order_.target;
     const QString absolute = QFileInfo(target).absoluteFilePath();
     if (targets_.contains(absolute))
-        return std::unexpected(source + QStringLiteral(": another document of this batch is written to ") +
-                               target);
+        return std::unexpected(source.label +
+                               QStringLiteral(": another document of this batch is written to ") + target);
     if (order_.overwrite == Overwrite::refuse && QFileInfo::exists(target))
-        return std::unexpected(source + QStringLiteral(": ") + target +
+        return std::unexpected(source.label + QStringLiteral(": ") + target +
                                QStringLiteral(" exists already (--force overwrites it)"));
     targets_.insert(absolute);
     return target;
 }
 
-void ExportBatch::startOne(const QString& source)
+void ExportBatch::startOne(const ExportSource& source)
 {
-    const std::expected<Invoice, QString> invoice = files_.invoice(source);
+    const std::expected<Invoice, QString> invoice = source.read();
     if (!invoice) {
         fail(source, invoice.error());
         return;
@@ -71,51 +75,46 @@ void ExportBatch::startOne(const QString& source)
         fail(source, target.error());
         return;
     }
-    DocumentSetting setting;
-    setting.profile = order_.profile;
-    setting.styling = order_.styling;
-    setting.invoices = [this, folder = QFileInfo(source).absolutePath()](const QUuid& id) {
-        return files_.findInvoice(folder, id);
-    };
     ++underWay_;
-    export_.run(*invoice, setting, fonts_, order_.format,
-                [this, source, target = *target](const std::expected<ExportedDocument, QString>& document) {
+    export_.run(*invoice, *source.setting, fonts_, order_.format,
+                [this, &source, target = *target](const std::expected<ExportedDocument, QString>& document) {
                     done(source, target, document);
                 });
 }
 
-void ExportBatch::done(const QString& source, const QString& target,
+void ExportBatch::done(const ExportSource& source, const QString& target,
                        const std::expected<ExportedDocument, QString>& document)
 {
     --underWay_;
     if (document)
         write(source, target, *document);
     else
-        fail(source, source + QStringLiteral(": ") + document.error());
+        fail(source, source.label + QStringLiteral(": ") + document.error());
     startMore();
 }
 
-void ExportBatch::write(const QString& source, const QString& target, const ExportedDocument& document)
+void ExportBatch::write(const ExportSource& source, const QString& target, const ExportedDocument& document)
 {
     if (target == standardStream) {
         observer_.content(document.content);
     } else if (const auto written = writeExport(target, document.content, order_.overwrite); !written) {
-        fail(source, source + QStringLiteral(": ") + written.error().text());
+        fail(source, source.label + QStringLiteral(": ") + written.error().text());
         return;
     }
-    observer_.written(source, target);
+    observer_.written(source.file, target);
     if (!document.isMeasured) {
         ++failures_;
-        observer_.warned(source,
-                         source + QStringLiteral(": the pages could not be measured; check the breaks in ") +
+        observer_.warned(source.file,
+                         source.label +
+                             QStringLiteral(": the pages could not be measured; check the breaks in ") +
                              target);
     }
 }
 
-void ExportBatch::fail(const QString& source, const QString& line)
+void ExportBatch::fail(const ExportSource& source, const QString& line)
 {
     ++failures_;
-    observer_.failed(source, line);
+    observer_.failed(source.file, line);
 }
 
 } // namespace ledra

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "app/bare_files.h"
 #include "app/document_export.h"
 
 #include <QObject>
@@ -10,18 +9,27 @@
 
 namespace ledra {
 
+/// One document of a batch.
+struct ExportSource
+{
+    QString file;                                          ///< where the record comes from
+    QString label;                                         ///< how messages name it
+    QString stem;                                          ///< of the document's file name
+    std::function<std::expected<Invoice, QString>()> read; ///< the error is a complete line
+    std::shared_ptr<const DocumentSetting> setting;
+};
+
 /// What a batch writes and where.
 struct ExportOrder
 {
-    std::vector<QString> files; ///< invoice files
+    std::vector<ExportSource> sources;
     ExportFormat format = ExportFormat::pdf;
     QString target; ///< a folder, a file for a single document, or "-" for the standard output
     Overwrite overwrite = Overwrite::refuse;
-    Profile profile;
-    Styling styling;
 };
 
-/// How a batch tells what happens to its documents. A line is complete: it names the document.
+/// How a batch tells what happens to its documents, which it names by the files of their records. A line is
+/// complete: it names the document.
 class ExportObserver
 {
 public:
@@ -39,8 +47,8 @@ class ExportBatch : public QObject
     Q_OBJECT
 
 public:
-    ExportBatch(ExportOrder order, BareFiles& files, WebEngine& engine, WebFontManager& fonts,
-                Console& console, ExportObserver& observer);
+    ExportBatch(ExportOrder order, WebEngine& engine, WebFontManager& fonts, Console& console,
+                ExportObserver& observer);
 
     /// Works until everything is done; then says finished().
     void start();
@@ -52,15 +60,14 @@ Q_SIGNALS:
 
 private:
     void startMore();
-    void startOne(const QString& source);
-    void done(const QString& source, const QString& target,
+    void startOne(const ExportSource& source);
+    void done(const ExportSource& source, const QString& target,
               const std::expected<ExportedDocument, QString>& document);
-    void write(const QString& source, const QString& target, const ExportedDocument& document);
-    void fail(const QString& source, const QString& line);
-    std::expected<QString, QString> targetOf(const QString& source);
+    void write(const ExportSource& source, const QString& target, const ExportedDocument& document);
+    void fail(const ExportSource& source, const QString& line);
+    std::expected<QString, QString> targetOf(const ExportSource& source);
 
     ExportOrder order_;
-    BareFiles& files_;
     WebFontManager& fonts_;
     DocumentExport export_;
     ExportObserver& observer_;

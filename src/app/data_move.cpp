@@ -1,0 +1,34 @@
+#include "app/data_move.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+
+#include <cerrno>
+#include <cstring>
+
+#include <unistd.h>
+
+namespace ledra {
+
+std::expected<Migration, QString> moveData(ProfileManager& profiles, const QString& folder)
+{
+    const QString current = profiles.dataFolder();
+    const QFileInfo target(folder);
+    if (target.exists() && !target.isDir())
+        return std::unexpected(folder + QStringLiteral(": not a folder"));
+    if (!QDir().mkpath(folder))
+        return std::unexpected(folder + QStringLiteral(": the folder cannot be made"));
+    const QString wanted = target.canonicalFilePath();
+    const QString source = QFileInfo(current).canonicalFilePath();
+    if (wanted == source)
+        return std::unexpected(folder + QStringLiteral(": the data lie there already"));
+    if (wanted.startsWith(source + u'/'))
+        return std::unexpected(folder + QStringLiteral(": lies inside the data folder"));
+    if (::access(QFile::encodeName(wanted).constData(), W_OK | X_OK) != 0)
+        return std::unexpected(QStringLiteral("%1: the folder cannot be written to (%2)")
+                                   .arg(folder, QString::fromLocal8Bit(std::strerror(errno))));
+    return profiles.setCustomDataFolder(wanted, profiles.customDataPath());
+}
+
+} // namespace ledra

@@ -1,0 +1,158 @@
+#include "app/invoice_jobs.h"
+
+#include "model/displayed_number.h"
+
+#include <QFile>
+
+#include <cerrno>
+#include <cstring>
+
+#include <unistd.h>
+
+namespace ledra {
+
+namespace {
+
+JobFailure from(const StoreFailure& failure)
+{
+    return {JobFailure::Kind::store, failure.text, failure.isReported};
+}
+
+template <class T>
+JobResult<T> from(std::expected<T, StoreFailure> result)
+{
+    if (!result)
+        return std::unexpected(from(result.error()));
+    if constexpr (std::is_void_v<T>)
+        return {};
+    else
+        return std::move(*result);
+}
+
+/// What may change in a guarded record.
+Invoice withoutFreeFields(Invoice invoice)
+{
+    invoice.status = {};
+    invoice.statusUpdateDate = {};
+    invoice.note.clear();
+    invoice.reference.reset();
+    return invoice;
+}
+
+std::optional<QString> unwritable(const QString& folder)
+{
+    if (::access(QFile::encodeName(folder).constData(), W_OK | X_OK) == 0 || errno == ENOENT)
+        return std::nullopt;
+    return QStringLiteral("%1: the folder cannot be written to (%2)")
+        .arg(folder, QString::fromLocal8Bit(std::strerror(errno)));
+}
+
+} // namespace
+
+bool isGuarded(const Invoice& invoice)
+{
+    return invoice.status != Status::draft;
+}
+
+std::optional<JobFailure> InvoiceJobs::writeProblem() const
+{
+    const ProfilePtr& profile = profiles_.activeProfile();
+    if (!profile)
+        return JobFailure{JobFailure::Kind::refused, QStringLiteral("there is no profile")};
+    const QString folder = profiles_.profileFolder(**profile).value_or(profiles_.dataFolder());
+    for (const QString& path : {profiles_.dataFolder(), folder, folder + QStringLiteral("/Invoices")}) {
+        if (const std::optional<QString> problem = unwritable(path))
+            return JobFailure{JobFailure::Kind::store, *problem};
+    }
+    return std::nullopt;
+}
+
+JobResult<InvoicePtr> InvoiceJobs::find(const QUuid& id) const
+{
+    if (const auto problem = writeProblem())
+        return std::unexpected(*problem);
+    if (const InvoicePtr record = invoices_.find(id))
+        return record;
+    return std::unexpected(JobFailure{.text = QStringLiteral("no record has the id ") + idText(id)});
+}
+
+JobFailure InvoiceJobs::guarded(const InvoicePtr& record) const
+{
+    return {JobFailure::Kind::guarded, QStringLiteral("%1 is %2 and is not to be changed any more")
+                                           .arg(displayedNumber(**record, **profiles_.activeProfile()),
+                                                displayText((*record)->status).toLower())};
+}
+
+JobResult<InvoicePtr> InvoiceJobs::create(InvoiceType type, const InvoiceManager::Adjust& fill)
+{
+    if (const auto problem = writeProblem())
+        return std::unexpected(*problem);
+    return from(invoices_.create(type, fill));
+}
+
+JobResult<InvoicePtr> InvoiceJobs::duplicate(const QUuid& id)
+{
+    const JobResult<InvoicePtr> record = find(id);
+    return record ? from(invoices_.duplicate(id)) : record;
+}
+
+JobResult<InvoicePtr> InvoiceJobs::cancel(const QUuid& id)
+{
+    const JobResult<InvoicePtr> record = find(id);
+    if (!record)
+        return record;
+    if ((**record)->type != InvoiceType::invoice)
+        return std::unexpected(JobFailure{.text = QStringLiteral("only an invoice can be cancelled")});
+    return from(invoices_.createCancellation(id));
+}
+
+JobResult<InvoicePtr> InvoiceJobs::convert(const QUuid& id)
+{
+    const JobResult<InvoicePtr> record = find(id);
+    if (!record)
+        return record;
+    if ((**record)->type != InvoiceType::quote)
+        return std::unexpected(JobFailure{.text = QStringLiteral("only a quote can be made into an invoice")});
+    return from(invoices_.createInvoiceFromQuote(id));
+}
+
+JobResult<void> InvoiceJobs::edit(const QUuid& id, const std::function<void(Invoice&)>& change, Force force)
+{
+    const JobResult<InvoicePtr> record = find(id);
+    if (!record)
+        return std::unexpected(record.error());
+    Invoice changed = ***record;
+    change(changed);
+    if (force == Force::no && isGuarded(***record) &&
+        withoutFreeFields(changed) != withoutFreeFields(***record))
+        return std::unexpected(guarded(*record));
+    return from(invoices_.edit(id, change));
+}
+
+JobResult<void> InvoiceJobs::refreshNumberSettings(const QUuid& id, Force force)
+{
+    const JobResult<InvoicePtr> record = find(id);
+    if (!record)
+        return std::unexpected(record.error());
+    if (force == Force::no && isGuarded(***record))
+        return std::unexpected(guarded(*record));
+    return from(invoices_.refreshNumberSettings(id));
+}
+
+JobResult<void> InvoiceJobs::setStatus(const QUuid& id, Status status)
+{
+    const JobResult<InvoicePtr> record = find(id);
+    return record ? from(invoices_.setStatus(id, status)) : std::unexpected(record.error());
+}
+
+JobResult<void> InvoiceJobs::remove(const QUuid& id, Force force)
+{
+    const JobResult<InvoicePtr> record = find(id);
+    if (!record)
+        return std::unexpected(record.error());
+    if (force == Force::no && isGuarded(***record))
+        return std::unexpected(guarded(*record));
+    return from(invoices_.remove(id));
+}
+
+} // namespace ledra

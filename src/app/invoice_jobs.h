@@ -1,0 +1,70 @@
+#pragma once
+
+#include "store/invoice_manager.h"
+#include "store/profile_manager.h"
+
+#include <expected>
+#include <functional>
+
+namespace ledra {
+
+/// Whether a record may be changed that has left the house.
+enum class Force { no, yes };
+
+/// Why a job was not done.
+struct JobFailure
+{
+    enum class Kind {
+        guarded, ///< done with Force::yes
+        refused, ///< it makes no sense
+        store,   ///< the store could not
+    };
+
+    Kind kind = Kind::refused;
+    QString text;
+    bool isReported = false; ///< the console has said it already
+};
+
+template <class T>
+using JobResult = std::expected<T, JobFailure>;
+
+/// What users do to invoices, quotes and cancellations. The rules that no front end may forget are kept here:
+///
+/// A record that is sent, paid or cancelled is a document that others hold. It is edited or deleted only with force;
+/// its status, its note and its reference stay free.
+class InvoiceJobs
+{
+public:
+    InvoiceJobs(InvoiceManager& invoices, const ProfileManager& profiles)
+        : invoices_(invoices), profiles_(profiles)
+    {}
+
+    /// @param fill completes the new record before it is written
+    JobResult<InvoicePtr> create(InvoiceType type, const InvoiceManager::Adjust& fill = {});
+
+    JobResult<InvoicePtr> duplicate(const QUuid& id);
+    JobResult<InvoicePtr> cancel(const QUuid& id);  ///< makes the cancellation; invoices only
+    JobResult<InvoicePtr> convert(const QUuid& id); ///< makes the invoice; quotes only
+
+    JobResult<void> edit(const QUuid& id, const std::function<void(Invoice&)>& change, Force force);
+    JobResult<void> refreshNumberSettings(const QUuid& id, Force force);
+    JobResult<void> setStatus(const QUuid& id, Status status);
+
+    /// To the trash.
+    JobResult<void> remove(const QUuid& id, Force force);
+
+    /// Why nothing can be written to the active profile at all; nothing when it can.
+    std::optional<JobFailure> writeProblem() const;
+
+private:
+    JobResult<InvoicePtr> find(const QUuid& id) const;
+    JobFailure guarded(const InvoicePtr& record) const;
+
+    InvoiceManager& invoices_;
+    const ProfileManager& profiles_;
+};
+
+/// Whether a record is one that others hold.
+bool isGuarded(const Invoice& invoice);
+
+} // namespace ledra

@@ -1,0 +1,103 @@
+#include "app/ledra_app.h"
+
+#include "app/record_lookup.h"
+#include "model/region.h"
+#include "render/web_font_manager.h"
+
+#include <QStandardPaths>
+
+namespace ledra {
+
+namespace {
+
+/// The application's folder of the user, whatever the running program is called.
+QString supportFolder()
+{
+    return QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) + QStringLiteral("/Ledra");
+}
+
+} // namespace
+
+LedraApp::LedraApp(const LaunchOptions& options)
+    : appDelegate_(std::make_unique<AppDelegate>()),
+      windows_(options.windows),
+      updater_(options.updater),
+      settings_(defaults_),
+      trash_(supportFolder() + QStringLiteral("/Trash")),
+      writer_(supportFolder(), options.device ? *options.device : systemDevice_, options.console),
+      context_{supportFolder(),
+               systemRegion(),
+               options.clock ? *options.clock : systemClock_,
+               options.ids ? *options.ids : randomIds_,
+               defaults_,
+               writer_,
+               trash_,
+               options.console,
+               options.watchesFolders},
+      usage_(supportFolder() + QStringLiteral("/UsageSignals.txt"), defaults_)
+{
+    if (updater_)
+        updater_->start();
+    writer_.recover();
+    profileManager_ = std::make_unique<ProfileManager>(context_);
+    chooseProfile(options.profile);
+    invoiceManager_ = std::make_unique<InvoiceManager>(context_, *profileManager_);
+    filterManager_ = std::make_unique<FilterManager>(*invoiceManager_, *profileManager_, context_.clock);
+    stylingManager_ = std::make_unique<StylingManager>(context_, *profileManager_, usage_);
+    jobs_ = std::make_unique<InvoiceJobs>(*invoiceManager_, *profileManager_);
+    keptFiles_ = std::make_unique<KeptFiles>(context_, *profileManager_, *invoiceManager_);
+    connectDelegate();
+}
+
+LedraApp::~LedraApp() = default;
+
+void LedraApp::chooseProfile(const std::optional<QString>& wanted)
+{
+    if (!wanted)
+        return;
+    if (const auto profile = lookUpProfile(*profileManager_, *wanted))
+        profileManager_->useForThisRun((**profile)->id);
+    else
+        launchProblem_ = profile.error();
+}
+
+void LedraApp::connectDelegate()
+{
+    connect(appDelegate_.get(), &AppDelegate::invoiceLinkOpened, this, &LedraApp::reveal);
+    connect(appDelegate_.get(), &AppDelegate::searchResultPicked, this,
+            [this](const QUuid& invoiceId, const QUuid& profileId) {
+                profileManager_->resolveActiveProfile(profileId);
+                reveal(invoiceId);
+            });
+    connect(appDelegate_.get(), &AppDelegate::pluginHandedOver, this, [this] {
+        if (windows_)
+            windows_->openSettings();
+        Q_EMIT openPluginSettings();
+    });
+}
+
+void LedraApp::reveal(const QUuid& id)
+{
+    if (windows_)
+        windows_->showMainWindow();
+    pendingSpotlightInvoiceId = id;
+    Q_EMIT revealRequested();
+}
+
+void LedraApp::setUndoStackSource(std::function<QUndoStack*()> source)
+{
+    invoiceManager_->setUndoStackSource(std::move(source));
+}
+
+void LedraApp::followFonts(const WebFontManager& fonts)
+{
+    connect(&fonts, &WebFontManager::fontCatalogDidLoad, stylingManager_.get(),
+            &StylingManager::fontCatalogDidLoad);
+}
+
+QString LedraApp::badgeLabel(int count) const
+{
+    return settings_.boolean("showBadge") && count >= 1 ? QString::number(count) : QString();
+}
+
+} // namespace ledra

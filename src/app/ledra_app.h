@@ -1,0 +1,131 @@
+#pragma once
+
+#include "app/app_delegate.h"
+#include "app/filter_manager.h"
+#include "app/invoice_jobs.h"
+#include "app/kept_files.h"
+#include "app/settings.h"
+#include "platform/file_device.h"
+#include "store/styling_manager.h"
+
+#include <QObject>
+
+#include <memory>
+#include <optional>
+
+namespace ledra {
+
+class WebFontManager;
+
+/// The windows, as the application needs them; the user interface implements it.
+class WindowController
+{
+public:
+    virtual ~WindowController() = default;
+
+    /// Brings the main window and the application to the front.
+    virtual void showMainWindow() = 0;
+    virtual void openSettings() = 0;
+};
+
+/// Looks for newer versions of the application.
+class UpdaterController
+{
+public:
+    virtual ~UpdaterController() = default;
+    virtual void start() = 0;
+    virtual void checkForUpdates() = 0;
+};
+
+/// What the application gets from outside. Tests put in a clock, ids and a device of their own; what is missing is
+/// the computer's. A command has neither windows nor an updater.
+struct LaunchOptions
+{
+    Console& console;
+    const Clock* clock = nullptr;
+    IdSource* ids = nullptr;
+    FileDevice* device = nullptr;
+    WindowController* windows = nullptr;
+    UpdaterController* updater = nullptr;
+    bool watchesFolders = true;
+    std::optional<QString> profile = {}; ///< the one to work with in this run, as lookUpProfile() takes it
+};
+
+/// The application: its long-lived objects and its state. The command line and the windows are two front ends over
+/// it. They read the stores; what changes records goes through jobs().
+///
+/// It is built in a fixed order, each step complete before the next: what was interrupted last time is finished, then
+/// the updater starts, then the profiles and after them the invoices of the active one are loaded.
+class LedraApp : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit LedraApp(const LaunchOptions& options);
+    ~LedraApp() override;
+
+    AppDelegate& appDelegate() { return *appDelegate_; }
+    ProfileManager& profileManager() { return *profileManager_; }
+    const InvoiceManager& invoiceManager() const { return *invoiceManager_; }
+    FilterManager& filterManager() { return *filterManager_; }
+    StylingManager& stylingManager() { return *stylingManager_; }
+    InvoiceJobs& jobs() { return *jobs_; }
+    KeptFiles& keptFiles() { return *keptFiles_; }
+    Settings& settings() { return settings_; }
+    UpdaterController* updaterController() { return updater_; }
+    const Clock& clock() const { return context_.clock; }
+    IdSource& ids() { return context_.ids; }
+
+    /// Why the wanted profile could not be taken; nothing when all is well.
+    const std::optional<QString>& launchProblem() const { return launchProblem_; }
+
+    /// Hands in the undo stack of the window in front.
+    void setUndoStackSource(std::function<QUndoStack*()> source);
+
+    /// Makes style sheets anew when the catalogue has loaded.
+    void followFonts(const WebFontManager& fonts);
+
+    /// The label of the icon in the dock: the count, or nothing.
+    QString badgeLabel(int count) const;
+
+    // What the windows show.
+    bool openEdit = false;
+    std::optional<QUuid> selectedInvoiceId;
+    std::optional<QUuid> selectedReminderId;
+    std::optional<QUuid> pendingSpotlightInvoiceId; ///< to be revealed once the list is ready
+    bool showDeleteConfirmation = false;
+    InvoicePtr invoiceToDelete;
+    bool isSearchFieldFocused = false;
+    bool showSearchBar = false;
+
+Q_SIGNALS:
+    void revealRequested();    ///< pendingSpotlightInvoiceId was set
+    void openPluginSettings(); ///< the settings are to show their page of plugins
+
+private:
+    void connectDelegate();
+    void reveal(const QUuid& id);
+    void chooseProfile(const std::optional<QString>& wanted);
+
+    std::unique_ptr<AppDelegate> appDelegate_;
+    WindowController* windows_;
+    UpdaterController* updater_;
+    SystemClock systemClock_;
+    RandomIdSource randomIds_;
+    SystemFileDevice systemDevice_;
+    FileUserDefaults defaults_;
+    Settings settings_;
+    TrashBin trash_;
+    DataFileWriter writer_;
+    StoreContext context_;
+    UsageSignals usage_;
+    std::unique_ptr<ProfileManager> profileManager_;
+    std::unique_ptr<InvoiceManager> invoiceManager_;
+    std::unique_ptr<FilterManager> filterManager_;
+    std::unique_ptr<StylingManager> stylingManager_;
+    std::unique_ptr<InvoiceJobs> jobs_;
+    std::unique_ptr<KeptFiles> keptFiles_;
+    std::optional<QString> launchProblem_;
+};
+
+} // namespace ledra

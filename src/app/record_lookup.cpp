@@ -1,0 +1,84 @@
+#include "app/record_lookup.h"
+
+#include "model/clock.h"
+#include "model/displayed_number.h"
+
+namespace ledra {
+
+namespace {
+
+constexpr qsizetype shortestPrefix = 6;
+
+/// The one candidate, or a list of all of them as an error.
+template <class Record, class Describe>
+std::expected<Record, QString> only(const std::vector<Record>& candidates, const QString& text,
+                                    const Describe& describe)
+{
+    if (candidates.size() == 1)
+        return candidates.front();
+    QString lines = QStringLiteral("\"%1\" may mean any of").arg(text);
+    for (const Record& candidate : candidates)
+        lines += QStringLiteral("\n  ") + describe(candidate);
+    return std::unexpected(lines);
+}
+
+template <class Record>
+std::vector<Record> select(const std::vector<Record>& records, const auto& condition)
+{
+    std::vector<Record> selected;
+    std::ranges::copy_if(records, std::back_inserter(selected), condition);
+    return selected;
+}
+
+bool isIdPrefix(const QString& text)
+{
+    return text.size() >= shortestPrefix;
+}
+
+} // namespace
+
+std::expected<InvoicePtr, QString> lookUpInvoice(const InvoiceManager& invoices, const ProfileManager& profiles,
+                                                 const QString& text)
+{
+    const ProfilePtr& profile = profiles.activeProfile();
+    if (!profile)
+        return std::unexpected(QStringLiteral("there is no profile"));
+    if (const InvoicePtr found = invoices.find(QUuid::fromString(text)))
+        return found;
+    const auto describe = [&](const InvoicePtr& invoice) {
+        return QStringList{idText((*invoice)->id), displayedNumber(**invoice, **profile),
+                           dayText((*invoice)->date.localDate())}
+            .join(QStringLiteral("  "));
+    };
+    std::vector<InvoicePtr> candidates = select(invoices.invoices(), [&](const InvoicePtr& invoice) {
+        return displayedNumber(**invoice, **profile) == text;
+    });
+    if (candidates.empty() && isIdPrefix(text))
+        candidates = select(invoices.invoices(), [&](const InvoicePtr& invoice) {
+            return idText((*invoice)->id).startsWith(text, Qt::CaseInsensitive);
+        });
+    if (candidates.empty())
+        return std::unexpected(QStringLiteral("no invoice, quote or cancellation is called \"%1\"").arg(text));
+    return only(candidates, text, describe);
+}
+
+std::expected<ProfilePtr, QString> lookUpProfile(const ProfileManager& profiles, const QString& text)
+{
+    const auto describe = [](const ProfilePtr& profile) {
+        return (*profile)->profileName.value_or(QString()) + QStringLiteral("  ") + idText((*profile)->id);
+    };
+    const auto matching = [&](const auto& condition) { return select(profiles.profiles(), condition); };
+    std::vector<ProfilePtr> candidates =
+        matching([&](const ProfilePtr& profile) { return (*profile)->profileName == text; });
+    if (candidates.empty())
+        candidates = matching([&](const ProfilePtr& profile) { return (*profile)->displayName() == text; });
+    if (candidates.empty() && isIdPrefix(text))
+        candidates = matching([&](const ProfilePtr& profile) {
+            return idText((*profile)->id).startsWith(text, Qt::CaseInsensitive);
+        });
+    if (candidates.empty())
+        return std::unexpected(QStringLiteral("no profile is called \"%1\"").arg(text));
+    return only(candidates, text, describe);
+}
+
+} // namespace ledra

@@ -1,0 +1,58 @@
+#pragma once
+
+#include "model/text_enum.h"
+#include "platform/user_defaults.h"
+
+#include <QString>
+#include <QStringList>
+#include <QVariant>
+
+#include <expected>
+#include <span>
+
+namespace ledra {
+
+/// The icon that the application gives itself.
+enum class AppIcon { standard };
+
+template <>
+inline constexpr std::array enumTexts<AppIcon> = {EnumText{AppIcon::standard, "standard", "Standard"}};
+
+/// Light, dark, or what the desktop has.
+enum class Appearance { system, light, dark };
+
+template <>
+inline constexpr std::array enumTexts<Appearance> = {
+    EnumText{Appearance::system, "system", "System"},
+    EnumText{Appearance::light, "light", "Light"},
+    EnumText{Appearance::dark, "dark", "Dark"},
+};
+
+/// One setting of the application that users may change directly.
+struct SettingSpec
+{
+    const char* key;
+    const char* absent; ///< the value that holds when none is stored
+    QStringList (*allowed)();
+    const char* help;
+};
+
+/// All of them, in the order in which they are listed.
+std::span<const SettingSpec> settingSpecs();
+
+/// The application's settings by their keys, as texts that are checked when they are set.
+class Settings
+{
+public:
+    explicit Settings(UserDefaults& defaults) : defaults_(defaults) {}
+
+    [[nodiscard]] std::expected<QString, QString> text(const QString& key) const;
+    [[nodiscard]] std::expected<void, QString> set(const QString& key, const QString& text);
+
+    bool boolean(const char* key) const { return text(QString::fromLatin1(key)) == QStringLiteral("true"); }
+
+private:
+    UserDefaults& defaults_;
+};
+
+} // namespace ledra
