@@ -1,5 +1,7 @@
 #include "cli/command.h"
 
+#include "platform/file_io.h"
+
 #include <array>
 #include <cstdio>
 
@@ -9,6 +11,8 @@ namespace {
 
 constexpr std::array common = {
     OptionSpec{"help", "h", "", "Show what the command does and what it takes."},
+    OptionSpec{"profile", "", "NAME", "Work with this profile; the active one stays."},
+    OptionSpec{"json", "", "", "Write the result for programs."},
     OptionSpec{"quiet", "q", "", "Say nothing but failures."},
     OptionSpec{"verbose", "", "", "Say what is done on the way."},
 };
@@ -18,6 +22,12 @@ constexpr std::array common = {
 std::span<const OptionSpec> commonOptions()
 {
     return common;
+}
+
+bool namesFile(const QString& argument)
+{
+    return argument == standardStream || argument.contains(u'/') ||
+           argument.endsWith(QStringLiteral(".json"), Qt::CaseInsensitive);
 }
 
 void sayFailure(const QString& line)

@@ -44,6 +44,9 @@ public:
     bool has(const char* option) const { return parser_.isSet(QString::fromLatin1(option)); }
     QString value(const char* option) const { return parser_.value(QString::fromLatin1(option)); }
 
+    /// Of an option that may be given several times.
+    QStringList values(const char* option) const { return parser_.values(QString::fromLatin1(option)); }
+
 private:
     const QCommandLineParser& parser_;
 };
@@ -57,6 +60,10 @@ public:
     virtual const CommandSpec& spec() const = 0;
     virtual ExitCode run(const CommandArguments& arguments) = 0;
 };
+
+/// Whether an argument names a file rather than a record of the data folder: it ends in ".json", holds a
+/// slash, or is the standard stream.
+bool namesFile(const QString& argument);
 
 /// A line on standard error: "ledra: " and what happened.
 void sayFailure(const QString& line);

@@ -1,7 +1,16 @@
 #include "cli/command_table.h"
 
+#include "cli/conflicts_command.h"
+#include "cli/data_command.h"
+#include "cli/edit_commands.h"
 #include "cli/export_command.h"
+#include "cli/list_command.h"
+#include "cli/make_commands.h"
+#include "cli/profile_command.h"
+#include "cli/settings_command.h"
 #include "cli/show_command.h"
+#include "cli/styling_command.h"
+#include "cli/trash_command.h"
 
 namespace ledra {
 
@@ -29,7 +38,21 @@ QString optionText(const OptionSpec& option)
 std::vector<std::unique_ptr<Command>> allCommands()
 {
     std::vector<std::unique_ptr<Command>> commands;
+    commands.push_back(std::make_unique<ProfileCommand>());
+    commands.push_back(std::make_unique<DataCommand>());
+    commands.push_back(std::make_unique<SettingsCommand>());
+    commands.push_back(std::make_unique<NewCommand>());
+    commands.push_back(std::make_unique<ListCommand>());
     commands.push_back(std::make_unique<ShowCommand>());
+    commands.push_back(std::make_unique<SetCommand>());
+    commands.push_back(std::make_unique<StatusCommand>());
+    commands.push_back(makeDuplicateCommand());
+    commands.push_back(makeCancelCommand());
+    commands.push_back(makeConvertCommand());
+    commands.push_back(std::make_unique<DeleteCommand>());
+    commands.push_back(std::make_unique<TrashCommand>());
+    commands.push_back(std::make_unique<ConflictsCommand>());
+    commands.push_back(std::make_unique<StylingCommand>());
     commands.push_back(std::make_unique<ExportCommand>());
     return commands;
 }

@@ -1,7 +1,10 @@
 #include "cli/export_command.h"
 
-#include "app/export_batch.h"
+#include "app/export_sources.h"
+#include "app/record_lookup.h"
 #include "cli/export_report.h"
+#include "cli/list_options.h"
+#include "cli/session.h"
 #include "model/region.h"
 #include "render/qt_web_engine.h"
 
@@ -15,17 +18,18 @@ namespace ledra {
 
 namespace {
 
-constexpr std::array options = {
+constexpr std::array ownOptions = {
     OptionSpec{"format", "", "pdf|html", "The form of the documents; pdf unless said otherwise."},
     OptionSpec{"output", "o", "FILE|FOLDER",
                "Where to write; the current folder unless said otherwise, - for stdout."},
+    OptionSpec{"all", "", "", "All records of the profile, or those that the options below choose."},
     OptionSpec{"styling", "", "FILE", "A styling.json; logo and style sheet beside it are taken too."},
-    OptionSpec{"profile-file", "", "FILE", "A profile.json for what the invoices themselves leave open."},
+    OptionSpec{"profile-file", "", "FILE", "A profile.json for what invoice files leave open."},
     OptionSpec{"force", "", "", "Overwrite existing files."},
-    OptionSpec{"json", "", "", "Write what happened to each document as a JSON list."},
 };
+constexpr auto options = withFilterOptions(ownOptions);
 
-constexpr CommandSpec exportSpec = {"export", "FILE.json…",
+constexpr CommandSpec exportSpec = {"export", "ID…|FILE.json…|--all",
                                     "Write invoices, quotes and cancellations as documents.", options, true};
 
 /// Makes the folder that several documents go into; says why it cannot.
@@ -46,60 +50,146 @@ bool namesFolder(const QString& target, std::size_t documents)
     return documents > 1 || target.endsWith(u'/') || QFileInfo(target).isDir();
 }
 
-/// What the arguments order; the error is one line.
-std::expected<ExportOrder, QString> orderOf(const CommandArguments& arguments, BareFiles& files)
+bool choosesAll(const CommandArguments& arguments)
 {
-    ExportOrder order;
-    const QStringList positional = arguments.positional();
-    order.files.assign(positional.begin(), positional.end());
-    order.overwrite = arguments.has("force") ? Overwrite::replace : Overwrite::refuse;
-    order.target = arguments.has("output") ? arguments.value("output") : QStringLiteral(".");
-    order.format =
-        enumFromRawValue<ExportFormat>(arguments.value("format").toStdString()).value_or(order.format);
-
-    std::expected<Styling, QString> styling = files.defaultStyling();
-    if (arguments.has("styling"))
-        styling = files.styling(arguments.value("styling"));
-    if (!styling)
-        return std::unexpected(styling.error());
-    order.styling = *styling;
-
-    std::expected<Profile, QString> profile = files.defaultProfile();
-    if (arguments.has("profile-file"))
-        profile = files.profile(arguments.value("profile-file"));
-    if (!profile)
-        return std::unexpected(profile.error());
-    order.profile = *profile;
-    return order;
+    return arguments.has("all") || hasFilter(arguments);
 }
 
 std::optional<QString> usageProblem(const CommandArguments& arguments)
 {
-    const auto count = arguments.positional().size();
-    if (count == 0)
-        return QStringLiteral("no file given");
+    const QStringList positional = arguments.positional();
+    if (positional.isEmpty() && !choosesAll(arguments))
+        return QStringLiteral("which documents? Give numbers, ids or files, or --all");
+    if (!positional.isEmpty() && choosesAll(arguments))
+        return QStringLiteral("either single documents or --all with its filters");
     if (arguments.has("format") && !enumFromRawValue<ExportFormat>(arguments.value("format").toStdString()))
         return QStringLiteral("unknown format \"%1\"").arg(arguments.value("format"));
     const bool toStream = arguments.value("output") == standardStream;
-    if (toStream && count > 1)
+    if (toStream && (positional.size() > 1 || choosesAll(arguments)))
         return QStringLiteral("only one document can go to the standard output");
     if (toStream && arguments.has("json"))
         return QStringLiteral("the standard output cannot take both the document and --json");
-    return std::nullopt;
+    const std::expected<InvoiceFilter, QString> filter = filterFrom(arguments);
+    return filter ? std::nullopt : std::optional(filter.error());
 }
 
-ExitCode runBatch(ExportOrder order, BareFiles& files, Console& console, ReportStyle style)
+/// Finds the documents that the arguments name. It keeps what they are made from.
+class SourceFinder
 {
-    ExportReport report(order.files.size(), style);
+public:
+    SourceFinder(const CommandArguments& arguments, Console& console)
+        : arguments_(arguments), console_(console), files_(clock_, ids_, systemRegion(), console)
+    {}
+
+    /// All sources; what is wrong has been said when there are none. A record that is not found is named, and
+    /// the others go on.
+    std::expected<std::vector<ExportSource>, ExitCode> find();
+
+    bool hasMissing() const { return hasMissing_; }
+
+private:
+    std::expected<std::vector<ExportSource>, ExitCode> fromFiles(const QStringList& paths);
+    std::expected<std::vector<ExportSource>, ExitCode> fromRecords(const QStringList& names);
+    std::expected<std::vector<ExportSource>, QString> withOwnStyling(std::vector<ExportSource> sources);
+
+    const CommandArguments& arguments_;
+    Console& console_;
+    SystemClock clock_;
+    RandomIdSource ids_;
+    BareFiles files_;
+    std::unique_ptr<Session> session_;
+    bool hasMissing_ = false;
+};
+
+std::expected<std::vector<ExportSource>, ExitCode> SourceFinder::find()
+{
+    const QStringList positional = arguments_.positional();
+    QStringList paths;
+    QStringList names;
+    for (const QString& argument : positional)
+        (namesFile(argument) ? paths : names) += argument;
+    auto sources = paths.isEmpty() ? std::vector<ExportSource>() : fromFiles(paths);
+    if (!sources || (names.isEmpty() && !choosesAll(arguments_)))
+        return sources;
+    auto records = fromRecords(names);
+    if (!records)
+        return records;
+    std::ranges::move(*records, std::back_inserter(*sources));
+    return sources;
+}
+
+std::expected<std::vector<ExportSource>, ExitCode> SourceFinder::fromFiles(const QStringList& paths)
+{
+    std::expected<Profile, QString> profile = files_.defaultProfile();
+    if (arguments_.has("profile-file"))
+        profile = files_.profile(arguments_.value("profile-file"));
+    std::expected<Styling, QString> styling = files_.defaultStyling();
+    if (arguments_.has("styling"))
+        styling = files_.styling(arguments_.value("styling"));
+    if (!profile || !styling)
+        return std::unexpected(failed(profile ? styling.error() : profile.error()));
+    return fileSources(paths, files_, *profile, *styling);
+}
+
+std::expected<std::vector<ExportSource>, ExitCode> SourceFinder::fromRecords(const QStringList& names)
+{
+    auto session = Session::start(arguments_);
+    if (!session)
+        return std::unexpected(session.error());
+    session_ = std::move(*session);
+    LedraApp& app = session_->app();
+    std::vector<InvoicePtr> records;
+    if (choosesAll(arguments_))
+        records =
+            app.filterManager().filtered(filterFrom(arguments_).value()); // usageProblem() has looked at it
+    for (const QString& name : names) {
+        if (const auto record = lookUpInvoice(app.invoiceManager(), app.profileManager(), name))
+            records.push_back(*record);
+        else
+            hasMissing_ = failed(record.error()) == ExitCode::failed;
+    }
+    std::vector<ExportSource> sources = recordSources(records, app);
+    auto styled = withOwnStyling(std::move(sources));
+    if (!styled)
+        return std::unexpected(failed(styled.error()));
+    return *styled;
+}
+
+/// With --styling the records are shown in that one.
+std::expected<std::vector<ExportSource>, QString>
+SourceFinder::withOwnStyling(std::vector<ExportSource> sources)
+{
+    if (!arguments_.has("styling") || sources.empty())
+        return sources;
+    const auto styling = files_.styling(arguments_.value("styling"));
+    if (!styling)
+        return std::unexpected(styling.error());
+    const auto setting = std::make_shared<DocumentSetting>(*sources.front().setting);
+    setting->styling = *styling;
+    for (ExportSource& source : sources)
+        source.setting = setting;
+    return sources;
+}
+
+ExitCode runBatch(ExportOrder order, Console& console, ReportStyle style)
+{
+    ExportReport report(order.sources.size(), style);
     QtWebEngine engine;
     WebFontManager fonts;
-    ExportBatch batch(std::move(order), files, engine, fonts, console, report);
+    ExportBatch batch(std::move(order), engine, fonts, console, report);
     QEventLoop loop;
     QObject::connect(&batch, &ExportBatch::finished, &loop, &QEventLoop::quit);
     batch.start();
     loop.exec();
     report.finish();
     return batch.hasFailures() ? ExitCode::failed : ExitCode::done;
+}
+
+ReportStyle styleFrom(const CommandArguments& arguments)
+{
+    if (arguments.has("json"))
+        return ReportStyle::json;
+    return arguments.has("quiet") ? ReportStyle::quiet : ReportStyle::text;
 }
 
 } // namespace
@@ -114,26 +204,27 @@ ExitCode ExportCommand::run(const CommandArguments& arguments)
     if (const std::optional<QString> problem = usageProblem(arguments))
         return wrongUsage(spec(), *problem);
 
-    CommandConsole console(arguments.has("verbose") ? CommandConsole::Verbosity::verbose
-                                                    : CommandConsole::Verbosity::normal);
-    const SystemClock clock;
-    RandomIdSource ids;
-    BareFiles files(clock, ids, systemRegion(), console);
-    const std::expected<ExportOrder, QString> order = orderOf(arguments, files);
-    if (!order) {
-        sayFailure(order.error());
+    CommandConsole console(verbosityOf(arguments));
+    SourceFinder finder(arguments, console);
+    const auto sources = finder.find();
+    if (!sources)
+        return sources.error();
+    if (sources->empty() && finder.hasMissing())
         return ExitCode::failed;
+
+    ExportOrder order;
+    order.sources = *sources;
+    order.overwrite = arguments.has("force") ? Overwrite::replace : Overwrite::refuse;
+    order.target = arguments.has("output") ? arguments.value("output") : QStringLiteral(".");
+    order.format =
+        enumFromRawValue<ExportFormat>(arguments.value("format").toStdString()).value_or(order.format);
+    const std::size_t count = choosesAll(arguments) ? 2 : order.sources.size();
+    if (order.target != standardStream && namesFolder(order.target, count)) {
+        if (const std::optional<QString> problem = prepareFolder(order.target))
+            return failed(*problem);
     }
-    if (order->target != standardStream && namesFolder(order->target, order->files.size())) {
-        if (const std::optional<QString> problem = prepareFolder(order->target)) {
-            sayFailure(*problem);
-            return ExitCode::failed;
-        }
-    }
-    const ReportStyle style = arguments.has("json")    ? ReportStyle::json
-                              : arguments.has("quiet") ? ReportStyle::quiet
-                                                       : ReportStyle::text;
-    return runBatch(*order, files, console, style);
+    const ExitCode code = runBatch(std::move(order), console, styleFrom(arguments));
+    return finder.hasMissing() ? ExitCode::failed : code;
 }
 
 } // namespace ledra

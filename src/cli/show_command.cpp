@@ -2,6 +2,8 @@
 
 #include "app/bare_files.h"
 #include "app/invoice_summary.h"
+#include "app/record_lookup.h"
+#include "cli/session.h"
 #include "model/region.h"
 
 #include <array>
@@ -11,12 +13,48 @@ namespace ledra {
 namespace {
 
 constexpr std::array options = {
-    OptionSpec{"json", "", "", "Write one JSON object: the record's own keys and the computed values."},
-    OptionSpec{"profile-file", "", "FILE", "A profile.json for what the invoice itself leaves open."},
+    OptionSpec{"profile-file", "", "FILE", "A profile.json for what an invoice file leaves open."},
 };
 
-constexpr CommandSpec showSpec = {"show", "FILE.json", "Show an invoice, a quote or a cancellation.", options,
-                                  false};
+constexpr CommandSpec showSpec = {"show", "ID|FILE.json", "Show an invoice, a quote or a cancellation.",
+                                  options, false};
+
+void show(const Invoice& invoice, const Profile& profile, Timestamp now, const CommandArguments& arguments)
+{
+    if (arguments.has("json"))
+        writeOutput(summaryJson(invoice, profile, now));
+    else
+        writeOutput(summaryText(invoice, profile, now));
+}
+
+ExitCode showFile(const QString& path, const CommandArguments& arguments)
+{
+    CommandConsole console(verbosityOf(arguments));
+    const SystemClock clock;
+    RandomIdSource ids;
+    BareFiles files(clock, ids, systemRegion(), console);
+    std::expected<Profile, QString> profile = files.defaultProfile();
+    if (arguments.has("profile-file"))
+        profile = files.profile(arguments.value("profile-file"));
+    const std::expected<Invoice, QString> invoice = files.invoice(path);
+    if (!invoice || !profile)
+        return failed(!invoice ? invoice.error() : profile.error());
+    show(*invoice, *profile, clock.now(), arguments);
+    return ExitCode::done;
+}
+
+ExitCode showRecord(const QString& name, const CommandArguments& arguments)
+{
+    const auto session = Session::start(arguments);
+    if (!session)
+        return session.error();
+    LedraApp& app = (*session)->app();
+    const auto record = lookUpInvoice(app.invoiceManager(), app.profileManager(), name);
+    if (!record)
+        return failed(record.error());
+    show(***record, (*session)->profile(), (*session)->now(), arguments);
+    return ExitCode::done;
+}
 
 } // namespace
 
@@ -28,25 +66,9 @@ const CommandSpec& ShowCommand::spec() const
 ExitCode ShowCommand::run(const CommandArguments& arguments)
 {
     if (arguments.positional().size() != 1)
-        return wrongUsage(spec(), QStringLiteral("exactly one file is needed"));
-
-    CommandConsole console(CommandConsole::Verbosity::normal);
-    const SystemClock clock;
-    RandomIdSource ids;
-    BareFiles files(clock, ids, systemRegion(), console);
-    std::expected<Profile, QString> profile = files.defaultProfile();
-    if (arguments.has("profile-file"))
-        profile = files.profile(arguments.value("profile-file"));
-    const std::expected<Invoice, QString> invoice = files.invoice(arguments.positional().front());
-    if (!invoice || !profile) {
-        sayFailure(!invoice ? invoice.error() : profile.error());
-        return ExitCode::failed;
-    }
-    if (arguments.has("json"))
-        writeOutput(summaryJson(*invoice, *profile, clock.now()));
-    else
-        writeOutput(summaryText(*invoice, *profile, clock.now()));
-    return ExitCode::done;
+        return wrongUsage(spec(), QStringLiteral("exactly one record or file is needed"));
+    const QString name = arguments.positional().front();
+    return namesFile(name) ? showFile(name, arguments) : showRecord(name, arguments);
 }
 
 } // namespace ledra

@@ -87,8 +87,8 @@ void ShowCliTest::failures_data()
     QTest::addColumn<int>("exitCode");
     QTest::addColumn<QString>("named");
     const QString good = example(QStringLiteral("invoice-design-de.json"));
-    QTest::newRow("no file") << QStringList{} << 2 << "exactly one file";
-    QTest::newRow("two files") << QStringList{good, good} << 2 << "exactly one file";
+    QTest::newRow("no file") << QStringList{} << 2 << "exactly one record or file";
+    QTest::newRow("two files") << QStringList{good, good} << 2 << "exactly one record or file";
     QTest::newRow("unknown option") << QStringList{good, QStringLiteral("--colour")} << 2 << "colour";
     QTest::newRow("missing file") << QStringList{QStringLiteral("/nowhere/x.json")} << 1 << "/nowhere/x.json";
     QTest::newRow("a folder") << QStringList{QStringLiteral("/")} << 1 << "not a file";

@@ -1,0 +1,23 @@
+#include "cli/group_command.h"
+
+namespace ledra {
+
+ExitCode GroupCommand::run(const CommandArguments& arguments)
+{
+    const QString name = arguments.positional().value(0);
+    const QStringList operands = arguments.positional().mid(1);
+    const auto verb = std::ranges::find_if(
+        verbs_, [&](const Verb& candidate) { return name == QLatin1StringView(candidate.name); });
+    if (verb == verbs_.end())
+        return wrongUsage(spec_, name.isEmpty() ? QStringLiteral("what to do?")
+                                                : QStringLiteral("it cannot \"%1\"").arg(name));
+    if (operands.size() < verb->fewest || operands.size() > verb->most)
+        return wrongUsage(spec_, QStringLiteral("too %1 arguments for \"%2\"")
+                                     .arg(operands.size() < verb->fewest ? QStringLiteral("few")
+                                                                         : QStringLiteral("many"),
+                                          name));
+    const auto session = Session::start(arguments);
+    return session ? verb->run(**session, operands, arguments) : session.error();
+}
+
+} // namespace ledra

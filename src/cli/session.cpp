@@ -1,0 +1,48 @@
+#include "cli/session.h"
+
+namespace ledra {
+
+CommandConsole::Verbosity verbosityOf(const CommandArguments& arguments)
+{
+    if (arguments.has("quiet"))
+        return CommandConsole::Verbosity::quiet;
+    return arguments.has("verbose") ? CommandConsole::Verbosity::verbose : CommandConsole::Verbosity::normal;
+}
+
+Session::Session(const CommandArguments& arguments, CommandConsole::Verbosity verbosity)
+    : console_(verbosity),
+      app_({.console = console_,
+            .watchesFolders = false,
+            .profile = arguments.has("profile") ? std::optional(arguments.value("profile")) : std::nullopt})
+{}
+
+std::expected<std::unique_ptr<Session>, ExitCode> Session::start(const CommandArguments& arguments)
+{
+    std::unique_ptr<Session> session(new Session(arguments, verbosityOf(arguments)));
+    if (session->app_.launchProblem())
+        return std::unexpected(failed(*session->app_.launchProblem()));
+    if (!session->app_.profileManager().activeProfile()) // the store has said why it could make none
+        return std::unexpected(ExitCode::failed);
+    return session;
+}
+
+ExitCode failed(const QString& line)
+{
+    sayFailure(line);
+    return ExitCode::failed;
+}
+
+ExitCode failed(const StoreFailure& failure)
+{
+    return failure.isReported ? ExitCode::failed : failed(failure.text);
+}
+
+ExitCode failed(const JobFailure& failure)
+{
+    if (failure.isReported)
+        return ExitCode::failed;
+    const bool canBeForced = failure.kind == JobFailure::Kind::guarded;
+    return failed(failure.text + (canBeForced ? QStringLiteral(" (--force does it all the same)") : QString()));
+}
+
+} // namespace ledra
