@@ -126,7 +126,7 @@ void ExportCliTest::wrongUsage_data()
     const QString command = QStringLiteral("export");
     row("no command", {}, "no command");
     row("unknown command", {QStringLiteral("exprot"), good_}, "exprot");
-    row("no file", {command}, "no file");
+    row("no file", {command}, "which documents");
     row("unknown format", {command, good_, QStringLiteral("--format"), QStringLiteral("docx")}, "docx");
     row("unknown option", {command, good_, QStringLiteral("--loud")}, "loud");
     row("option without its value", {command, good_, QStringLiteral("-o")}, "o");
