@@ -15,11 +15,11 @@ namespace ledra {
 /// What a list shows; everything that is set must hold.
 struct InvoiceFilter
 {
-    std::optional<InvoiceType> type;
-    std::optional<Status> status;
+    std::optional<InvoiceType> type = {};
+    std::optional<Status> status = {};
     bool overdueOnly = false;
-    std::optional<int> year; ///< of the record's date
-    QString search;          ///< words that all occur somewhere in the record
+    std::optional<int> year = {}; ///< of the record's date
+    QString search = {}; ///< words that all occur somewhere in the record
 
     friend bool operator==(const InvoiceFilter&, const InvoiceFilter&) = default;
 };

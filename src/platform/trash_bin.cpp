@@ -20,6 +20,21 @@ namespace ledra {
 
 namespace {
 
+constexpr QFile::Permissions ownerOnly = QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner;
+
+QString homeTrash()
+{
+    return QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) + QStringLiteral("/Trash");
+}
+
+/// Where there is no home trash in the end, Qt 6.4 takes the current folder for one.
+bool makeHomeTrash()
+{
+    const QFileInfo trash(homeTrash());
+    const bool isNew = QDir().mkpath(trash.path()) && QDir().mkdir(trash.filePath(), ownerOnly);
+    return isNew || trash.isDir();
+}
+
 std::expected<struct stat, FileError> statusOfName(const QString& path)
 {
     return statusOf(QFile::encodeName(path).toStdString());
@@ -78,7 +93,7 @@ qint64 moment(const TrashedFile& file)
     return isKnown ? file.deletionDate.toMSecsSinceEpoch() : std::numeric_limits<qint64>::min();
 }
 
-/// The last deleted first; by path where the second is the same.
+/// The last deleted first; by place where the time is the same.
 bool comesFirst(const TrashedFile& left, const TrashedFile& right)
 {
     return std::tuple(moment(right), left.path) < std::tuple(moment(left), right.path);
@@ -92,18 +107,20 @@ std::expected<QString, FileError> TrashBin::put(const QString& path)
         return std::unexpected(status.error());
     const QString source = QDir::cleanPath(QFileInfo(path).absoluteFilePath());
     QString place;
-    if (QFile::moveToTrash(source, &place))
-        return place;
-    return TrashFolder{fallback_}.put(source);
+    if (!makeHomeTrash() || !QFile::moveToTrash(source, &place))
+        return TrashFolder{fallback_, {}}.put(source);
+    // Qt 6.4 writes the path without the percent-encoding that every reader undoes.
+    if (const auto written = writeInfo(infoPathOf(place), source); !written)
+        return std::unexpected(written.error());
+    return place;
 }
 
 std::vector<TrashedFile> TrashBin::filesFrom(const QString& folder) const
 {
     const QString top = QDir::cleanPath(QFileInfo(folder).absoluteFilePath());
-    const QString data = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
     std::vector<TrashFolder> places = trashAtMountPoint(mountPointOf(top));
-    places.push_back({data + QStringLiteral("/Trash")});
-    places.push_back({fallback_});
+    places.push_back({homeTrash(), {}});
+    places.push_back({fallback_, {}});
     std::vector<TrashedFile> files;
     for (const TrashFolder& trash : places) {
         for (TrashedFile& file : trash.entries()) {
@@ -123,7 +140,7 @@ std::expected<void, FileError> TrashBin::restore(const TrashedFile& file)
         return std::unexpected(FileError{parent, QStringLiteral("the folder cannot be made")});
     if (const auto moved = moveFile(file.path, file.originalPath); !moved)
         return moved;
-    QFile info(infoPathOf(file));
+    QFile info(infoPathOf(file.path));
     if (info.exists() && !info.remove())
         return std::unexpected(FileError{info.fileName(), info.errorString()});
     return {};

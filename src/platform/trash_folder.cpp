@@ -50,20 +50,13 @@ QString originalPath(const QByteArray& recorded, const QString& top)
     return path.startsWith(top.endsWith(u'/') ? top : top + u'/') ? path : QString();
 }
 
-QByteArray infoContent(const QString& source)
-{
-    const QString date = QDateTime::currentDateTime().toString(QStringLiteral("yyyy-MM-ddThh:mm:ss"));
-    return "[Trash Info]\nPath=" + QUrl::toPercentEncoding(source, "/") +
-           "\nDeletionDate=" + date.toLatin1() + '\n';
-}
-
 /// Takes the first name that is free: the file that is made says so to every other program.
 std::expected<QString, FileError> reserveName(const TrashFolder& trash, const QString& source)
 {
     const QString wish = QFileInfo(source).fileName();
     const QString base = QFile::encodeName(wish).size() > longestName ? QStringLiteral("long name") : wish;
     for (int number = 1;; ++number) {
-        const QString name = number == 1 ? base : base + u'.' + QString::number(number);
+        QString name = number == 1 ? base : base + u'.' + QString::number(number);
         if (isTaken(trash.filePath(name)))
             continue;
         QFile info(trash.infoPath(name));
@@ -72,16 +65,6 @@ std::expected<QString, FileError> reserveName(const TrashFolder& trash, const QS
         if (!isTaken(info.fileName()))
             return std::unexpected(FileError{info.fileName(), info.errorString()});
     }
-}
-
-std::expected<void, FileError> writeInfoAndMove(const QString& source, const QString& infoPath,
-                                                const QString& to)
-{
-    QFile info(infoPath);
-    const QByteArray content = infoContent(source);
-    if (!info.open(QIODevice::WriteOnly) || info.write(content) != content.size() || !info.flush())
-        return std::unexpected(FileError{infoPath, info.errorString()});
-    return moveFile(source, to);
 }
 
 } // namespace
@@ -113,7 +96,10 @@ std::expected<QString, FileError> TrashFolder::put(const QString& source) const
     const auto name = reserveName(*this, source);
     if (!name)
         return name;
-    if (auto moved = writeInfoAndMove(source, infoPath(*name), filePath(*name)); !moved) {
+    auto moved = writeInfo(infoPath(*name), source);
+    if (moved)
+        moved = moveFile(source, filePath(*name));
+    if (!moved) {
         if (!isTaken(filePath(*name)) && !QFile::remove(infoPath(*name)))
             moved.error().reason += QStringLiteral("; its entry in the trash remains");
         return std::unexpected(moved.error());
@@ -121,10 +107,21 @@ std::expected<QString, FileError> TrashFolder::put(const QString& source) const
     return filePath(*name);
 }
 
-QString infoPathOf(const TrashedFile& file)
+QString infoPathOf(const QString& trashedPath)
 {
-    const QFileInfo place(file.path);
-    return TrashFolder{QFileInfo(place.path()).path()}.infoPath(place.fileName());
+    const QFileInfo place(trashedPath);
+    return TrashFolder{QFileInfo(place.path()).path(), {}}.infoPath(place.fileName());
+}
+
+std::expected<void, FileError> writeInfo(const QString& infoPath, const QString& source)
+{
+    const QString date = QDateTime::currentDateTime().toString(QStringLiteral("yyyy-MM-ddThh:mm:ss"));
+    const QByteArray content = "[Trash Info]\nPath=" + QUrl::toPercentEncoding(source, "/") +
+                               "\nDeletionDate=" + date.toLatin1() + '\n';
+    QFile info(infoPath);
+    if (!info.open(QIODevice::WriteOnly) || info.write(content) != content.size() || !info.flush())
+        return std::unexpected(FileError{infoPath, info.errorString()});
+    return {};
 }
 
 } // namespace ledra

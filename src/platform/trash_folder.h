@@ -15,7 +15,7 @@ namespace ledra {
 struct TrashFolder
 {
     QString path;
-    QString top = {}; ///< where the relative paths in it start; empty where all of them are absolute
+    QString top; ///< where the relative paths in it start; empty where all of them are absolute
 
     /// What lies in it. What has no complete and readable entry is left out, whoever wrote it.
     std::vector<TrashedFile> entries() const;
@@ -30,7 +30,10 @@ struct TrashFolder
     }
 };
 
-/// Where the entry of a trashed file lies.
-QString infoPathOf(const TrashedFile& file);
+/// Where the entry of something in a trash lies.
+QString infoPathOf(const QString& trashedPath);
+
+/// Writes an entry: the path, percent-encoded, and now as the time.
+[[nodiscard]] std::expected<void, FileError> writeInfo(const QString& infoPath, const QString& source);
 
 } // namespace ledra

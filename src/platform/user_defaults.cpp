@@ -37,7 +37,8 @@ std::optional<QString> problemOf(const QSettings& settings)
 std::expected<void, QString> change(const std::function<void(QSettings&)>& edit)
 {
     QSettings settings(settingsFile(), QSettings::IniFormat);
-    if (const auto problem = problemOf(settings)) // writing would lose the lines that cannot be read
+    settings.allKeys(); // makes it parse all sections now, and so find lines that writing would lose
+    if (const auto problem = problemOf(settings))
         return std::unexpected(*problem);
     edit(settings);
     settings.sync();

@@ -1,0 +1,195 @@
+// Weighs the data folder: starting up with many invoices beside a bare loop that reads and parses the same files,
+// the memory that they take, a single changed file, the next number, and filters of the list. Prints lines
+// "name value", which bench/run makes a table of.
+//   usage: store_bench FOLDER        an empty scratch folder on a disk
+
+#include "app/invoice_list.h"
+#include "app/ledra_app.h"
+#include "process_memory.h"
+#include "sample_invoices.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFile>
+
+#include <simdjson.h>
+
+#include <atomic>
+#include <chrono>
+#include <cstdio>
+#include <cstdlib>
+#include <thread>
+
+namespace {
+
+using namespace ledra;
+
+constexpr int rounds = 7;
+constexpr int someInvoices = 10'000;
+constexpr int manyInvoices = 100'000;
+
+template <class Work>
+double secondsOf(Work work)
+{
+    const auto start = std::chrono::steady_clock::now();
+    work();
+    return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
+}
+
+double median(std::vector<double> values)
+{
+    std::ranges::sort(values);
+    return values[values.size() / 2];
+}
+
+void require(bool holds, const char* what)
+{
+    if (holds)
+        return;
+    std::fprintf(stderr, "store_bench: %s\n", what);
+    std::exit(EXIT_FAILURE);
+}
+
+void say(const char* name, double value)
+{
+    std::printf("%s %.6f\n", name, value);
+    std::fflush(stdout);
+}
+
+/// What the application finds in its scratch home.
+struct Home
+{
+    explicit Home(const QString& folder)
+    {
+        qputenv("XDG_DATA_HOME", (folder + QStringLiteral("/data")).toUtf8());
+        qputenv("XDG_CONFIG_HOME", (folder + QStringLiteral("/config")).toUtf8());
+        LedraApp app({.console = console, .watchesFolders = false}); // the first start makes the profile
+        invoices = *app.profileManager().subfolder(**app.profileManager().activeProfile(),
+                                                   QStringLiteral("Invoices"), true);
+    }
+
+    /// Puts as many invoice files there as there are to be.
+    void fill(int count) const
+    {
+        for (const Invoice& invoice : bench::sampleInvoices(count)) {
+            QFile file(invoices + u'/' + invoiceFileName(invoice));
+            require(file.open(QIODevice::WriteOnly) && file.write(fileText(invoice)) > 0, "cannot write");
+        }
+    }
+
+    CommandConsole console{CommandConsole::Verbosity::quiet};
+    QString invoices;
+};
+
+/// Start-up and list, as "ledra list --json" does it.
+std::size_t startAndList(Home& home)
+{
+    LedraApp app({.console = home.console, .watchesFolders = false});
+    const std::vector<InvoicePtr> all = app.filterManager().filtered({});
+    const QByteArray list = listJson(all, **app.profileManager().activeProfile(), app.clock().now());
+    return list.isEmpty() ? 0 : all.size();
+}
+
+/// Reads and parses the same files on as many threads, and does nothing with them.
+std::size_t bareLoop(const QString& folder)
+{
+    const QStringList names = QDir(folder).entryList(QDir::Files);
+    std::atomic<qsizetype> next = 0;
+    std::atomic<std::size_t> parsed = 0;
+    const auto work = [&] {
+        simdjson::dom::parser parser;
+        for (qsizetype i = next++; i < names.size(); i = next++) {
+            const auto content = simdjson::padded_string::load(QFile::encodeName(folder + u'/' + names[i]).toStdString());
+            parsed += !content.error() && !parser.parse(content.value_unsafe()).error();
+        }
+    };
+    {
+        std::vector<std::jthread> threads;
+        for (unsigned i = 0; i < std::thread::hardware_concurrency(); ++i)
+            threads.emplace_back(work);
+    }
+    return parsed;
+}
+
+void measureStart(Home& home)
+{
+    std::vector<double> own;
+    std::vector<double> bare;
+    std::size_t listed = 0;
+    for (int round = 0; round < rounds; ++round) {
+        std::size_t parsed = 0;
+        bare.push_back(secondsOf([&] { parsed = bareLoop(home.invoices); }));
+        own.push_back(secondsOf([&] { listed = startAndList(home); }));
+        require(listed == parsed && listed > someInvoices * 9 / 10, "not all files were listed");
+    }
+    say("store_start_own", median(own));
+    say("store_start_bare", median(bare));
+}
+
+/// One file rewritten by somebody else until its change is in the list.
+void measureOneChange(Home& home)
+{
+    LedraApp app({.console = home.console, .watchesFolders = true});
+    const InvoicePtr record = app.invoiceManager().invoices().front();
+    const QString path = app.invoiceManager().filePath((*record)->id);
+    std::vector<double> times;
+    for (int round = 0; round < rounds; ++round) {
+        Invoice changed = **record;
+        changed.note = QStringLiteral("Fassung %1").arg(round);
+        QFile file(path);
+        require(file.open(QIODevice::WriteOnly) && file.write(fileText(changed)) > 0, "cannot write");
+        file.close();
+        times.push_back(secondsOf([&] {
+            while ((*record)->note != changed.note)
+                QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+        }));
+    }
+    say("store_one_change", median(times));
+}
+
+void measureMany(Home& home)
+{
+    const std::int64_t before = bench::proportionalMemory().value_or(0);
+    std::unique_ptr<LedraApp> app;
+    const double seconds =
+        secondsOf([&] { app = std::make_unique<LedraApp>(LaunchOptions{.console = home.console}); });
+    say("store_many_count", static_cast<double>(app->invoiceManager().invoices().size()));
+    say("store_many_start", seconds);
+    say("store_many_memory", static_cast<double>(bench::proportionalMemory().value_or(0) - before) / 1024);
+
+    const auto measure = [](const char* name, const auto& work) {
+        std::vector<double> times;
+        for (int round = 0; round < rounds; ++round)
+            times.push_back(secondsOf(work));
+        say(name, median(times));
+    };
+    measure("store_next_number", [&] {
+        require(app->invoiceManager().nextNumber(InvoiceType::invoice) > 0, "no next number");
+    });
+    FilterManager& filters = app->filterManager();
+    const auto filter = [&](const char* name, const InvoiceFilter& wanted) {
+        std::size_t found = 0;
+        measure(name, [&] { found = filters.filtered(wanted).size(); });
+        require(found > 0, name);
+    };
+    filter("store_filter_year", {.status = Status::sent, .year = 2025});
+    filter("store_filter_overdue", {.overdueOnly = true});
+    say("store_index", secondsOf([&] { (void)filters.filtered({.search = QStringLiteral("x")}); }));
+    filter("store_filter_search", {.search = QStringLiteral("auftrag 4711")});
+    filter("store_filter_words", {.search = QStringLiteral("özdemir kaffeetüten")});
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    const QCoreApplication application(argc, argv);
+    require(argc == 2, "usage: store_bench FOLDER");
+    Home home(QDir(QString::fromLocal8Bit(argv[1])).absolutePath());
+    home.fill(someInvoices);
+    measureStart(home);
+    measureOneChange(home);
+    home.fill(manyInvoices);
+    measureMany(home);
+    return EXIT_SUCCESS;
+}
