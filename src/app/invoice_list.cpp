@@ -25,7 +25,7 @@ void encode(const Row& row, JSONEncoderState& state)
     object.encode("formattedNumber", displayedNumber(invoice, row.profile));
     object.encode("status", invoice.status);
     object.encode("date", dayText(invoice.date.localDate()));
-    object.encode("dueDate", dayText(invoice.dueDate().date()));
+    object.encode("dueDate", dayText(invoice.dueDay()));
     object.encode("name", recipientName(invoice));
     object.encode("total", invoice.total());
     object.encode("currency", invoice.currency);

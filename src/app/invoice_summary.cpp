@@ -41,7 +41,7 @@ void encode(const Summary& summary, JSONEncoderState& state)
         entry.encode("amount", vat.amount);
     }
     object.encode("total", invoice.total());
-    object.encode("dueDate", dayText(invoice.dueDate().date()));
+    object.encode("dueDate", dayText(invoice.dueDay()));
     object.encode("isOverdue", invoice.isOverdue(summary.now));
 }
 
@@ -68,7 +68,7 @@ private:
     {
         const bool overdue = invoice_.isOverdue(now_);
         const QString due =
-            dayText(invoice_.dueDate().date()) + (overdue ? QStringLiteral(" (overdue)") : QString());
+            dayText(invoice_.dueDay()) + (overdue ? QStringLiteral(" (overdue)") : QString());
         const bool isQuote = invoice_.type == InvoiceType::quote;
         return displayText(invoice_.type) + u' ' + displayedNumber(invoice_, profile_) + u'\n' +
                field("Status", displayText(invoice_.status)) +

@@ -25,9 +25,19 @@ public:
     std::vector<bool> matches(const QString& text) const;
 
 private:
+    /// A word and the byte of it that is the rarest in the texts.
+    struct Needle
+    {
+        std::string word;
+        std::size_t rarest = 0;
+    };
+
     void append(const QString& text);
-    std::vector<bool> containing(std::string_view word) const;
-    std::size_t find(std::string_view word, std::size_t from) const;
+    std::size_t begin(std::size_t record) const { return record == 0 ? 0 : ends_[record - 1]; }
+    std::size_t frequency(char byte) const { return byteCounts_[static_cast<unsigned char>(byte)]; }
+    std::vector<Needle> needlesOf(const QString& text) const;
+    std::size_t find(const Needle& needle, std::size_t from, std::size_t end) const;
+    std::vector<std::size_t> search(const std::vector<Needle>& needles, std::size_t first, std::size_t last) const;
 
     std::string texts_;             ///< folded UTF-8; line feeds separate texts, which no word contains
     std::vector<std::size_t> ends_; ///< where the texts of a record end, ascending

@@ -86,6 +86,11 @@ QDateTime Invoice::dueDate() const
     return date.toLocal().addDays(std::clamp(daysToPay, -farthestDue, farthestDue));
 }
 
+QDate Invoice::dueDay() const
+{
+    return date.localDate().addDays(std::clamp(daysToPay, -farthestDue, farthestDue));
+}
+
 bool Invoice::isOverdue(Timestamp now) const
 {
     if (status != Status::sent)

@@ -116,6 +116,7 @@ struct Invoice
 
     /// `date` plus `daysToPay` calendar days, in the user's time zone.
     QDateTime dueDate() const;
+    QDate dueDay() const; ///< its day
 
     /// Whether the document is sent and `now` lies after its due date.
     bool isOverdue(Timestamp now) const;

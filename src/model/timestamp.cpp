@@ -3,6 +3,7 @@
 #include <QTimeZone>
 
 #include <cmath>
+#include <ctime>
 
 namespace ledra {
 
@@ -36,6 +37,16 @@ QDateTime Timestamp::toLocal() const
 {
     const auto milliseconds = static_cast<qint64>(std::floor(seconds_ * 1000.0));
     return QDateTime::fromMSecsSinceEpoch(milliseconds + referenceUnixSeconds * 1000);
+}
+
+QDate Timestamp::localDate() const
+{
+    const auto unixSeconds = static_cast<std::time_t>(std::floor(seconds_) + double{referenceUnixSeconds});
+    std::tm parts{};
+    if (::localtime_r(&unixSeconds, &parts) == nullptr)
+        return toLocal().date();
+    constexpr int firstYear = 1900;
+    return {parts.tm_year + firstYear, parts.tm_mon + 1, parts.tm_mday};
 }
 
 QString Timestamp::toIso8601() const

@@ -1,5 +1,7 @@
 #include "platform/file_device.h"
 
+#include "platform/folder_tree.h"
+
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -36,7 +38,11 @@ public:
     Descriptor& operator=(const Descriptor&) = delete;
 
     bool isOpen() const { return number_ >= 0; }
-    bool sync() const { return ::fsync(number_) == 0; }
+    bool sync() const
+    {
+        errno = syncDescriptor(number_);
+        return errno == 0;
+    }
 
     bool writeAll(const QByteArray& content) const
     {
@@ -109,9 +115,15 @@ std::expected<void, FileError> SystemFileDevice::remove(const QString& path)
 
 std::expected<void, FileError> SystemFileDevice::makeFolder(const QString& folder)
 {
+    QStringList made; // the innermost first
+    for (QString path = QDir::cleanPath(folder); !QFileInfo::exists(path); path = QFileInfo(path).path())
+        made += path;
     if (!QDir().mkpath(folder))
         return std::unexpected(FileError{folder, QStringLiteral("the folder cannot be made")});
-    return {};
+    std::expected<void, FileError> synced;
+    for (const QString& path : made)
+        synced = synced ? syncFolder(QFileInfo(path).path()) : synced;
+    return synced;
 }
 
 QStringList SystemFileDevice::files(const QString& folder)

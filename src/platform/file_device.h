@@ -37,7 +37,7 @@ public:
 
     [[nodiscard]] virtual std::expected<void, FileError> remove(const QString& path) = 0;
 
-    /// Makes a folder and those above it.
+    /// Makes a folder and those above it; their names are durable when it returns.
     [[nodiscard]] virtual std::expected<void, FileError> makeFolder(const QString& folder) = 0;
 
     /// The names of the files in a folder, sorted; none when there is no such folder.

@@ -1,5 +1,7 @@
 #include "platform/folder_listing.h"
 
+#include "platform/file_reading.h"
+
 #include <QFile>
 
 #include <cerrno>
@@ -8,7 +10,9 @@
 #include <memory>
 
 #include <dirent.h>
+#include <fcntl.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 namespace ledra {
 
@@ -16,24 +20,20 @@ namespace {
 
 constexpr std::int64_t nanosecondsPerSecond = 1'000'000'000;
 
-std::int64_t nanoseconds(const timespec& time)
-{
-    return time.tv_sec * nanosecondsPerSecond + time.tv_nsec;
-}
-
-FileSignature signatureFrom(const struct stat& state)
-{
-    return {state.st_ino, state.st_size, nanoseconds(state.st_mtim), nanoseconds(state.st_ctim)};
-}
-
-std::unexpected<FileError> systemError(const QString& path)
-{
-    return std::unexpected(FileError{path, QString::fromLocal8Bit(std::strerror(errno))});
-}
-
 bool isDots(const char* name)
 {
     return std::strcmp(name, ".") == 0 || std::strcmp(name, "..") == 0;
+}
+
+/// Whether an entry is a folder; nothing when it has gone. Only links, and file systems that do not say, cost a look.
+std::optional<bool> isFolder(int directory, const dirent& entry)
+{
+    if (entry.d_type != DT_LNK && entry.d_type != DT_UNKNOWN)
+        return entry.d_type == DT_DIR;
+    struct stat state = {};
+    if (::fstatat(directory, entry.d_name, &state, 0) != 0)
+        return std::nullopt;
+    return S_ISDIR(state.st_mode);
 }
 
 } // namespace
@@ -51,7 +51,7 @@ std::int64_t currentNanoseconds()
 {
     timespec now{};
     ::clock_gettime(CLOCK_REALTIME, &now);
-    return nanoseconds(now);
+    return now.tv_sec * nanosecondsPerSecond + now.tv_nsec;
 }
 
 std::expected<std::vector<FolderEntry>, FileError> listFolder(const QString& folder)
@@ -60,29 +60,47 @@ std::expected<std::vector<FolderEntry>, FileError> listFolder(const QString& fol
     const std::unique_ptr<DIR, decltype(close)> directory(::opendir(QFile::encodeName(folder).constData()),
                                                           close);
     if (!directory)
-        return systemError(folder);
+        return systemProblem(folder);
     std::vector<FolderEntry> entries;
-    errno = 0;
-    while (const dirent* entry = ::readdir(directory.get())) {
-        struct stat state = {};
-        if (isDots(entry->d_name) || ::fstatat(::dirfd(directory.get()), entry->d_name, &state, 0) != 0) {
-            errno = 0;
-            continue;
-        }
-        entries.push_back({QFile::decodeName(entry->d_name), S_ISDIR(state.st_mode), signatureFrom(state)});
+    for (;;) {
         errno = 0;
+        const dirent* entry = ::readdir(directory.get());
+        if (!entry && errno != 0)
+            return systemProblem(folder);
+        if (!entry)
+            return entries;
+        if (isDots(entry->d_name))
+            continue;
+        if (const std::optional<bool> found = isFolder(::dirfd(directory.get()), *entry))
+            entries.push_back({QFile::decodeName(entry->d_name), *found});
     }
-    if (errno != 0)
-        return systemError(folder);
-    return entries;
 }
 
-std::expected<FileSignature, FileError> signatureOf(const QString& path)
+FolderHandle::FolderHandle(const QString& path)
+    : path_(path),
+      descriptor_(::open(QFile::encodeName(path).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC))
+{}
+
+FolderHandle::~FolderHandle()
+{
+    if (descriptor_ >= 0)
+        ::close(descriptor_);
+}
+
+std::expected<FileSignature, FileError> FolderHandle::signature(const QString& name) const
 {
     struct stat state = {};
-    if (::stat(QFile::encodeName(path).constData(), &state) != 0)
-        return systemError(path);
+    if (::fstatat(descriptor_, QFile::encodeName(name).constData(), &state, 0) != 0)
+        return systemProblem(path_ + u'/' + name);
     return signatureFrom(state);
+}
+
+std::expected<FileContent, FileError> FolderHandle::read(const QString& name, qint64 limit) const
+{
+    const QString path = path_ + u'/' + name;
+    if (descriptor_ < 0)
+        return fileProblem(path, QStringLiteral("no such file"));
+    return readFileAt(descriptor_, name, path, limit);
 }
 
 } // namespace ledra

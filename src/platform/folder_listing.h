@@ -3,6 +3,7 @@
 #include "platform/file_io.h"
 
 #include <QString>
+#include <QStringList>
 
 #include <cstdint>
 #include <expected>
@@ -29,19 +30,40 @@ bool isSettled(const FileSignature& signature, std::int64_t now);
 /// Nanoseconds since 1970 by the computer's clock.
 std::int64_t currentNanoseconds();
 
-/// A direct entry of a folder.
+/// A direct entry of a folder. Links count as what they lead to.
 struct FolderEntry
 {
     QString name;
     bool isFolder = false;
-    FileSignature signature;
 };
 
-/// All direct entries, hidden ones included, in no order. Entries that vanish meanwhile are left out; links are
-/// followed, and dangling ones left out.
+/// All direct entries, hidden ones included, in no order. Entries that vanish meanwhile and dangling links are left
+/// out.
 [[nodiscard]] std::expected<std::vector<FolderEntry>, FileError> listFolder(const QString& folder);
 
-/// The state of one file.
-[[nodiscard]] std::expected<FileSignature, FileError> signatureOf(const QString& path);
+/// A file with the state in which it was read.
+struct FileContent
+{
+    FileSignature signature;
+    QByteArray bytes;
+};
+
+/// An open folder: its files are found without walking the path each time. May be used by several threads at once.
+class FolderHandle
+{
+public:
+    /// Of a folder that is missing all files are missing.
+    explicit FolderHandle(const QString& path);
+    ~FolderHandle();
+    FolderHandle(const FolderHandle&) = delete;
+    FolderHandle& operator=(const FolderHandle&) = delete;
+
+    [[nodiscard]] std::expected<FileSignature, FileError> signature(const QString& name) const;
+    [[nodiscard]] std::expected<FileContent, FileError> read(const QString& name, qint64 limit) const;
+
+private:
+    QString path_;
+    int descriptor_;
+};
 
 } // namespace ledra

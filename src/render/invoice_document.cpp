@@ -74,7 +74,7 @@ LetterFrame InvoiceDocument::frame() const
 
 QString InvoiceDocument::paymentPeriod() const
 {
-    const QString due = dateText(invoice_.dueDate().date(), language_);
+    const QString due = dateText(invoice_.dueDay(), language_);
     const bool isQuote = invoice_.type == InvoiceType::quote;
     const QString heading =
         documentLabel(isQuote ? QStringLiteral("Valid Until") : QStringLiteral("Payable By"), language_);

@@ -1,15 +1,15 @@
 #include "store/data_file_writer.h"
 
-#include "platform/process_identity.h"
 #include "store/json_reader.h"
 
 #include <QFileInfo>
 
 namespace ledra {
 
-DataFileWriter::DataFileWriter(const QString& support, FileDevice& device, Console& console)
+DataFileWriter::DataFileWriter(const QString& support, FileDevice& device, Console& console, QString owner)
     : device_(device),
       console_(console),
+      owner_(std::move(owner)),
       lock_(support + QStringLiteral("/Journal/lock")),
       journal_(support + QStringLiteral("/Journal"), device, console),
       conflicts_(support + QStringLiteral("/Conflicts"), device)
@@ -66,9 +66,8 @@ std::expected<ContentMark, FileError> DataFileWriter::write(const Order& order)
         return mark;
 
     const auto hashOf = [](const Content& content) { return content ? journalHash(*content) : QByteArray(); };
-    const std::expected<QString, FileError> entry =
-        journal_.begin({order.path, hashOf(before->target), order.content, order.moved, hashOf(before->moved),
-                        processIdentity()});
+    const std::expected<QString, FileError> entry = journal_.begin(
+        {order.path, hashOf(before->target), order.content, order.moved, hashOf(before->moved), owner_});
     if (!entry)
         return std::unexpected(entry.error());
     if (const auto written = putInPlace(order, !before->target); !written) {
@@ -107,7 +106,7 @@ bool DataFileWriter::putBack(const QString& path, const Content& before)
     if (before)
         return device_.write(path, *before).has_value() && device_.sync(path).has_value();
     const auto left = device_.read(path, largestRecordFile);
-    return left && (!*left || device_.remove(path).has_value());
+    return left && (!*left || (device_.remove(path) && device_.syncFolder(QFileInfo(path).path())));
 }
 
 std::expected<ContentMark, FileError> DataFileWriter::writeAtomically(const Order& order)

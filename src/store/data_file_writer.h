@@ -3,6 +3,7 @@
 #include "platform/console.h"
 #include "platform/file_device.h"
 #include "platform/interprocess_lock.h"
+#include "platform/process_identity.h"
 #include "store/conflict_store.h"
 #include "store/content_mark.h"
 #include "store/recovery_journal.h"
@@ -26,7 +27,9 @@ class DataFileWriter
 {
 public:
     /// @param support the application's support folder, which holds "Journal" and "Conflicts"
-    DataFileWriter(const QString& support, FileDevice& device, Console& console);
+    /// @param owner the process in whose name it writes
+    DataFileWriter(const QString& support, FileDevice& device, Console& console,
+                   QString owner = processIdentity());
 
     /// One write.
     struct Order
@@ -68,6 +71,7 @@ private:
 
     FileDevice& device_;
     Console& console_;
+    QString owner_;
     InterprocessLock lock_;
     RecoveryJournal journal_;
     ConflictStore conflicts_;

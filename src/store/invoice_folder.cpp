@@ -17,32 +17,51 @@ constexpr std::size_t fewFiles = 64; ///< are read without starting threads
 /// One file on its way from the disk to the update.
 struct InvoiceFolder::Reading
 {
-    Reading(QString fileName, const FileSignature& found) : name(std::move(fileName)), signature(found) {}
+    enum class State { unread, unchanged, known, read, gone, failed };
+
+    explicit Reading(QString fileName) : name(std::move(fileName)) {}
 
     QString name;
+    State state = State::unread;
     FileSignature signature;
     ContentMark mark;
-    bool isKnown = false; ///< with this content
     std::expected<Invoice, QString> invoice = std::unexpected(QString());
+};
 
-    void run(const QString& path, const QHash<QString, Known>& known, Timestamp now, const QString& region,
-             JSONReader& reader)
+/// What the threads that read share; none of it changes meanwhile.
+struct InvoiceFolder::Place
+{
+    const FolderHandle& folder;
+    const QHash<QString, Known>& known;
+    Timestamp now;
+    const QString& region;
+
+    void read(Reading& reading, JSONReader& reader) const
     {
-        const std::expected<QByteArray, FileError> content = readFile(path, largestRecordFile);
-        if (!content) {
-            invoice = std::unexpected(content.error().reason);
+        const auto before = known.constFind(reading.name);
+        const bool isKnown = before != known.constEnd();
+        if (isKnown && before->isSettled && folder.signature(reading.name) == before->signature) {
+            reading.state = Reading::State::unchanged;
             return;
         }
-        mark = ContentMark::of(*content);
-        const auto before = known.constFind(name);
-        isKnown = before != known.constEnd() && before->mark == mark;
-        if (isKnown)
+        const std::expected<FileContent, FileError> content = folder.read(reading.name, largestRecordFile);
+        if (!content) {
+            reading.state = folder.signature(reading.name) ? Reading::State::failed : Reading::State::gone;
+            reading.invoice = std::unexpected(content.error().reason);
             return;
-        Decoded<Invoice> decoded = decodeInvoiceAsFound(*content, now, region, reader);
+        }
+        reading.signature = content->signature;
+        reading.mark = ContentMark::of(content->bytes);
+        if (isKnown && before->mark == reading.mark) {
+            reading.state = Reading::State::known;
+            return;
+        }
+        Decoded<Invoice> decoded = decodeInvoiceAsFound(content->bytes, now, region, reader);
+        reading.state = decoded ? Reading::State::read : Reading::State::failed;
         if (decoded)
-            invoice = std::move(*decoded);
+            reading.invoice = std::move(*decoded);
         else
-            invoice = std::unexpected(decoded.error().text());
+            reading.invoice = std::unexpected(decoded.error().text());
     }
 };
 
@@ -66,13 +85,13 @@ void InvoiceFolder::open(const QString& path)
 
 bool InvoiceFolder::holds(const QString& name) const
 {
-    return known_.contains(name) || signatureOf(path_ + u'/' + name);
+    return known_.contains(name) || FolderHandle(path_).signature(name);
 }
 
 void InvoiceFolder::noteWritten(const QString& name, const ContentMark& mark)
 {
     // Not settled: whoever writes next may do so in the same moment.
-    known_.insert(name, {signatureOf(path_ + u'/' + name).value_or(FileSignature()), mark, false});
+    known_.insert(name, {FolderHandle(path_).signature(name).value_or(FileSignature()), mark, false});
 }
 
 std::expected<InvoiceFolder::Update, FileError> InvoiceFolder::scan()
@@ -81,58 +100,41 @@ std::expected<InvoiceFolder::Update, FileError> InvoiceFolder::scan()
     std::expected<std::vector<FolderEntry>, FileError> entries = listFolder(path_);
     if (!entries && QDir(path_).exists())
         return std::unexpected(entries.error());
-    if (!entries)
-        entries.emplace();
-    std::erase_if(*entries, [](const FolderEntry& entry) {
-        return entry.isFolder || !isInvoiceFileName(entry.name);
-    });
-    Update update = lookAt(*entries);
-    if (known_.size() > static_cast<qsizetype>(entries->size())) { // what is there is known by now
-        QSet<QString> present;
-        for (const FolderEntry& entry : *entries)
-            present.insert(entry.name);
-        for (const QString& name : known_.keys()) {
-            if (!present.contains(name))
+    QStringList names;
+    for (const FolderEntry& entry : entries.value_or(std::vector<FolderEntry>())) {
+        if (!entry.isFolder && isInvoiceFileName(entry.name))
+            names += entry.name;
+    }
+    Update update = lookAt(names);
+    if (known_.size() > names.size()) { // what is there is known by now
+        const QSet<QString> present(names.begin(), names.end());
+        const QStringList known = known_.keys();
+        for (const QString& name : known) {
+            if (!present.contains(name) && known_.remove(name))
                 update.gone += name;
         }
-        for (const QString& name : std::as_const(update.gone))
-            known_.remove(name);
     }
     return update;
 }
 
 InvoiceFolder::Update InvoiceFolder::look(const QSet<QString>& names)
 {
-    std::vector<FolderEntry> entries;
-    QStringList gone;
-    for (const QString& name : names) {
-        if (!isInvoiceFileName(name))
-            continue;
-        if (const auto signature = signatureOf(path_ + u'/' + name))
-            entries.push_back({name, false, *signature});
-        else if (known_.remove(name))
-            gone += name;
-    }
-    Update update = lookAt(entries);
-    update.gone += gone;
-    return update;
+    QStringList ours;
+    std::ranges::copy_if(names, std::back_inserter(ours), isInvoiceFileName);
+    return lookAt(ours);
 }
 
-InvoiceFolder::Update InvoiceFolder::lookAt(const std::vector<FolderEntry>& entries)
+InvoiceFolder::Update InvoiceFolder::lookAt(const QStringList& names)
 {
-    std::vector<Reading> readings;
-    for (const FolderEntry& entry : entries) {
-        const auto before = known_.constFind(entry.name);
-        if (before == known_.constEnd() || !before->isSettled || before->signature != entry.signature)
-            readings.emplace_back(entry.name, entry.signature);
-    }
     const std::int64_t beforeReading = currentNanoseconds();
-    const Timestamp now = context_.clock.now();
+    const FolderHandle folder(path_);
+    const Place place{folder, known_, context_.clock.now(), context_.region};
+    std::vector<Reading> readings(names.begin(), names.end());
     std::atomic<std::size_t> next = 0;
     const auto work = [&] {
         JSONReader reader;
         for (std::size_t i = next++; i < readings.size(); i = next++)
-            readings[i].run(path_ + u'/' + readings[i].name, known_, now, context_.region, reader);
+            place.read(readings[i], reader);
     };
     {
         std::vector<std::jthread> helpers;
@@ -143,32 +145,40 @@ InvoiceFolder::Update InvoiceFolder::lookAt(const std::vector<FolderEntry>& entr
         work();
     }
     Update update;
-    for (Reading& reading : readings)
+    known_.reserve(known_.size() + names.size());
+    for (Reading& reading : readings) {
+        if (reading.state == Reading::State::failed) {
+            // Perhaps another process is writing it just now; it holds the lock until the file is whole.
+            const InterprocessLock::Guard guard = context_.writer.lock();
+            JSONReader reader;
+            place.read(reading, reader);
+        }
         take(reading, beforeReading, update);
+    }
     return update;
 }
 
 void InvoiceFolder::take(Reading& reading, std::int64_t beforeReading, Update& update)
 {
+    using State = Reading::State;
+    if (reading.state == State::unchanged)
+        return;
     ++work_.filesRead;
-    if (!reading.isKnown && !reading.invoice) {
-        // Perhaps another process is writing it just now; it holds the lock until the file is whole.
-        const InterprocessLock::Guard guard = context_.writer.lock();
-        JSONReader reader;
-        reading.run(path_ + u'/' + reading.name, known_, context_.clock.now(), context_.region, reader);
+    if (reading.state == State::gone) {
+        if (known_.remove(reading.name))
+            update.gone += reading.name;
+        return;
     }
     known_.insert(reading.name,
                   {reading.signature, reading.mark, isSettled(reading.signature, beforeReading)});
-    if (reading.isKnown)
-        return;
-    if (!reading.invoice) {
+    if (reading.state == State::failed) {
         context_.console.failure(QStringLiteral("Error loading invoice from %1: %2")
                                      .arg(path_ + u'/' + reading.name, reading.invoice.error()));
-        return;
+    } else if (reading.state == State::read) {
+        completeIds(*reading.invoice, context_.ids);
+        update.read.push_back(
+            {reading.name, std::move(*reading.invoice), reading.mark, reading.signature.modified});
     }
-    completeIds(*reading.invoice, context_.ids);
-    update.read.push_back(
-        {reading.name, std::move(*reading.invoice), reading.mark, reading.signature.modified});
 }
 
 } // namespace ledra

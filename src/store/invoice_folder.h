@@ -77,8 +77,9 @@ private:
         bool isSettled = false;
     };
     struct Reading;
+    struct Place;
 
-    Update lookAt(const std::vector<FolderEntry>& entries);
+    Update lookAt(const QStringList& names);
     void take(Reading& reading, std::int64_t beforeReading, Update& update);
 
     StoreContext& context_;

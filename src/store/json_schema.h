@@ -188,67 +188,90 @@ Decoded<void> decodeEntry(const JSONGroup<Entries...>& group, T& record, JSONVal
     return decodeMembers(record, value, group.entries);
 }
 
-/// The keys of an object that have been read; says which required one is missing.
-template <class Entries>
-class SeenEntries
+/// The entries of an object, found by their keys. Files are written in the order of the entries, so that the one
+/// behind the last is tried first.
+template <class T, class Entries>
+class EntryTable
 {
 public:
-    template <std::size_t position>
-    void mark()
+    explicit EntryTable(const Entries& entries) : entries_(entries) {}
+
+    /// The entry's position; `count` for a key that is none's.
+    std::size_t find(std::string_view key)
+    {
+        for (std::size_t tried = 0; tried < count; ++tried) {
+            const std::size_t position = next_;
+            next_ = position + 1 < count ? position + 1 : 0;
+            if (names[position](entries_) == key)
+                return position;
+        }
+        return count;
+    }
+
+    Decoded<void> read(std::size_t position, T& record, JSONValue& value)
     {
         seen_[position] = true;
+        return readers[position](entries_, record, value);
     }
 
-    Decoded<void> checkRequired(const Entries& entries) const
+    /// Says which required entry has not been read.
+    Decoded<void> checkRequired() const
     {
-        std::size_t position = 0;
-        Decoded<void> result;
-        const auto check = [&](const auto& entry) {
-            if constexpr (requires { entry.required; }) {
-                if (result && entry.required && !seen_[position])
-                    result = missingKey(entry.name);
-            }
-            ++position;
-        };
-        std::apply([&](const auto&... entry) { (check(entry), ...); }, entries);
-        return result;
+        for (std::size_t position = 0; position < count; ++position) {
+            if (required[position](entries_) && !seen_[position])
+                return missingKey(names[position](entries_));
+        }
+        return {};
     }
+
+    static constexpr std::size_t count = std::tuple_size_v<Entries>;
 
 private:
-    std::array<bool, std::tuple_size_v<Entries>> seen_{};
-};
+    template <class Result, class... Arguments>
+    using Function = Result (*)(const Entries&, Arguments...);
 
-template <class T, class Entries, std::size_t... positions>
-Decoded<void> decodeMember(T& record, std::string_view key, JSONValue& value, const Entries& entries,
-                           SeenEntries<Entries>& seen, std::index_sequence<positions...>)
-{
-    Decoded<void> result;
-    const auto tryEntry = [&]<std::size_t position>() {
-        const auto& entry = std::get<position>(entries);
-        if (entry.name != key)
-            return false;
-        if (const Decoded<bool> null = value.isNull(); !null || *null) {
-            if (!null)
-                result = std::unexpected(null.error());
-            return true;
-        }
-        seen.template mark<position>();
-        result = decodeEntry(entry, record, value);
-        return true;
-    };
-    const bool isKnown = (tryEntry.template operator()<positions>() || ...);
-    return isKnown ? result : value.skip();
-}
+    template <std::size_t position>
+    static constexpr bool isRequired(const Entries& entries)
+    {
+        if constexpr (requires { std::get<position>(entries).required; })
+            return std::get<position>(entries).required;
+        return false;
+    }
+
+    static constexpr auto names = []<std::size_t... p>(std::index_sequence<p...>) {
+        return std::array<Function<std::string_view>, count>{
+            [](const Entries& entries) { return std::get<p>(entries).name; }...};
+    }(std::make_index_sequence<count>{});
+
+    static constexpr auto required = []<std::size_t... p>(std::index_sequence<p...>) {
+        return std::array<Function<bool>, count>{isRequired<p>...};
+    }(std::make_index_sequence<count>{});
+
+    static constexpr auto readers = []<std::size_t... p>(std::index_sequence<p...>) {
+        return std::array<Function<Decoded<void>, T&, JSONValue&>, count>{
+            [](const Entries& entries, T& record, JSONValue& value) {
+                return decodeEntry(std::get<p>(entries), record, value);
+            }...};
+    }(std::make_index_sequence<count>{});
+
+    const Entries& entries_;
+    std::size_t next_ = 0;
+    std::array<bool, count> seen_{};
+};
 
 template <class T, class Entries>
 Decoded<void> decodeMembers(T& record, JSONValue& value, const Entries& entries)
 {
-    SeenEntries<Entries> seen;
-    Decoded<void> result = value.members([&](std::string_view key, JSONValue& member) {
-        return decodeMember(record, key, member, entries, seen,
-                            std::make_index_sequence<std::tuple_size_v<Entries>>{});
+    EntryTable<T, Entries> table(entries);
+    Decoded<void> result = value.members([&](std::string_view key, JSONValue& member) -> Decoded<void> {
+        const std::size_t position = table.find(key);
+        if (position == table.count)
+            return member.skip();
+        if (const Decoded<bool> null = member.isNull(); !null || *null)
+            return null ? Decoded<void>() : std::unexpected(null.error());
+        return table.read(position, record, member);
     });
-    return result ? seen.checkRequired(entries) : result;
+    return result ? table.checkRequired() : result;
 }
 
 /// Reads a document into a record that already holds its new-record values.

@@ -80,9 +80,9 @@ std::expected<QString, FileError> RecoveryJournal::begin(const JournalEntry& ent
         step = device_.syncFolder(folder_);
     if (step)
         return file;
-    const FileError error = step.error();
-    end(draft);
-    return std::unexpected(error);
+    for (const QString& left : {draft, file})
+        (void)device_.remove(left); // it has one of the names at most
+    return std::unexpected(step.error());
 }
 
 void RecoveryJournal::end(const QString& entryFile)
@@ -117,23 +117,30 @@ bool RecoveryJournal::settle(const JournalEntry& entry)
     const auto current = device_.read(entry.target, largestRecordFile);
     if (!current)
         return current.error().reason.startsWith(QStringLiteral("larger")); // then it is not what was being written
-    if (!*current)
+    const QString folder = QFileInfo(entry.target).path();
+    if (!*current) {
+        (void)device_.syncFolder(folder); // which may be gone as well
         return true;
+    }
     const QByteArray hash = journalHash(**current);
-    if (hash == journalHash(entry.content))
-        return finishMove(entry);
+    const bool isNew = hash == journalHash(entry.content);
     const bool isBeginningOfNew = entry.content.startsWith(**current); // all but the last line feed, say
-    if (hash == entry.oldHash || (isWholeJson(**current) && !isBeginningOfNew))
-        return true;
-    std::expected<void, FileError> step = device_.write(entry.target, entry.content);
+    const bool isTorn = !isNew && hash != entry.oldHash && (isBeginningOfNew || !isWholeJson(**current));
+    // Whatever it holds, its writer may have died before it was durable; without the entry it must be.
+    std::expected<void, FileError> step;
+    if (isTorn)
+        step = device_.write(entry.target, entry.content);
     if (step)
         step = device_.sync(entry.target);
+    if (step)
+        step = device_.syncFolder(folder);
     if (!step) {
         console_.failure(QStringLiteral("RecoveryJournal: ") + step.error().text());
         return false;
     }
-    console_.information(QStringLiteral("RecoveryJournal: finished the interrupted saving of ") + entry.target);
-    return finishMove(entry);
+    if (isTorn)
+        console_.information(QStringLiteral("RecoveryJournal: finished the interrupted saving of ") + entry.target);
+    return isNew || isTorn ? finishMove(entry) : true;
 }
 
 bool RecoveryJournal::finishMove(const JournalEntry& entry)
@@ -141,17 +148,11 @@ bool RecoveryJournal::finishMove(const JournalEntry& entry)
     if (entry.moved.isEmpty())
         return true;
     const auto left = device_.read(entry.moved, largestRecordFile);
-    if (!left || !*left || journalHash(**left) != entry.movedHash)
-        return true;
-    // The new name must be durable before the old one goes.
-    std::expected<void, FileError> step = device_.sync(entry.target);
-    if (step)
-        step = device_.syncFolder(QFileInfo(entry.target).path());
-    if (step)
-        step = device_.remove(entry.moved);
-    if (step)
-        step = device_.syncFolder(QFileInfo(entry.moved).path());
-    return step.has_value();
+    const bool isLeft = left && *left && journalHash(**left) == entry.movedHash;
+    if (isLeft && !device_.remove(entry.moved))
+        return false;
+    const bool isSynced = device_.syncFolder(QFileInfo(entry.moved).path()).has_value();
+    return isSynced || !isLeft; // the folder of a file that has gone may be gone as well
 }
 
 } // namespace ledra

@@ -1,0 +1,32 @@
+#pragma once
+
+#include "platform/folder_listing.h"
+
+#include <QByteArray>
+#include <QString>
+
+#include <expected>
+
+struct stat;
+
+namespace ledra {
+
+// What all reading of files is built from.
+
+std::unexpected<FileError> fileProblem(const QString& path, const QString& reason);
+
+/// In the words of the operating system (errno).
+std::unexpected<FileError> systemProblem(const QString& path);
+
+FileSignature signatureFrom(const struct stat& state);
+
+/// Reads until the end, at most `limit` bytes; `expected` is a good guess of how many there are.
+[[nodiscard]] std::expected<QByteArray, FileError> readAll(int descriptor, const QString& path, qint64 expected,
+                                                           qint64 limit);
+
+/// Reads a regular file that is named relative to an open folder, or to the current one (AT_FDCWD). `path` is for
+/// messages.
+[[nodiscard]] std::expected<FileContent, FileError> readFileAt(int folder, const QString& name,
+                                                               const QString& path, qint64 limit);
+
+} // namespace ledra
