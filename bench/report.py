@@ -5,6 +5,8 @@ from typing import Callable, NamedTuple
 
 SETTLE = 0.5  # seconds for which every page rests before it is printed
 
+FILTERS = ["store_filter_year", "store_filter_overdue", "store_filter_search", "store_filter_words"]
+
 Values = dict[str, float]
 
 
@@ -31,12 +33,21 @@ ROWS = [
         lambda v: v["pss_50"] / 1024, 1.1, "MB"),
     Row("10,000 files, write + read", "nlohmann::ordered_json", lambda v: v["json_sum_own"],
         lambda v: v["json_sum_peer"], 1, "s"),
+    Row("10,000 invoices, start + list", "bare loop: read, parse", lambda v: v["store_start_own"],
+        lambda v: v["store_start_bare"], 2, "s"),
+    Row("100,000 invoices, memory", "one gigabyte", lambda v: v["store_many_memory"], lambda v: 1024, 1, "MB"),
+    Row("one changed file of 10,000", "50 ms", lambda v: v["store_one_change"] * 1000, lambda v: 50, 1, "ms"),
+    Row("next number of 100,000", "10 ms", lambda v: v["store_next_number"] * 1000, lambda v: 10, 1, "ms"),
+    Row("slowest filter of 100,000", "10 ms", lambda v: max(v[name] for name in FILTERS) * 1000, lambda v: 10, 1,
+        "ms"),
 ]
 
 INFORMATION = [
     ("writing 10,000 files (s, peer)", ["json_encode_own", "json_encode_peer"]),
     ("reading 10,000 files (s, peer)", ["json_read_own", "json_read_peer"]),
     ("bare start, load for measuring, load and print (s)", ["parts_start", "parts_measure", "parts_print"]),
+    ("100,000 invoices: start, first search (s)", ["store_many_start", "store_index"]),
+    ("filters of 100,000: year, overdue, word, words (s)", FILTERS),
     ("memory at documents 50, 200, 500 (KB)", ["pss_50", "pss_200", "pss_500"]),
 ]
 
@@ -44,18 +55,18 @@ INFORMATION = [
 def main() -> None:
     values = {name: float(value) for name, value in (line.split() for line in sys.stdin if line.strip())}
     missed = 0
-    print(f"{'figure':28}{'':>12}  {'beside':34}{'':>12} {'ratio':>9} {'limit':>8}")
+    print(f"{'figure':30}{'':>12}  {'beside':34}{'':>12} {'ratio':>9} {'limit':>8}")
     for row in ROWS:
         try:
             own, peer = row.own_value(values), row.peer_value(values)
         except KeyError as missing:
-            print(f"{row.figure:28}{'':12}  {row.peer:34} not measured ({missing.args[0]})")
+            print(f"{row.figure:30}{'':12}  {row.peer:34} not measured ({missing.args[0]})")
             continue
         compared = own - peer if row.is_difference else own / peer
         sign, unit = ("+", " s") if row.is_difference else ("", "  ")
         fits = compared <= row.limit
         missed += not fits
-        print(f"{row.figure:28}{own:9.3f} {row.unit:2}  {row.peer:34}{peer:9.3f} {row.unit:2} "
+        print(f"{row.figure:30}{own:9.3f} {row.unit:2}  {row.peer:34}{peer:9.3f} {row.unit:2} "
               f"{compared:{sign}7.3f}{unit} {row.limit:6.3f}{unit} {'within' if fits else 'MISSED'}")
     for text, names in INFORMATION:
         if all(name in values for name in names):
