@@ -13,8 +13,8 @@ struct Suffix
 };
 
 constexpr std::array suffixes = {
-    Suffix{u".ledraplugin", HandedOver::Kind::plugin},   Suffix{u".ledraplugin.zip", HandedOver::Kind::plugin},
-    Suffix{u".ledrastyle", HandedOver::Kind::styling},   Suffix{u".pdf", HandedOver::Kind::document},
+    Suffix{u".ledraplugin", HandedOver::Kind::plugin}, Suffix{u".ledraplugin.zip", HandedOver::Kind::plugin},
+    Suffix{u".ledrastyle", HandedOver::Kind::styling}, Suffix{u".pdf", HandedOver::Kind::document},
     Suffix{u".xml", HandedOver::Kind::document},
 };
 
@@ -49,12 +49,23 @@ void AppDelegate::open(const QList<QUrl>& urls)
     for (const QUrl& url : urls) {
         const HandedOver handed = classify(url);
         switch (handed.kind) {
-        case HandedOver::Kind::invoiceLink: Q_EMIT invoiceLinkOpened(handed.invoiceId); break;
-        case HandedOver::Kind::plugin: Q_EMIT pluginHandedOver(url); break;
-        case HandedOver::Kind::styling: Q_EMIT stylingHandedOver(url); break;
-        case HandedOver::Kind::document: Q_EMIT documentHandedOver(url); break;
-        case HandedOver::Kind::profiles: Q_EMIT profilesHandedOver(url); break;
-        case HandedOver::Kind::unusableLink: break;
+        case HandedOver::Kind::invoiceLink:
+            Q_EMIT invoiceLinkOpened(handed.invoiceId);
+            break;
+        case HandedOver::Kind::plugin:
+            Q_EMIT pluginHandedOver(url);
+            break;
+        case HandedOver::Kind::styling:
+            Q_EMIT stylingHandedOver(url);
+            break;
+        case HandedOver::Kind::document:
+            Q_EMIT documentHandedOver(url);
+            break;
+        case HandedOver::Kind::profiles:
+            Q_EMIT profilesHandedOver(url);
+            break;
+        case HandedOver::Kind::unusableLink:
+            break;
         }
     }
 }

@@ -17,7 +17,8 @@ struct HandedOver
     QUrl url;
 };
 
-/// Links "ledra://invoice/ID" and files by their extensions; whatever is left is taken for an archive of profiles.
+/// Links "ledra://invoice/ID" and files by their extensions; whatever is left is taken for an archive of
+/// profiles.
 HandedOver classify(const QUrl& url);
 
 /// Takes what the system hands over, and says to whom it belongs.

@@ -4,10 +4,10 @@
 #include <QFile>
 #include <QFileInfo>
 
+#include <unistd.h>
+
 #include <cerrno>
 #include <cstring>
-
-#include <unistd.h>
 
 namespace ledra {
 

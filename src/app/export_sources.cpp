@@ -9,7 +9,8 @@ namespace ledra {
 
 namespace {
 
-/// A displayed number as a file name: what separates folders, or means something to other systems, becomes "-".
+/// A displayed number as a file name: what separates folders, or means something to other systems, becomes
+/// "-".
 QString fileNameOf(const QString& number)
 {
     static const QRegularExpression unsafe(QStringLiteral("[/\\\\:*?\"<>|\\x00-\\x1f]"));
@@ -30,8 +31,8 @@ std::vector<ExportSource> fileSources(const QStringList& paths, BareFiles& files
         const QString folder = QFileInfo(path).absolutePath();
         std::shared_ptr<const DocumentSetting>& setting = settings[folder];
         if (!setting)
-            setting = std::make_shared<DocumentSetting>(
-                DocumentSetting{.profile = profile, .styling = styling, .invoices = [&files, folder](const QUuid& id) {
+            setting = std::make_shared<DocumentSetting>(DocumentSetting{
+                .profile = profile, .styling = styling, .invoices = [&files, folder](const QUuid& id) {
                     return files.findInvoice(folder, id);
                 }});
         const QString stem =

@@ -8,13 +8,13 @@
 
 namespace ledra {
 
-/// The documents of bare files. What the files leave open comes from the profile, the look from the styling; the
-/// invoice that a cancellation names is looked up beside it. A document is named after its file.
+/// The documents of bare files. What the files leave open comes from the profile, the look from the styling;
+/// the invoice that a cancellation names is looked up beside it. A document is named after its file.
 std::vector<ExportSource> fileSources(const QStringList& paths, BareFiles& files, const Profile& profile,
                                       const Styling& styling);
 
-/// The documents of records, with the active profile and its styling. A document is named by its number; of two with
-/// one number the second gets the beginning of its id as well.
+/// The documents of records, with the active profile and its styling. A document is named by its number; of
+/// two with one number the second gets the beginning of its id as well.
 std::vector<ExportSource> recordSources(const std::vector<InvoicePtr>& records, LedraApp& app);
 
 } // namespace ledra

@@ -2,7 +2,8 @@
 
 namespace ledra {
 
-FilterManager::FilterManager(const InvoiceManager& invoices, const ProfileManager& profiles, const Clock& clock)
+FilterManager::FilterManager(const InvoiceManager& invoices, const ProfileManager& profiles,
+                             const Clock& clock)
     : invoices_(invoices), profiles_(profiles), clock_(clock)
 {}
 

@@ -19,7 +19,7 @@ struct InvoiceFilter
     std::optional<Status> status = {};
     bool overdueOnly = false;
     std::optional<int> year = {}; ///< of the record's date
-    QString search = {}; ///< words that all occur somewhere in the record
+    QString search = {};          ///< words that all occur somewhere in the record
 
     friend bool operator==(const InvoiceFilter&, const InvoiceFilter&) = default;
 };

@@ -4,10 +4,10 @@
 
 #include <QFile>
 
+#include <unistd.h>
+
 #include <cerrno>
 #include <cstring>
-
-#include <unistd.h>
 
 namespace ledra {
 
@@ -112,7 +112,8 @@ JobResult<InvoicePtr> InvoiceJobs::convert(const QUuid& id)
     if (!record)
         return record;
     if ((**record)->type != InvoiceType::quote)
-        return std::unexpected(JobFailure{.text = QStringLiteral("only a quote can be made into an invoice")});
+        return std::unexpected(
+            JobFailure{.text = QStringLiteral("only a quote can be made into an invoice")});
     return from(invoices_.createInvoiceFromQuote(id));
 }
 

@@ -30,8 +30,8 @@ using JobResult = std::expected<T, JobFailure>;
 
 /// What users do to invoices, quotes and cancellations. The rules that no front end may forget are kept here:
 ///
-/// A record that is sent, paid or cancelled is a document that others hold. It is edited or deleted only with force;
-/// its status, its note and its reference stay free.
+/// A record that is sent, paid or cancelled is a document that others hold. It is edited or deleted only with
+/// force; its status, its note and its reference stay free.
 class InvoiceJobs
 {
 public:

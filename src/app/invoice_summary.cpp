@@ -67,8 +67,7 @@ private:
     QString heading() const
     {
         const bool overdue = invoice_.isOverdue(now_);
-        const QString due =
-            dayText(invoice_.dueDay()) + (overdue ? QStringLiteral(" (overdue)") : QString());
+        const QString due = dayText(invoice_.dueDay()) + (overdue ? QStringLiteral(" (overdue)") : QString());
         const bool isQuote = invoice_.type == InvoiceType::quote;
         return displayText(invoice_.type) + u' ' + displayedNumber(invoice_, profile_) + u'\n' +
                field("Status", displayText(invoice_.status)) +

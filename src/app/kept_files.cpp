@@ -40,8 +40,9 @@ std::vector<TrashedRecord> KeptFiles::trash() const
 JobResult<void> KeptFiles::restore(const TrashedRecord& record)
 {
     if (record.invoice && invoices_.find(record.invoice->id))
-        return std::unexpected(JobFailure{.text = QStringLiteral("a record with the id %1 exists already")
-                                                      .arg(idText(record.invoice->id))});
+        return std::unexpected(JobFailure{
+            .text =
+                QStringLiteral("a record with the id %1 exists already").arg(idText(record.invoice->id))});
     if (const auto restored = context_.trash.restore(record.file); !restored)
         return std::unexpected(failure(restored.error()));
     profiles_.reload();
@@ -81,7 +82,7 @@ QString KeptFiles::currentFile(const KeptVersion& version, const std::optional<I
     place.open(folder);
     if (const auto found = place.scan()) {
         for (const InvoiceFile& file : found->read) {
-            if (file.invoice.id == content->id)
+            if ((*file.record)->id == content->id)
                 return folder + u'/' + file.name;
         }
     }

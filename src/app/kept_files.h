@@ -24,7 +24,8 @@ struct TrashedRecord
 /// A version that gave way: one that is kept, or a second file of a record.
 struct KeptVersion
 {
-    int number = 0; ///< stays the same as long as the version is kept; second files are counted after the others
+    int number =
+        0; ///< stays the same as long as the version is kept; second files are counted after the others
     QString target; ///< the data file that it is a version of
     QString path;
     bool isSecondFile = false;

@@ -37,8 +37,8 @@ public:
     virtual void checkForUpdates() = 0;
 };
 
-/// What the application gets from outside. Tests put in a clock, ids and a device of their own; what is missing is
-/// the computer's. A command has neither windows nor an updater.
+/// What the application gets from outside. Tests put in a clock, ids and a device of their own; what is
+/// missing is the computer's. A command has neither windows nor an updater.
 struct LaunchOptions
 {
     Console& console;
@@ -51,11 +51,12 @@ struct LaunchOptions
     std::optional<QString> profile = {}; ///< the one to work with in this run, as lookUpProfile() takes it
 };
 
-/// The application: its long-lived objects and its state. The command line and the windows are two front ends over
-/// it. They read the stores; what changes records goes through jobs().
+/// The application: its long-lived objects and its state. The command line and the windows are two front ends
+/// over it. They read the stores; what changes records goes through jobs().
 ///
-/// It is built in a fixed order, each step complete before the next: what was interrupted last time is finished, then
-/// the updater starts, then the profiles and after them the invoices of the active one are loaded.
+/// It is built in a fixed order, each step complete before the next: what was interrupted last time is
+/// finished, then the updater starts, then the profiles and after them the invoices of the active one are
+/// loaded.
 class LedraApp : public QObject
 {
     Q_OBJECT

@@ -37,8 +37,8 @@ bool isIdPrefix(const QString& text)
 
 } // namespace
 
-std::expected<InvoicePtr, QString> lookUpInvoice(const InvoiceManager& invoices, const ProfileManager& profiles,
-                                                 const QString& text)
+std::expected<InvoicePtr, QString> lookUpInvoice(const InvoiceManager& invoices,
+                                                 const ProfileManager& profiles, const QString& text)
 {
     const ProfilePtr& profile = profiles.activeProfile();
     if (!profile)
@@ -58,7 +58,8 @@ std::expected<InvoicePtr, QString> lookUpInvoice(const InvoiceManager& invoices,
             return idText((*invoice)->id).startsWith(text, Qt::CaseInsensitive);
         });
     if (candidates.empty())
-        return std::unexpected(QStringLiteral("no invoice, quote or cancellation is called \"%1\"").arg(text));
+        return std::unexpected(
+            QStringLiteral("no invoice, quote or cancellation is called \"%1\"").arg(text));
     return only(candidates, text, describe);
 }
 

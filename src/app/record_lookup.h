@@ -11,9 +11,8 @@ namespace ledra {
 
 /// The record that a text names: a whole id, else an exact displayed number, else the beginning of an id (six
 /// characters or more). The error says that there is none, or lists those that it may mean.
-[[nodiscard]] std::expected<InvoicePtr, QString> lookUpInvoice(const InvoiceManager& invoices,
-                                                               const ProfileManager& profiles,
-                                                               const QString& text);
+[[nodiscard]] std::expected<InvoicePtr, QString>
+lookUpInvoice(const InvoiceManager& invoices, const ProfileManager& profiles, const QString& text);
 
 /// The profile that a text names: its folder, else its display name, else an id or its beginning.
 [[nodiscard]] std::expected<ProfilePtr, QString> lookUpProfile(const ProfileManager& profiles,

@@ -29,8 +29,8 @@ void appendUtf8(std::string& text, char32_t letter)
     }
 }
 
-/// Unicode's simple case folding, as UTF-8. Many times as fast as folding and converting whole strings, of which
-/// there are more than a million.
+/// Unicode's simple case folding, as UTF-8. Many times as fast as folding and converting whole strings, of
+/// which there are more than a million.
 void appendFolded(std::string& folded, QStringView text)
 {
     for (qsizetype i = 0; i < text.size(); ++i) {
@@ -64,8 +64,8 @@ void SearchIndex::build(const std::vector<InvoicePtr>& invoices, const Profile& 
     for (const InvoicePtr& record : invoices) {
         const Invoice& invoice = **record;
         append(displayedNumber(invoice, profile));
-        for (const QString* text : {&invoice.name, &invoice.businessName, &invoice.email, &invoice.addressCity,
-                                    &invoice.note})
+        for (const QString* text :
+             {&invoice.name, &invoice.businessName, &invoice.email, &invoice.addressCity, &invoice.note})
             append(*text);
         if (invoice.reference)
             append(*invoice.reference);
@@ -132,15 +132,16 @@ std::size_t SearchIndex::find(const Needle& needle, std::size_t from, std::size_
     return std::string::npos;
 }
 
-/// The records from `first` to before `last` in which all words occur. The texts are gone through once, for the first
-/// word; the others are looked for where it was found.
+/// The records from `first` to before `last` in which all words occur. The texts are gone through once, for
+/// the first word; the others are looked for where it was found.
 std::vector<std::size_t> SearchIndex::search(const std::vector<Needle>& needles, std::size_t first,
                                              std::size_t last) const
 {
     std::vector<std::size_t> found;
     const std::size_t end = last == 0 ? 0 : ends_[last - 1];
     for (std::size_t at = find(needles.front(), begin(first), end); at != std::string::npos;) {
-        const auto holder = std::upper_bound(ends_.begin() + static_cast<std::ptrdiff_t>(first), ends_.end(), at);
+        const auto holder =
+            std::upper_bound(ends_.begin() + static_cast<std::ptrdiff_t>(first), ends_.end(), at);
         first = static_cast<std::size_t>(holder - ends_.begin());
         const auto occurs = [&](const Needle& needle) {
             return find(needle, begin(first), *holder) != std::string::npos;

@@ -13,9 +13,9 @@
 
 namespace ledra {
 
-/// The searchable texts of a list of records in one stretch of memory, so that searching a hundred thousand of them
-/// takes no longer than a key stroke: displayed number, recipient, e-mail, place, reference, note and the
-/// descriptions of the items. Letters match in either case.
+/// The searchable texts of a list of records in one stretch of memory, so that searching a hundred thousand
+/// of them takes no longer than a key stroke: displayed number, recipient, e-mail, place, reference, note and
+/// the descriptions of the items. Letters match in either case.
 class SearchIndex
 {
 public:
@@ -37,7 +37,8 @@ private:
     std::size_t frequency(char byte) const { return byteCounts_[static_cast<unsigned char>(byte)]; }
     std::vector<Needle> needlesOf(const QString& text) const;
     std::size_t find(const Needle& needle, std::size_t from, std::size_t end) const;
-    std::vector<std::size_t> search(const std::vector<Needle>& needles, std::size_t first, std::size_t last) const;
+    std::vector<std::size_t> search(const std::vector<Needle>& needles, std::size_t first,
+                                    std::size_t last) const;
 
     std::string texts_;             ///< folded UTF-8; line feeds separate texts, which no word contains
     std::vector<std::size_t> ends_; ///< where the texts of a record end, ascending

@@ -22,7 +22,8 @@ QStringList truthValues()
 
 const std::array specs = {
     SettingSpec{"termsAccepted", "false", truthValues, "Whether the terms of use have been accepted."},
-    SettingSpec{"collectData", "false", truthValues, "Keep signs of usage in a file of your own; nothing is sent."},
+    SettingSpec{"collectData", "false", truthValues,
+                "Keep signs of usage in a file of your own; nothing is sent."},
     SettingSpec{"showBadge", "true", truthValues, "Show a count on the icon in the dock."},
     SettingSpec{"appIcon", "standard", rawValues<AppIcon>, "The icon of the application."},
     SettingSpec{"appearance", "system", rawValues<Appearance>, "Light or dark windows."},

@@ -11,8 +11,11 @@ namespace ledra {
 namespace {
 
 constexpr CommandSpec conflictsSpec = {
-    "conflicts", "list | show N | take N | drop N",
-    "See versions of records that had to give way, and choose between them.", {}, false};
+    "conflicts",
+    "list | show N | take N | drop N",
+    "See versions of records that had to give way, and choose between them.",
+    {},
+    false};
 
 void encodeVersion(const KeptVersion& version, KeyedEncodingContainer object)
 {
@@ -43,10 +46,11 @@ ExitCode list(Session& session, const QStringList&, const CommandArguments& argu
     }
     std::vector<QStringList> cells;
     for (const KeptVersion& version : versions)
-        cells.push_back({QString::number(version.number),
-                         QFileInfo(version.path).lastModified().toString(QStringLiteral("yyyy-MM-dd HH:mm")),
-                         version.isSecondFile ? QStringLiteral("second file of") : QStringLiteral("version of"),
-                         version.target});
+        cells.push_back(
+            {QString::number(version.number),
+             QFileInfo(version.path).lastModified().toString(QStringLiteral("yyyy-MM-dd HH:mm")),
+             version.isSecondFile ? QStringLiteral("second file of") : QStringLiteral("version of"),
+             version.target});
     writeOutput(textTable(cells, {Align::right, Align::left, Align::left, Align::left}));
     return ExitCode::done;
 }

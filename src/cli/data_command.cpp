@@ -9,7 +9,8 @@ namespace ledra {
 
 namespace {
 
-constexpr CommandSpec dataSpec = {"data", "show | move FOLDER | reset", "Show or move the folder of all data.", {}, false};
+constexpr CommandSpec dataSpec = {
+    "data", "show | move FOLDER | reset", "Show or move the folder of all data.", {}, false};
 
 struct Place
 {

@@ -18,8 +18,10 @@ constexpr std::array setOptions = {
 constexpr std::array deleteOptions = {forceOption};
 
 constexpr CommandSpec setSpec = {"set", "ID [KEY=VALUE…]",
-                                 "Set fields of a record, such as recipient.address.city=Köln.", setOptions, false};
-constexpr CommandSpec statusSpec = {"status", "ID draft|sent|paid|cancelled", "Set the status of a record.", {}, false};
+                                 "Set fields of a record, such as recipient.address.city=Köln.", setOptions,
+                                 false};
+constexpr CommandSpec statusSpec = {
+    "status", "ID draft|sent|paid|cancelled", "Set the status of a record.", {}, false};
 constexpr CommandSpec deleteSpec = {"delete", "ID", "Move a record to the trash.", deleteOptions, false};
 
 /// Everything that one "set" changes.

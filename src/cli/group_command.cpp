@@ -12,10 +12,10 @@ ExitCode GroupCommand::run(const CommandArguments& arguments)
         return wrongUsage(spec_, name.isEmpty() ? QStringLiteral("what to do?")
                                                 : QStringLiteral("it cannot \"%1\"").arg(name));
     if (operands.size() < verb->fewest || operands.size() > verb->most)
-        return wrongUsage(spec_, QStringLiteral("too %1 arguments for \"%2\"")
-                                     .arg(operands.size() < verb->fewest ? QStringLiteral("few")
-                                                                         : QStringLiteral("many"),
-                                          name));
+        return wrongUsage(
+            spec_,
+            QStringLiteral("too %1 arguments for \"%2\"")
+                .arg(operands.size() < verb->fewest ? QStringLiteral("few") : QStringLiteral("many"), name));
     const auto session = Session::start(arguments);
     return session ? verb->run(**session, operands, arguments) : session.error();
 }

@@ -9,7 +9,8 @@ namespace ledra {
 /// One verb of a command such as "profile create NAME".
 struct Verb
 {
-    using Run = ExitCode (*)(Session& session, const QStringList& operands, const CommandArguments& arguments);
+    using Run = ExitCode (*)(Session& session, const QStringList& operands,
+                             const CommandArguments& arguments);
 
     const char* name;
     qsizetype fewest; ///< operands

@@ -20,12 +20,11 @@ QString listText(const std::vector<InvoicePtr>& invoices, const Profile& profile
     for (const InvoicePtr& record : invoices) {
         const Invoice& invoice = **record;
         const bool isInvoice = invoice.type == InvoiceType::invoice;
-        rows.push_back({displayedNumber(invoice, profile), dayText(invoice.date.localDate()),
-                        isInvoice ? QString() : displayText(invoice.type),
-                        displayText(invoice.status) +
-                            (invoice.isOverdue(now) ? QStringLiteral(", overdue") : QString()),
-                        recipientName(invoice),
-                        amountText(invoice.total(), invoice.currency, Language::english)});
+        rows.push_back(
+            {displayedNumber(invoice, profile), dayText(invoice.date.localDate()),
+             isInvoice ? QString() : displayText(invoice.type),
+             displayText(invoice.status) + (invoice.isOverdue(now) ? QStringLiteral(", overdue") : QString()),
+             recipientName(invoice), amountText(invoice.total(), invoice.currency, Language::english)});
     }
     return textTable(rows, {Align::left, Align::left, Align::left, Align::left, Align::left, Align::right});
 }

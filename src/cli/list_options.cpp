@@ -18,7 +18,8 @@ std::expected<InvoiceFilter, QString> filterFrom(const CommandArguments& argumen
         if (assigned && arguments.has(option))
             assigned = assignText(field, arguments.value(option), ValueReading{});
         if (!assigned && assigned.error().front() != u'-')
-            assigned = std::unexpected(QStringLiteral("--%1: ").arg(QString::fromLatin1(option)) + assigned.error());
+            assigned =
+                std::unexpected(QStringLiteral("--%1: ").arg(QString::fromLatin1(option)) + assigned.error());
     };
     std::optional<std::int64_t> year;
     take("type", filter.type);

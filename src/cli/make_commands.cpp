@@ -14,10 +14,10 @@ constexpr std::array newOptions = {
     OptionSpec{"item", "", "ITEM", "Add a line: 'TEXT;QUANTITY;UNIT;PRICE;VAT'; again for each line."},
 };
 
-constexpr CommandSpec newSpec = {"new", "invoice|quote", "Make an invoice or a quote; prints its id.", newOptions,
-                                 false};
-constexpr CommandSpec duplicateSpec = {"duplicate", "ID", "Make a new draft with the content of a record.", {},
-                                       false};
+constexpr CommandSpec newSpec = {"new", "invoice|quote", "Make an invoice or a quote; prints its id.",
+                                 newOptions, false};
+constexpr CommandSpec duplicateSpec = {
+    "duplicate", "ID", "Make a new draft with the content of a record.", {}, false};
 constexpr CommandSpec cancelSpec = {"cancel", "ID", "Make the cancellation of an invoice.", {}, false};
 constexpr CommandSpec convertSpec = {"convert", "QUOTE-ID", "Make the invoice for a quote.", {}, false};
 
@@ -72,7 +72,8 @@ ExitCode NewCommand::run(const CommandArguments& arguments)
     return ExitCode::done;
 }
 
-JobResult<InvoicePtr> CopyCommand::perform(Session& session, const InvoicePtr& record, const CommandArguments&)
+JobResult<InvoicePtr> CopyCommand::perform(Session& session, const InvoicePtr& record,
+                                           const CommandArguments&)
 {
     return (session.app().jobs().*job_)((*record)->id);
 }

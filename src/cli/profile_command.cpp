@@ -11,8 +11,11 @@ namespace ledra {
 namespace {
 
 constexpr CommandSpec profileSpec = {
-    "profile", "list | show [P] | create NAME | rename P NAME | use P | set P KEY=VALUE… | delete P",
-    "List, make, change and switch profiles.", {}, false};
+    "profile",
+    "list | show [P] | create NAME | rename P NAME | use P | set P KEY=VALUE… | delete P",
+    "List, make, change and switch profiles.",
+    {},
+    false};
 
 /// What "list" says of a profile.
 struct Row
@@ -110,8 +113,8 @@ ExitCode rename(Session& session, const QStringList& operands, const CommandArgu
     if (const std::optional<QString> problem = profileNameProblem(operands[1]))
         return failed(*problem);
     const Profile value = ***profile;
-    return result(session.app().profileManager().saveProfile(
-        value, ProfileManager::folderNameFor(value, operands[1])));
+    return result(
+        session.app().profileManager().saveProfile(value, ProfileManager::folderNameFor(value, operands[1])));
 }
 
 ExitCode use(Session& session, const QStringList& operands, const CommandArguments&)
@@ -146,8 +149,8 @@ ExitCode remove(Session& session, const QStringList& operands, const CommandArgu
 }
 
 constexpr std::array verbs = {
-    Verb{"list", 0, 0, list},     Verb{"show", 0, 1, show},         Verb{"create", 1, 1, create},
-    Verb{"rename", 2, 2, rename}, Verb{"use", 1, 1, use},           Verb{"set", 2, anyNumber, set},
+    Verb{"list", 0, 0, list},     Verb{"show", 0, 1, show}, Verb{"create", 1, 1, create},
+    Verb{"rename", 2, 2, rename}, Verb{"use", 1, 1, use},   Verb{"set", 2, anyNumber, set},
     Verb{"delete", 1, 1, remove},
 };
 

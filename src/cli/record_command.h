@@ -22,7 +22,8 @@ protected:
     virtual bool makesRecord() const { return false; }
 };
 
-/// Tells of a record that a command made or changed: with --json as it stands, otherwise, if it is new, its id.
+/// Tells of a record that a command made or changed: with --json as it stands, otherwise, if it is new, its
+/// id.
 void tellRecord(Session& session, const InvoicePtr& record, const CommandArguments& arguments, bool isNew);
 
 Force forceFrom(const CommandArguments& arguments);

@@ -42,7 +42,8 @@ ExitCode failed(const JobFailure& failure)
     if (failure.isReported)
         return ExitCode::failed;
     const bool canBeForced = failure.kind == JobFailure::Kind::guarded;
-    return failed(failure.text + (canBeForced ? QStringLiteral(" (--force does it all the same)") : QString()));
+    return failed(failure.text +
+                  (canBeForced ? QStringLiteral(" (--force does it all the same)") : QString()));
 }
 
 } // namespace ledra

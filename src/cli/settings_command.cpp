@@ -7,8 +7,11 @@ namespace ledra {
 
 namespace {
 
-constexpr CommandSpec settingsSpec = {"settings", "list | get KEY | set KEY VALUE",
-                                      "List and set what holds for the whole application.", {}, false};
+constexpr CommandSpec settingsSpec = {"settings",
+                                      "list | get KEY | set KEY VALUE",
+                                      "List and set what holds for the whole application.",
+                                      {},
+                                      false};
 
 /// All settings as one object.
 struct AllSettings

@@ -9,8 +9,11 @@ namespace ledra {
 
 namespace {
 
-constexpr CommandSpec stylingSpec = {"styling", "show | set KEY=VALUE… | logo FILE | css FILE",
-                                     "Show and change the look of a profile's documents.", {}, false};
+constexpr CommandSpec stylingSpec = {"styling",
+                                     "show | set KEY=VALUE… | logo FILE | css FILE",
+                                     "Show and change the look of a profile's documents.",
+                                     {},
+                                     false};
 
 ExitCode show(Session& session, const QStringList&, const CommandArguments& arguments)
 {
@@ -56,8 +59,8 @@ ExitCode css(Session& session, const QStringList& operands, const CommandArgumen
     return result(session.app().stylingManager().importStyleSheet(operands.front()));
 }
 
-constexpr std::array verbs = {Verb{"show", 0, 0, show}, Verb{"set", 1, anyNumber, set}, Verb{"logo", 1, 1, logo},
-                              Verb{"css", 1, 1, css}};
+constexpr std::array verbs = {Verb{"show", 0, 0, show}, Verb{"set", 1, anyNumber, set},
+                              Verb{"logo", 1, 1, logo}, Verb{"css", 1, 1, css}};
 
 } // namespace
 

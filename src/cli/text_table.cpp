@@ -14,7 +14,8 @@ QString textTable(const std::vector<QStringList>& rows, const std::vector<Align>
         QString line;
         for (std::size_t i = 0; i < columns.size(); ++i) {
             const QString cell = row.value(static_cast<qsizetype>(i)).simplified();
-            line += columns[i] == Align::right ? cell.rightJustified(widths[i]) : cell.leftJustified(widths[i]);
+            line +=
+                columns[i] == Align::right ? cell.rightJustified(widths[i]) : cell.leftJustified(widths[i]);
             line += QStringLiteral("  ");
         }
         while (line.endsWith(u' '))

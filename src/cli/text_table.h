@@ -9,7 +9,8 @@ namespace ledra {
 
 enum class Align { left, right };
 
-/// Rows of cells as aligned columns with two blanks between them, for a terminal. Line breaks in cells become blanks.
+/// Rows of cells as aligned columns with two blanks between them, for a terminal. Line breaks in cells become
+/// blanks.
 QString textTable(const std::vector<QStringList>& rows, const std::vector<Align>& columns);
 
 } // namespace ledra

@@ -10,7 +10,8 @@ namespace ledra {
 
 namespace {
 
-constexpr CommandSpec trashSpec = {"trash", "list | restore ID", "List and restore what was deleted.", {}, false};
+constexpr CommandSpec trashSpec = {
+    "trash", "list | restore ID", "List and restore what was deleted.", {}, false};
 
 /// What can be said of something in the trash.
 struct Row
@@ -23,7 +24,10 @@ struct Row
 
 Row rowOf(const TrashedRecord& record, const Profile& profile)
 {
-    Row row{{}, {}, record.file.originalPath, record.file.deletionDate.toString(QStringLiteral("yyyy-MM-dd HH:mm"))};
+    Row row{{},
+            {},
+            record.file.originalPath,
+            record.file.deletionDate.toString(QStringLiteral("yyyy-MM-dd HH:mm"))};
     if (record.invoice) {
         row.id = idText(record.invoice->id);
         row.number = displayedNumber(*record.invoice, profile);
@@ -63,8 +67,9 @@ ExitCode restore(Session& session, const QStringList& operands, const CommandArg
     std::vector<TrashedRecord> candidates;
     for (const TrashedRecord& record : session.app().keptFiles().trash()) {
         const Row row = rowOf(record, session.profile());
-        const bool isMeant = (text.size() >= shortestPrefix && row.id.startsWith(text, Qt::CaseInsensitive)) ||
-                             row.number == text || row.file == text || QFileInfo(row.file).fileName() == text;
+        const bool isMeant =
+            (text.size() >= shortestPrefix && row.id.startsWith(text, Qt::CaseInsensitive)) ||
+            row.number == text || row.file == text || QFileInfo(row.file).fileName() == text;
         if (isMeant)
             candidates.push_back(record);
     }

@@ -40,7 +40,11 @@ double Invoice::subtotal() const
 
 double Invoice::discount() const
 {
-    const double base = subtotal();
+    return discountOn(subtotal());
+}
+
+double Invoice::discountOn(double base) const
+{
     if (discountPercentage && *discountPercentage > 0)
         return percentOf(*discountPercentage, base);
     if (discountAmount && *discountAmount > 0)
@@ -50,33 +54,35 @@ double Invoice::discount() const
 
 std::vector<VATAmount> Invoice::vatAmounts() const
 {
-    std::vector<VATAmount> amounts;
+    return vatAmountsOn(subtotal());
+}
+
+std::vector<VATAmount> Invoice::vatAmountsOn(double base) const
+{
+    std::vector<VATAmount> amounts; // first the nets of the rates
     for (const Item& item : items) {
-        if (item.vatPercentage > 0 &&
-            std::ranges::find(amounts, item.vatPercentage, &VATAmount::rate) == amounts.end())
-            amounts.push_back({item.vatPercentage, 0});
+        if (item.vatPercentage <= 0)
+            continue;
+        auto rate = std::ranges::find(amounts, item.vatPercentage, &VATAmount::rate);
+        if (rate == amounts.end())
+            rate = amounts.insert(rate, {item.vatPercentage, 0});
+        rate->amount += lineNet(item);
     }
     std::ranges::sort(amounts, {}, &VATAmount::rate);
-
-    const double base = subtotal();
-    const double discounted = base - discount();
+    const double discounted = base - discountOn(base);
     for (VATAmount& vat : amounts) {
-        double rateNet = 0;
-        for (const Item& item : items) {
-            if (item.vatPercentage == vat.rate)
-                rateNet += lineNet(item);
-        }
         if (base != 0)
-            rateNet = discounted * rateNet / base;
-        vat.amount = percentOf(vat.rate, rateNet);
+            vat.amount = discounted * vat.amount / base;
+        vat.amount = percentOf(vat.rate, vat.amount);
     }
     return amounts;
 }
 
 double Invoice::total() const
 {
-    double sum = subtotal() - discount();
-    for (const VATAmount& vat : vatAmounts())
+    const double base = subtotal();
+    double sum = base - discountOn(base);
+    for (const VATAmount& vat : vatAmountsOn(base))
         sum += vat.amount;
     return sum;
 }

@@ -122,6 +122,11 @@ struct Invoice
     bool isOverdue(Timestamp now) const;
 
     friend bool operator==(const Invoice&, const Invoice&) = default;
+
+private:
+    // The same on a subtotal that is known, so that a total adds the lines up once.
+    double discountOn(double base) const;
+    std::vector<VATAmount> vatAmountsOn(double base) const;
 };
 
 using InvoiceRecord = Record<Invoice>;

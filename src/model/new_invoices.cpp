@@ -6,7 +6,8 @@ namespace ledra {
 
 namespace {
 
-/// The content that a copy takes over, as a new draft dated now; the number and what comes with it are not part of it.
+/// The content that a copy takes over, as a new draft dated now; the number and what comes with it are not
+/// part of it.
 Invoice copiedContent(const Invoice& source, const NewInvoiceOrder& order)
 {
     Invoice copy = source;
@@ -100,11 +101,15 @@ Invoice invoiceFromQuote(const Invoice& quote, const NewInvoiceOrder& order)
 double rateOf(Unit unit, const Profile& profile)
 {
     switch (unit) {
-    case Unit::hour: return profile.hourlyRate;
-    case Unit::day: return profile.dailyRate;
-    case Unit::week: return profile.weeklyRate;
+    case Unit::hour:
+        return profile.hourlyRate;
+    case Unit::day:
+        return profile.dailyRate;
+    case Unit::week:
+        return profile.weeklyRate;
     case Unit::piece:
-    case Unit::lumpSum: break;
+    case Unit::lumpSum:
+        break;
     }
     return 0;
 }

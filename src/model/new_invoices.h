@@ -20,7 +20,8 @@ struct NewInvoiceOrder
 /// An empty invoice or quote with the profile as its sender and the profile's defaults.
 Invoice invoiceFromProfile(InvoiceType type, const NewInvoiceOrder& order);
 
-/// Copies the profile's name, address, contact data, bank and tax identifiers into the record's sender fields.
+/// Copies the profile's name, address, contact data, bank and tax identifiers into the record's sender
+/// fields.
 void takeSender(Invoice& invoice, const Profile& profile);
 
 /// A new draft with the content of another record, dated now.
@@ -38,8 +39,8 @@ Invoice::Item newItem(const Profile& profile, IdSource& ids);
 /// What the profile asks for a unit of time; 0 for the others.
 double rateOf(Unit unit, const Profile& profile);
 
-/// The number that a new record gets: the next one of its range, or, for an invoice whose range is still empty, the
-/// number at which the profile begins to count (if it does so in this year).
+/// The number that a new record gets: the next one of its range, or, for an invoice whose range is still
+/// empty, the number at which the profile begins to count (if it does so in this year).
 std::int64_t numberForNew(std::int64_t next, InvoiceType type, const Profile& profile, int thisYear);
 
 } // namespace ledra

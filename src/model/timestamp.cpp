@@ -56,7 +56,18 @@ QString Timestamp::toIso8601() const
 
 QString dayText(QDate day)
 {
-    return day.toString(QStringLiteral("yyyy-MM-dd"));
+    if (!day.isValid() || day.year() < 0 || day.year() > 9999)
+        return day.toString(QStringLiteral("yyyy-MM-dd"));
+    // By hand, since lists have many: a pattern is read anew for each date.
+    QString text = QStringLiteral("0000-00-00");
+    const auto put = [&text](qsizetype end, int value) {
+        for (; value > 0; value /= 10)
+            text[--end] = QChar(u'0' + value % 10);
+    };
+    put(4, day.year());
+    put(7, day.month());
+    put(10, day.day());
+    return text;
 }
 
 } // namespace ledra

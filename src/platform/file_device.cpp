@@ -6,11 +6,11 @@
 #include <QFile>
 #include <QFileInfo>
 
-#include <cerrno>
-#include <cstring>
-
 #include <fcntl.h>
 #include <unistd.h>
+
+#include <cerrno>
+#include <cstring>
 
 namespace ledra {
 
@@ -27,8 +27,7 @@ class Descriptor
 public:
     Descriptor(const QString& path, int flags)
         : number_(::open(QFile::encodeName(path).constData(), flags | O_CLOEXEC, 0644))
-    {
-    }
+    {}
     ~Descriptor()
     {
         if (number_ >= 0)

@@ -11,8 +11,8 @@
 
 namespace ledra {
 
-/// The few operations on files from which saving is built. Tests put a device in place that fails, or that records
-/// what was done and loses what was not made durable.
+/// The few operations on files from which saving is built. Tests put a device in place that fails, or that
+/// records what was done and loses what was not made durable.
 class FileDevice
 {
 public:
@@ -22,9 +22,10 @@ public:
     [[nodiscard]] virtual std::expected<std::optional<QByteArray>, FileError> read(const QString& path,
                                                                                    qint64 limit) = 0;
 
-    /// Puts the content into the file itself, which is made if it is missing and cut to nothing if not. Neither the
-    /// content nor the name is durable after this.
-    [[nodiscard]] virtual std::expected<void, FileError> write(const QString& path, const QByteArray& content) = 0;
+    /// Puts the content into the file itself, which is made if it is missing and cut to nothing if not.
+    /// Neither the content nor the name is durable after this.
+    [[nodiscard]] virtual std::expected<void, FileError> write(const QString& path,
+                                                               const QByteArray& content) = 0;
 
     /// Makes a file's content durable.
     [[nodiscard]] virtual std::expected<void, FileError> sync(const QString& path) = 0;

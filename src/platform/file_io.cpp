@@ -14,12 +14,15 @@ namespace ledra {
 std::expected<QByteArray, FileError> readFile(const QString& path, qint64 limit)
 {
     constexpr qint64 firstGuess = 1 << 16;
+    QByteArray content;
+    std::expected<void, FileError> read;
     if (path == standardStream)
-        return readAll(STDIN_FILENO, path, firstGuess, limit);
-    std::expected<FileContent, FileError> content = readFileAt(AT_FDCWD, path, path, limit);
-    if (!content)
-        return std::unexpected(content.error());
-    return std::move(content->bytes);
+        read = readAll(STDIN_FILENO, path, firstGuess, limit, content);
+    else if (const auto signature = readFileAt(AT_FDCWD, path, path, limit, content); !signature)
+        read = std::unexpected(signature.error());
+    if (!read)
+        return std::unexpected(read.error());
+    return content;
 }
 
 std::expected<void, FileError> writeExport(const QString& path, const QByteArray& content,

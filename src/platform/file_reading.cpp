@@ -2,12 +2,12 @@
 
 #include <QFile>
 
-#include <cerrno>
-#include <cstring>
-
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
+
+#include <cerrno>
+#include <cstring>
 
 namespace ledra {
 
@@ -20,7 +20,8 @@ std::unexpected<FileError> tooLarge(const QString& path, qint64 limit)
     return fileProblem(path, QStringLiteral("larger than %1 MB").arg(limit >> 20));
 }
 
-std::expected<FileContent, FileError> readOpened(int descriptor, const QString& path, qint64 limit)
+std::expected<FileSignature, FileError> readOpened(int descriptor, const QString& path, qint64 limit,
+                                                   QByteArray& content)
 {
     struct stat state = {};
     if (::fstat(descriptor, &state) != 0)
@@ -29,10 +30,9 @@ std::expected<FileContent, FileError> readOpened(int descriptor, const QString& 
         return fileProblem(path, QStringLiteral("not a file"));
     if (state.st_size > limit)
         return tooLarge(path, limit);
-    std::expected<QByteArray, FileError> bytes = readAll(descriptor, path, state.st_size, limit);
-    if (!bytes)
-        return std::unexpected(bytes.error());
-    return FileContent{signatureFrom(state), std::move(*bytes)};
+    if (const auto read = readAll(descriptor, path, state.st_size, limit, content); !read)
+        return std::unexpected(read.error());
+    return signatureFrom(state);
 }
 
 } // namespace
@@ -56,9 +56,10 @@ FileSignature signatureFrom(const struct stat& state)
     return {state.st_ino, state.st_size, nanoseconds(state.st_mtim), nanoseconds(state.st_ctim)};
 }
 
-std::expected<QByteArray, FileError> readAll(int descriptor, const QString& path, qint64 expected, qint64 limit)
+std::expected<void, FileError> readAll(int descriptor, const QString& path, qint64 expected, qint64 limit,
+                                       QByteArray& content)
 {
-    QByteArray content(std::min(expected, limit) + 1, Qt::Uninitialized);
+    content.resize(std::min(expected, limit) + 1);
     qint64 size = 0;
     while (size <= limit) {
         if (size == content.size())
@@ -76,20 +77,20 @@ std::expected<QByteArray, FileError> readAll(int descriptor, const QString& path
     if (size > limit)
         return tooLarge(path, limit);
     content.truncate(size);
-    return content;
+    return {};
 }
 
-std::expected<FileContent, FileError> readFileAt(int folder, const QString& name, const QString& path,
-                                                 qint64 limit)
+std::expected<FileSignature, FileError> readFileAt(int folder, const QString& name, const QString& path,
+                                                   qint64 limit, QByteArray& content)
 {
     // Without blocking, since opening a pipe would wait for a writer.
     const int descriptor =
         ::openat(folder, QFile::encodeName(name).constData(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
     if (descriptor < 0)
         return systemProblem(path);
-    std::expected<FileContent, FileError> content = readOpened(descriptor, path, limit);
+    std::expected<FileSignature, FileError> signature = readOpened(descriptor, path, limit, content);
     ::close(descriptor);
-    return content;
+    return signature;
 }
 
 } // namespace ledra

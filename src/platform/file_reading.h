@@ -20,13 +20,14 @@ std::unexpected<FileError> systemProblem(const QString& path);
 
 FileSignature signatureFrom(const struct stat& state);
 
-/// Reads until the end, at most `limit` bytes; `expected` is a good guess of how many there are.
-[[nodiscard]] std::expected<QByteArray, FileError> readAll(int descriptor, const QString& path, qint64 expected,
-                                                           qint64 limit);
+/// Reads until the end, at most `limit` bytes, into `content`; `expected` is a good guess of how many there
+/// are.
+[[nodiscard]] std::expected<void, FileError> readAll(int descriptor, const QString& path, qint64 expected,
+                                                     qint64 limit, QByteArray& content);
 
-/// Reads a regular file that is named relative to an open folder, or to the current one (AT_FDCWD). `path` is for
-/// messages.
-[[nodiscard]] std::expected<FileContent, FileError> readFileAt(int folder, const QString& name,
-                                                               const QString& path, qint64 limit);
+/// Reads a regular file that is named relative to an open folder, or to the current one (AT_FDCWD). `path` is
+/// for messages. Returns the state in which the file was read.
+[[nodiscard]] std::expected<FileSignature, FileError>
+readFileAt(int folder, const QString& name, const QString& path, qint64 limit, QByteArray& content);
 
 } // namespace ledra

@@ -4,15 +4,15 @@
 
 #include <QFile>
 
-#include <cerrno>
-#include <cstring>
-#include <ctime>
-#include <memory>
-
 #include <dirent.h>
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
+
+#include <cerrno>
+#include <cstring>
+#include <ctime>
+#include <memory>
 
 namespace ledra {
 
@@ -25,7 +25,8 @@ bool isDots(const char* name)
     return std::strcmp(name, ".") == 0 || std::strcmp(name, "..") == 0;
 }
 
-/// Whether an entry is a folder; nothing when it has gone. Only links, and file systems that do not say, cost a look.
+/// Whether an entry is a folder; nothing when it has gone. Only links, and file systems that do not say, cost
+/// a look.
 std::optional<bool> isFolder(int directory, const dirent& entry)
 {
     if (entry.d_type != DT_LNK && entry.d_type != DT_UNKNOWN)
@@ -40,7 +41,8 @@ std::optional<bool> isFolder(int directory, const dirent& entry)
 
 bool isSettled(const FileSignature& signature, std::int64_t now)
 {
-    // FAT keeps two seconds; others keep nanoseconds, but take them from a clock that ticks every few milliseconds.
+    // FAT keeps two seconds; others keep nanoseconds, but take them from a clock that ticks every few
+    // milliseconds.
     constexpr std::int64_t coarse = 2 * nanosecondsPerSecond;
     constexpr std::int64_t fine = nanosecondsPerSecond / 20;
     const bool isCoarse = signature.modified % nanosecondsPerSecond == 0;
@@ -95,12 +97,13 @@ std::expected<FileSignature, FileError> FolderHandle::signature(const QString& n
     return signatureFrom(state);
 }
 
-std::expected<FileContent, FileError> FolderHandle::read(const QString& name, qint64 limit) const
+std::expected<FileSignature, FileError> FolderHandle::read(const QString& name, qint64 limit,
+                                                           QByteArray& content) const
 {
     const QString path = path_ + u'/' + name;
     if (descriptor_ < 0)
         return fileProblem(path, QStringLiteral("no such file"));
-    return readFileAt(descriptor_, name, path, limit);
+    return readFileAt(descriptor_, name, path, limit, content);
 }
 
 } // namespace ledra

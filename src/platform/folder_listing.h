@@ -11,8 +11,8 @@
 
 namespace ledra {
 
-/// What the file system says of a file's state. A file that was written since has another signature, save when it
-/// was written in the very moment of the signature: see isSettled().
+/// What the file system says of a file's state. A file that was written since has another signature, save
+/// when it was written in the very moment of the signature: see isSettled().
 struct FileSignature
 {
     std::uint64_t inode = 0;
@@ -23,8 +23,8 @@ struct FileSignature
     friend bool operator==(const FileSignature&, const FileSignature&) = default;
 };
 
-/// Whether the file was last written long enough before `now` (nanoseconds since 1970) that a later write cannot
-/// have left the same times. The times that file systems keep are coarse.
+/// Whether the file was last written long enough before `now` (nanoseconds since 1970) that a later write
+/// cannot have left the same times. The times that file systems keep are coarse.
 bool isSettled(const FileSignature& signature, std::int64_t now);
 
 /// Nanoseconds since 1970 by the computer's clock.
@@ -37,18 +37,12 @@ struct FolderEntry
     bool isFolder = false;
 };
 
-/// All direct entries, hidden ones included, in no order. Entries that vanish meanwhile and dangling links are left
-/// out.
+/// All direct entries, hidden ones included, in no order. Entries that vanish meanwhile and dangling links
+/// are left out.
 [[nodiscard]] std::expected<std::vector<FolderEntry>, FileError> listFolder(const QString& folder);
 
-/// A file with the state in which it was read.
-struct FileContent
-{
-    FileSignature signature;
-    QByteArray bytes;
-};
-
-/// An open folder: its files are found without walking the path each time. May be used by several threads at once.
+/// An open folder: its files are found without walking the path each time. May be used by several threads at
+/// once.
 class FolderHandle
 {
 public:
@@ -59,7 +53,11 @@ public:
     FolderHandle& operator=(const FolderHandle&) = delete;
 
     [[nodiscard]] std::expected<FileSignature, FileError> signature(const QString& name) const;
-    [[nodiscard]] std::expected<FileContent, FileError> read(const QString& name, qint64 limit) const;
+
+    /// Reads a whole file into `content`, whose memory is used again, and returns the state in which it was
+    /// read.
+    [[nodiscard]] std::expected<FileSignature, FileError> read(const QString& name, qint64 limit,
+                                                               QByteArray& content) const;
 
 private:
     QString path_;

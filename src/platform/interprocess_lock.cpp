@@ -4,11 +4,11 @@
 #include <QFile>
 #include <QFileInfo>
 
-#include <cerrno>
-
 #include <fcntl.h>
 #include <sys/file.h>
 #include <unistd.h>
+
+#include <cerrno>
 
 namespace ledra {
 

@@ -6,8 +6,8 @@
 
 namespace ledra {
 
-/// A lock between the processes of one user that write the same files. A process that ends, however it ends, lets
-/// go of it. The same process may take it again while it holds it.
+/// A lock between the processes of one user that write the same files. A process that ends, however it ends,
+/// lets go of it. The same process may take it again while it holds it.
 class InterprocessLock
 {
 public:
@@ -18,8 +18,9 @@ public:
 
     using Guard = std::shared_ptr<void>;
 
-    /// Waits until no other process holds the lock, and holds it until the last guard goes. Where the file system
-    /// has no locks, or the file cannot be made, work goes on without: saving is still guarded by comparing contents.
+    /// Waits until no other process holds the lock, and holds it until the last guard goes. Where the file
+    /// system has no locks, or the file cannot be made, work goes on without: saving is still guarded by
+    /// comparing contents.
     [[nodiscard]] Guard hold();
 
 private:

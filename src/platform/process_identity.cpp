@@ -15,8 +15,8 @@ QByteArray contentOf(const QString& path)
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
-/// proc(5): field 22 of "stat" is the start time in clock ticks after boot; the name in field 2 may hold anything,
-/// so counting starts behind its closing parenthesis.
+/// proc(5): field 22 of "stat" is the start time in clock ticks after boot; the name in field 2 may hold
+/// anything, so counting starts behind its closing parenthesis.
 QString startTime(const QString& process)
 {
     const QByteArray stat = contentOf(QStringLiteral("/proc/%1/stat").arg(process));

@@ -4,8 +4,8 @@
 
 namespace ledra {
 
-/// A name of this process that no other process of this computer has had or will have: boot, process number and
-/// start time.
+/// A name of this process that no other process of this computer has had or will have: boot, process number
+/// and start time.
 QString processIdentity();
 
 /// Whether the process of that name still runs.

@@ -6,8 +6,9 @@
 
 namespace ledra {
 
-/// The one place where signs of how the program is used end. Unless the user has consented ("collectData") nothing
-/// is done with them; otherwise they are kept in a text file that the user can look at. Nothing is ever sent.
+/// The one place where signs of how the program is used end. Unless the user has consented ("collectData")
+/// nothing is done with them; otherwise they are kept in a text file that the user can look at. Nothing is
+/// ever sent.
 class UsageSignals
 {
 public:

@@ -19,8 +19,8 @@ struct Conflict
     QString path;   ///< where it is kept
 };
 
-/// The versions that somebody else wrote while this program held another one, kept under "Conflicts": each as the
-/// plain file that it was, beside a file "N.origin" that names its place.
+/// The versions that somebody else wrote while this program held another one, kept under "Conflicts": each as
+/// the plain file that it was, beside a file "N.origin" that names its place.
 class ConflictStore
 {
 public:

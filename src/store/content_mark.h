@@ -7,8 +7,8 @@
 
 namespace ledra {
 
-/// Recognises a content that this process has seen before, at the speed of memory. Not for other processes: they use
-/// journalHash().
+/// Recognises a content that this process has seen before, at the speed of memory. Not for other processes:
+/// they use journalHash().
 struct ContentMark
 {
     std::size_t hash = 0;

@@ -42,16 +42,18 @@ std::expected<DataFileWriter::Content, FileError> DataFileWriter::readOrKeep(con
     if (!read || !*read)
         return read;
     const QByteArray& current = **read;
-    const bool isOurs = current == order.content || (order.known && ContentMark::of(current) == *order.known) ||
+    const bool isOurs = current == order.content ||
+                        (order.known && ContentMark::of(current) == *order.known) ||
                         (unfinished_.contains(path) && !isWholeJson(current));
     if (isOurs)
         return read;
     const std::expected<Conflict, FileError> kept = conflicts_.keep(path, current);
     if (!kept)
         return std::unexpected(kept.error());
-    console_.failure(QStringLiteral("%1: changed by somebody else meanwhile; that version is kept as conflict %2")
-                         .arg(path)
-                         .arg(kept->number));
+    console_.failure(
+        QStringLiteral("%1: changed by somebody else meanwhile; that version is kept as conflict %2")
+            .arg(path)
+            .arg(kept->number));
     return read;
 }
 
@@ -92,7 +94,8 @@ std::expected<void, FileError> DataFileWriter::putInPlace(const Order& order, bo
         step = device_.syncFolder(QFileInfo(order.path).path());
     if (!step || order.moved.isEmpty())
         return step;
-    // The record is safe under its new name; should the old file not go, it is found as a second one of the record.
+    // The record is safe under its new name; should the old file not go, it is found as a second one of the
+    // record.
     if (const auto removed = device_.remove(order.moved); !removed)
         console_.failure(removed.error().text());
     else if (const auto synced = device_.syncFolder(QFileInfo(order.moved).path()); !synced)

@@ -19,10 +19,10 @@ namespace ledra {
 
 /// Writes data files; every data file goes through here.
 ///
-/// A file is written in place, so that a sync service sees one file changing and never two. So that nothing is lost
-/// even when the program or the computer stops half-way, the new content first goes into the recovery journal. A
-/// version that somebody else wrote since the file was read is kept under "Conflicts" before it is overwritten, and
-/// the console says so.
+/// A file is written in place, so that a sync service sees one file changing and never two. So that nothing
+/// is lost even when the program or the computer stops half-way, the new content first goes into the recovery
+/// journal. A version that somebody else wrote since the file was read is kept under "Conflicts" before it is
+/// overwritten, and the console says so.
 class DataFileWriter
 {
 public:
@@ -36,14 +36,17 @@ public:
     {
         QString path;
         QByteArray content;
-        std::optional<ContentMark> known = {}; ///< of the content that the new one was made from; none: a new file
-        QString moved = {}; ///< the file that has held the record so far, of which `known` speaks then; it goes
+        std::optional<ContentMark> known =
+            {}; ///< of the content that the new one was made from; none: a new file
+        QString moved =
+            {}; ///< the file that has held the record so far, of which `known` speaks then; it goes
     };
 
     /// The mark of what the file now holds.
     [[nodiscard]] std::expected<ContentMark, FileError> write(const Order& order);
 
-    /// The same for a file that others may read at any moment: the new version takes the old one's place in one step.
+    /// The same for a file that others may read at any moment: the new version takes the old one's place in
+    /// one step.
     [[nodiscard]] std::expected<ContentMark, FileError> writeAtomically(const Order& order);
 
     /// Holds other processes off as long as the guard lives: for reading, deciding and writing as one step.
@@ -75,7 +78,8 @@ private:
     InterprocessLock lock_;
     RecoveryJournal journal_;
     ConflictStore conflicts_;
-    QHash<QString, QString> unfinished_; ///< journal entries of targets that could neither be written nor put back
+    QHash<QString, QString>
+        unfinished_; ///< journal entries of targets that could neither be written nor put back
 };
 
 } // namespace ledra

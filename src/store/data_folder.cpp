@@ -28,7 +28,8 @@ void DataFolder::restore()
     const auto resolved = resolveFolderBookmark(stored.toByteArray());
     if (!resolved) {
         context_.console.failure(
-            QStringLiteral("ProfileManager: Failed to restore security-scoped bookmark: ") + resolved.error());
+            QStringLiteral("ProfileManager: Failed to restore security-scoped bookmark: ") +
+            resolved.error());
     } else if (resolved->isStale) {
         context_.console.failure(
             QStringLiteral("ProfileManager: Security-scoped bookmark is stale, clearing custom path"));
@@ -49,7 +50,8 @@ QString DataFolder::path() const
     if (customPath_ && !isAccessibleFolder(path)) {
         if (inaccessible_ != path) // once is enough: the folder is asked for all the time
             context_.console.failure(
-                QStringLiteral("ProfileManager: Failed to start accessing security-scoped resource: ") + path);
+                QStringLiteral("ProfileManager: Failed to start accessing security-scoped resource: ") +
+                path);
         inaccessible_ = path;
     } else {
         inaccessible_.clear();

@@ -17,7 +17,8 @@ struct Migration
     std::optional<QString> error;
 };
 
-/// The folder that holds the profiles: "Data" in the application's support folder, or one that the user chose.
+/// The folder that holds the profiles: "Data" in the application's support folder, or one that the user
+/// chose.
 class DataFolder
 {
 public:
@@ -42,7 +43,8 @@ private:
 
     StoreContext& context_;
     std::optional<QString> customPath_;
-    mutable QString inaccessible_; ///< the folder of which the console has been told that it cannot be accessed
+    mutable QString
+        inaccessible_; ///< the folder of which the console has been told that it cannot be accessed
 };
 
 /// Whether a folder is a profile's.

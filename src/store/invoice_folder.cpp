@@ -25,7 +25,16 @@ struct InvoiceFolder::Reading
     State state = State::unread;
     FileSignature signature;
     ContentMark mark;
-    std::expected<Invoice, QString> invoice = std::unexpected(QString());
+    std::shared_ptr<InvoiceRecord> record;
+    bool lacksIds = false;
+    QString error;
+};
+
+/// What a thread reads with, file after file.
+struct InvoiceFolder::Tools
+{
+    JSONReader reader;
+    QByteArray content;
 };
 
 /// What the threads that read share; none of it changes meanwhile.
@@ -36,7 +45,7 @@ struct InvoiceFolder::Place
     Timestamp now;
     const QString& region;
 
-    void read(Reading& reading, JSONReader& reader) const
+    void read(Reading& reading, Tools& tools) const
     {
         const auto before = known.constFind(reading.name);
         const bool isKnown = before != known.constEnd();
@@ -44,24 +53,25 @@ struct InvoiceFolder::Place
             reading.state = Reading::State::unchanged;
             return;
         }
-        const std::expected<FileContent, FileError> content = folder.read(reading.name, largestRecordFile);
-        if (!content) {
+        const auto signature = folder.read(reading.name, largestRecordFile, tools.content);
+        if (!signature) {
             reading.state = folder.signature(reading.name) ? Reading::State::failed : Reading::State::gone;
-            reading.invoice = std::unexpected(content.error().reason);
+            reading.error = signature.error().reason;
             return;
         }
-        reading.signature = content->signature;
-        reading.mark = ContentMark::of(content->bytes);
+        reading.signature = *signature;
+        reading.mark = ContentMark::of(tools.content);
         if (isKnown && before->mark == reading.mark) {
             reading.state = Reading::State::known;
             return;
         }
-        Decoded<Invoice> decoded = decodeInvoiceAsFound(content->bytes, now, region, reader);
-        reading.state = decoded ? Reading::State::read : Reading::State::failed;
-        if (decoded)
-            reading.invoice = std::move(*decoded);
-        else
-            reading.invoice = std::unexpected(decoded.error().text());
+        reading.record = std::make_shared<InvoiceRecord>(newInvoice(QUuid(), now, Country{region}));
+        reading.record->edit([&](Invoice& invoice) {
+            const Decoded<void> decoded = decodeDocument(invoice, tools.content, tools.reader);
+            reading.lacksIds = hasMissingIds(invoice);
+            reading.state = decoded ? Reading::State::read : Reading::State::failed;
+            reading.error = decoded ? QString() : decoded.error().text();
+        });
     }
 };
 
@@ -132,9 +142,9 @@ InvoiceFolder::Update InvoiceFolder::lookAt(const QStringList& names)
     std::vector<Reading> readings(names.begin(), names.end());
     std::atomic<std::size_t> next = 0;
     const auto work = [&] {
-        JSONReader reader;
+        Tools tools;
         for (std::size_t i = next++; i < readings.size(); i = next++)
-            place.read(readings[i], reader);
+            place.read(readings[i], tools);
     };
     {
         std::vector<std::jthread> helpers;
@@ -146,12 +156,13 @@ InvoiceFolder::Update InvoiceFolder::lookAt(const QStringList& names)
     }
     Update update;
     known_.reserve(known_.size() + names.size());
+    update.read.reserve(readings.size());
     for (Reading& reading : readings) {
         if (reading.state == Reading::State::failed) {
             // Perhaps another process is writing it just now; it holds the lock until the file is whole.
             const InterprocessLock::Guard guard = context_.writer.lock();
-            JSONReader reader;
-            place.read(reading, reader);
+            Tools tools;
+            place.read(reading, tools);
         }
         take(reading, beforeReading, update);
     }
@@ -173,11 +184,12 @@ void InvoiceFolder::take(Reading& reading, std::int64_t beforeReading, Update& u
                   {reading.signature, reading.mark, isSettled(reading.signature, beforeReading)});
     if (reading.state == State::failed) {
         context_.console.failure(QStringLiteral("Error loading invoice from %1: %2")
-                                     .arg(path_ + u'/' + reading.name, reading.invoice.error()));
+                                     .arg(path_ + u'/' + reading.name, reading.error));
     } else if (reading.state == State::read) {
-        completeIds(*reading.invoice, context_.ids);
+        if (reading.lacksIds)
+            reading.record->edit([&](Invoice& invoice) { completeIds(invoice, context_.ids); });
         update.read.push_back(
-            {reading.name, std::move(*reading.invoice), reading.mark, reading.signature.modified});
+            {reading.name, std::move(reading.record), reading.mark, reading.signature.modified});
     }
 }
 

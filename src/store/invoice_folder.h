@@ -10,6 +10,7 @@
 #include <QString>
 
 #include <expected>
+#include <memory>
 #include <vector>
 
 namespace ledra {
@@ -18,19 +19,20 @@ namespace ledra {
 struct InvoiceFile
 {
     QString name;
-    Invoice invoice;
+    std::shared_ptr<InvoiceRecord> record;
     ContentMark mark;
     std::int64_t modified = 0; ///< nanoseconds since 1970
 };
 
-/// The name that a record's file gets when it is made: its local day, a hyphen, the first six characters of its id.
+/// The name that a record's file gets when it is made: its local day, a hyphen, the first six characters of
+/// its id.
 QString invoiceFileName(const Invoice& invoice);
 
 /// Whether a file of this name holds an invoice: the extension is "json", and it is no reminder's.
 bool isInvoiceFileName(const QString& name);
 
-/// The folder of a profile's invoices as it was last seen. It finds out which files are new or have changed by their
-/// signatures and contents, and reads only those, on all processors.
+/// The folder of a profile's invoices as it was last seen. It finds out which files are new or have changed
+/// by their signatures and contents, and reads only those, on all processors.
 class InvoiceFolder
 {
 public:
@@ -40,8 +42,8 @@ public:
     void open(const QString& path);
     const QString& path() const { return path_; }
 
-    /// What has changed since the last look. A file that cannot be read is told on the console, once for each change
-    /// of it, and is in neither list.
+    /// What has changed since the last look. A file that cannot be read is told on the console, once for each
+    /// change of it, and is in neither list.
     struct Update
     {
         std::vector<InvoiceFile> read; ///< new or with another content
@@ -77,6 +79,7 @@ private:
         bool isSettled = false;
     };
     struct Reading;
+    struct Tools;
     struct Place;
 
     Update lookAt(const QStringList& names);

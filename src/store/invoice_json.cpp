@@ -11,6 +11,12 @@ Decoded<Invoice> decodeInvoiceAsFound(const QByteArray& document, Timestamp now,
     return invoice;
 }
 
+bool hasMissingIds(const Invoice& invoice)
+{
+    return invoice.id.isNull() ||
+           std::ranges::any_of(invoice.items, [](const Invoice::Item& item) { return item.id.isNull(); });
+}
+
 void completeIds(Invoice& invoice, IdSource& ids)
 {
     if (invoice.id.isNull())

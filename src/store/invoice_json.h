@@ -96,6 +96,9 @@ inline constexpr std::tuple jsonSchema<Invoice> = {
 [[nodiscard]] Decoded<Invoice> decodeInvoiceAsFound(const QByteArray& document, Timestamp now,
                                                     const QString& region, JSONReader& reader);
 
+/// Whether the record or one of its items has no id.
+bool hasMissingIds(const Invoice& invoice);
+
 /// Gives the record and its items the ids that they lack.
 void completeIds(Invoice& invoice, IdSource& ids);
 

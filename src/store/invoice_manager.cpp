@@ -145,6 +145,7 @@ bool InvoiceManager::take(InvoiceFolder::Update update)
     if (update.isEmpty())
         return false;
     entries_.reserve(entries_.size() + static_cast<qsizetype>(update.read.size()));
+    idOfFile_.reserve(entries_.capacity());
     for (InvoiceFile& file : update.read)
         takeFile(file);
     for (const QString& name : std::as_const(update.gone))
@@ -154,7 +155,7 @@ bool InvoiceManager::take(InvoiceFolder::Update update)
 
 void InvoiceManager::takeFile(InvoiceFile& file)
 {
-    const QUuid id = file.invoice.id;
+    const QUuid id = (*file.record)->id;
     if (const QUuid before = idOfFile_.value(file.name, id); before != id)
         dropFile(file.name); // it holds another record now
     Entry& entry = entries_[id];
@@ -167,19 +168,19 @@ void InvoiceManager::takeFile(InvoiceFile& file)
     if (entry.isUnsaved)
         return; // its mark stays that of the version it was made from: saving will find the other one
     entry.mark = file.mark;
-    entry.fileDate = file.invoice.date;
+    entry.fileDate = (*file.record)->date;
     if (entry.record)
-        entry.record->edit([&](Invoice& invoice) { invoice = std::move(file.invoice); });
+        entry.record->edit([&](Invoice& invoice) { invoice = **file.record; });
     else
-        entry.record = std::make_shared<InvoiceRecord>(std::move(file.invoice));
+        entry.record = std::move(file.record);
 }
 
-/// Decides between two files of one record: the properly named one stands for it, of two such the later one. The
-/// other is reported and left as it is.
+/// Decides between two files of one record: the properly named one stands for it, of two such the later one.
+/// The other is reported and left as it is.
 bool InvoiceManager::standsFor(Entry& entry, const InvoiceFile& file)
 {
-    const bool wasProper = isProperName(entry.fileName, file.invoice.id);
-    const bool isProper = isProperName(file.name, file.invoice.id);
+    const bool wasProper = isProperName(entry.fileName, (*file.record)->id);
+    const bool isProper = isProperName(file.name, (*file.record)->id);
     const bool wins = wasProper == isProper ? file.modified > entry.modified : isProper;
     const QString winner = wins ? file.name : entry.fileName;
     const QString other = wins ? entry.fileName : file.name;
@@ -233,8 +234,8 @@ InvoicePtr InvoiceManager::loadById(const QUuid& id)
     if (!entries_.contains(id))
         follow({{}, true});
     if (!entries_.contains(id))
-        context_.console.failure(
-            QStringLiteral("Error loading invoice by ID %1: %2").arg(idText(id), QStringLiteral("no such record")));
+        context_.console.failure(QStringLiteral("Error loading invoice by ID %1: %2")
+                                     .arg(idText(id), QStringLiteral("no such record")));
     return find(id);
 }
 
@@ -284,8 +285,7 @@ std::expected<InvoicePtr, StoreFailure> InvoiceManager::make(InvoiceType type, M
     const InterprocessLock::Guard guard = context_.writer.lock();
     follow({{}, true});
     const Timestamp now = context_.clock.now();
-    const std::int64_t number =
-        numberForNew(nextNumber(type), type, **profile, now.localDate().year());
+    const std::int64_t number = numberForNew(nextNumber(type), type, **profile, now.localDate().year());
     return add(std::forward<Make>(makeRecord)(NewInvoiceOrder{**profile, number, now, context_.ids}));
 }
 
@@ -344,9 +344,11 @@ std::expected<InvoicePtr, StoreFailure> InvoiceManager::insert(const Invoice& in
     const InterprocessLock::Guard guard = context_.writer.lock();
     follow({{}, true});
     if (entries_.contains(invoice.id))
-        return std::unexpected(StoreFailure{QStringLiteral("a record with the id %1 exists already").arg(idText(invoice.id))});
+        return std::unexpected(
+            StoreFailure{QStringLiteral("a record with the id %1 exists already").arg(idText(invoice.id))});
     if (folder_.holds(invoiceFileName(invoice)))
-        return std::unexpected(StoreFailure{QStringLiteral("another record's file is named ") + invoiceFileName(invoice)});
+        return std::unexpected(
+            StoreFailure{QStringLiteral("another record's file is named ") + invoiceFileName(invoice)});
     return add(invoice);
 }
 
@@ -440,8 +442,8 @@ std::expected<void, StoreFailure> InvoiceManager::save(const QUuid& id)
     return entry == entries_.end() ? std::unexpected(unknownId(id)) : write(*entry);
 }
 
-/// The name under which a record is written: the one it has, unless an edit has moved its day. The name is not worked
-/// out anew otherwise, since the local day of a moment changes with the time zone.
+/// The name under which a record is written: the one it has, unless an edit has moved its day. The name is
+/// not worked out anew otherwise, since the local day of a moment changes with the time zone.
 QString InvoiceManager::fileNameFor(const Entry& entry) const
 {
     const Invoice& invoice = **entry.record;

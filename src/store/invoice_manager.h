@@ -28,9 +28,10 @@ using InvoicePtr = std::shared_ptr<const InvoiceRecord>;
 
 /// The invoices, quotes and cancellations of the active profile.
 ///
-/// Loads them from the profile's "Invoices" folder, makes new ones with their numbers, and writes every change back
-/// as one file a record. A record keeps its identity as long as its id is known, whatever happens to its file. What
-/// fails is told on the console; the record stays in memory and is written with the next save.
+/// Loads them from the profile's "Invoices" folder, makes new ones with their numbers, and writes every
+/// change back as one file a record. A record keeps its identity as long as its id is known, whatever happens
+/// to its file. What fails is told on the console; the record stays in memory and is written with the next
+/// save.
 class InvoiceManager : public QObject
 {
     Q_OBJECT
@@ -60,8 +61,8 @@ public:
 
     std::int64_t nextNumber(InvoiceType type) const;
 
-    // Each of these makes a record with the next number of its type, writes it and publishes its id. `adjust` changes
-    // the record before it is written.
+    // Each of these makes a record with the next number of its type, writes it and publishes its id. `adjust`
+    // changes the record before it is written.
     using Adjust = std::function<void(Invoice&)>;
     std::expected<InvoicePtr, StoreFailure> create(InvoiceType type, const Adjust& adjust = {});
     std::expected<InvoicePtr, StoreFailure> duplicate(const QUuid& id);
@@ -70,8 +71,8 @@ public:
     /// Also marks the invoice as cancelled.
     std::expected<InvoicePtr, StoreFailure> createCancellation(const QUuid& invoiceId);
 
-    /// Takes in a record that was made elsewhere. Refused when its id is known, or when another record's file has
-    /// the name that it would get.
+    /// Takes in a record that was made elsewhere. Refused when its id is known, or when another record's file
+    /// has the name that it would get.
     std::expected<InvoicePtr, StoreFailure> insert(const Invoice& invoice);
 
     /// Undoable, on the stack in force. Setting the status that a record has does nothing.

@@ -188,8 +188,8 @@ Decoded<void> decodeEntry(const JSONGroup<Entries...>& group, T& record, JSONVal
     return decodeMembers(record, value, group.entries);
 }
 
-/// The entries of an object, found by their keys. Files are written in the order of the entries, so that the one
-/// behind the last is tried first.
+/// The entries of an object, found by their keys. Files are written in the order of the entries, so that the
+/// one behind the last is tried first.
 template <class T, class Entries>
 class EntryTable
 {

@@ -120,9 +120,8 @@ Assigned assignText(QUuid& field, const QString& text, const ValueReading&)
 Assigned assignText(Timestamp& field, const QString& text, const ValueReading&)
 {
     const QDate day = QDate::fromString(text, QStringLiteral("yyyy-MM-dd"));
-    const std::optional<Timestamp> moment = day.isValid()
-                                                ? Timestamp::fromDateTime(QDateTime(day, QTime(12, 0)))
-                                                : Timestamp::fromIso8601(text);
+    const std::optional<Timestamp> moment =
+        day.isValid() ? Timestamp::fromDateTime(QDateTime(day, QTime(12, 0))) : Timestamp::fromIso8601(text);
     if (!moment || !moment->isInCalendarRange())
         return notA("a date such as 2026-03-05", text);
     field = *moment;

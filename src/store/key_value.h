@@ -16,7 +16,8 @@ struct ValueReading
     QLocale locale; ///< a number takes a point, or the comma where this language writes one
 };
 
-// Each reads a text into a field, and returns the reason when it cannot. An empty text leaves an optional field absent.
+// Each reads a text into a field, and returns the reason when it cannot. An empty text leaves an optional
+// field absent.
 
 using Assigned = std::expected<void, QString>;
 
@@ -136,8 +137,8 @@ Assigned assignAt(T& record, const QString& key, const QString& text, const Entr
     return result;
 }
 
-/// Sets the field that a dotted path of JSON keys names ("recipient.address.city"). The error is one line that names
-/// the key; the record is unchanged then.
+/// Sets the field that a dotted path of JSON keys names ("recipient.address.city"). The error is one line
+/// that names the key; the record is unchanged then.
 template <HasJSONSchema T>
 Assigned assignByKey(T& record, const QString& key, const QString& text, const ValueReading& reading)
 {
@@ -157,8 +158,8 @@ struct KeyText
     QString text;
 };
 
-/// The members of a record in file order; objects are entered, lists of scalars are joined with commas, and absent
-/// members as well as lists of objects are left out.
+/// The members of a record in file order; objects are entered, lists of scalars are joined with commas, and
+/// absent members as well as lists of objects are left out.
 std::vector<KeyText> keyTexts(const JSONNode& record);
 
 template <HasJSONSchema T>

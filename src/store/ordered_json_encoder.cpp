@@ -6,6 +6,18 @@
 
 namespace ledra {
 
+namespace {
+
+std::shared_ptr<JSONObjectStorage> newObject()
+{
+    constexpr std::size_t usualPairs = 16;
+    auto storage = std::make_shared<JSONObjectStorage>();
+    storage->pairs.reserve(usualPairs);
+    return storage;
+}
+
+} // namespace
+
 QString errorText(EncodingError error)
 {
     switch (error) {
@@ -40,7 +52,7 @@ JSONNode scalarNode(const Timestamp& value, DateForm form)
 
 KeyedEncodingContainer JSONEncoderState::keyedContainer()
 {
-    auto storage = std::make_shared<JSONObjectStorage>();
+    auto storage = newObject();
     node_ = storage;
     return {*settings_, path_, std::move(storage)};
 }
@@ -73,7 +85,7 @@ CodingPath EncodingContainer::pathTo(std::string_view key) const
 
 KeyedEncodingContainer KeyedEncodingContainer::nestedKeyedContainer(std::string_view key)
 {
-    auto storage = std::make_shared<JSONObjectStorage>();
+    auto storage = newObject();
     append(key, storage);
     return {*settings_, pathTo(key), std::move(storage)};
 }
@@ -87,7 +99,7 @@ UnkeyedEncodingContainer KeyedEncodingContainer::nestedUnkeyedContainer(std::str
 
 KeyedEncodingContainer UnkeyedEncodingContainer::nestedKeyedContainer()
 {
-    auto storage = std::make_shared<JSONObjectStorage>();
+    auto storage = newObject();
     CodingPath path = pathTo(position());
     storage_->items.emplace_back(storage);
     return {*settings_, std::move(path), std::move(storage)};

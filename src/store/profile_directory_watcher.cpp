@@ -15,9 +15,8 @@ bool concernsProfile(const FolderChanges& changes)
 
 bool concernsList(const FolderChanges& changes)
 {
-    return changes.rescan || std::ranges::any_of(changes.names, [](const QString& name) {
-               return !name.startsWith(u'.');
-           });
+    return changes.rescan ||
+           std::ranges::any_of(changes.names, [](const QString& name) { return !name.startsWith(u'.'); });
 }
 
 } // namespace
@@ -28,11 +27,13 @@ void ProfileDirectoryWatcher::watch(const QString& dataFolder)
         profileWatchers_.clear();
         dataWatcher_ = std::make_unique<FolderWatcher>(dataFolder);
         // Queued, since who hears of it may come back here, where the watcher that speaks is deleted.
-        connect(dataWatcher_.get(), &FolderWatcher::changed, this,
-                [this](const FolderChanges& changes) {
-                    if (concernsList(changes))
-                        Q_EMIT changed();
-                }, Qt::QueuedConnection);
+        connect(
+            dataWatcher_.get(), &FolderWatcher::changed, this,
+            [this](const FolderChanges& changes) {
+                if (concernsList(changes))
+                    Q_EMIT changed();
+            },
+            Qt::QueuedConnection);
     }
     const QStringList names = QDir(dataFolder).entryList(QDir::Dirs | QDir::NoDotAndDotDot);
     std::erase_if(profileWatchers_, [&](const auto& watched) { return !names.contains(watched.first); });
@@ -41,11 +42,13 @@ void ProfileDirectoryWatcher::watch(const QString& dataFolder)
         if (name.startsWith(u'.') || profileWatchers_.contains(name))
             continue;
         auto watcher = std::make_unique<FolderWatcher>(dataFolder + u'/' + name);
-        connect(watcher.get(), &FolderWatcher::changed, this,
-                [this](const FolderChanges& changes) {
-                    if (concernsProfile(changes))
-                        Q_EMIT changed();
-                }, Qt::QueuedConnection);
+        connect(
+            watcher.get(), &FolderWatcher::changed, this,
+            [this](const FolderChanges& changes) {
+                if (concernsProfile(changes))
+                    Q_EMIT changed();
+            },
+            Qt::QueuedConnection);
         profileWatchers_.emplace(name, std::move(watcher));
     }
 }

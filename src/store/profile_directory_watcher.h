@@ -16,7 +16,8 @@ class ProfileDirectoryWatcher : public QObject
     Q_OBJECT
 
 public:
-    /// Watches a data folder and the profile folders that lie in it now; to be called again when there are others.
+    /// Watches a data folder and the profile folders that lie in it now; to be called again when there are
+    /// others.
     void watch(const QString& dataFolder);
 
 Q_SIGNALS:

@@ -126,8 +126,8 @@ std::vector<ProfilePtr> ProfileManager::loadProfiles()
     return loaded;
 }
 
-/// Reads one profile. A record that is known by its folder or its id stays the same object, and its content as well
-/// when the file cannot be read any more.
+/// Reads one profile. A record that is known by its folder or its id stays the same object, and its content
+/// as well when the file cannot be read any more.
 std::shared_ptr<ProfileRecord> ProfileManager::load(const QString& folderName, QHash<QString, Known>& before)
 {
     const QString path = dataFolder() + u'/' + folderName + profileFile;
@@ -166,7 +166,8 @@ std::shared_ptr<ProfileRecord> ProfileManager::load(const QString& folderName, Q
 }
 
 /// The record of that id whose folder has gone, which now has another name.
-std::shared_ptr<ProfileRecord> ProfileManager::takeRecord(const QUuid& id, QHash<QString, Known>& before) const
+std::shared_ptr<ProfileRecord> ProfileManager::takeRecord(const QUuid& id,
+                                                          QHash<QString, Known>& before) const
 {
     for (auto known = before.begin(); known != before.end(); ++known) {
         const bool hasGone = !isProfileFolder(dataFolder() + u'/' + known.key());
@@ -233,8 +234,9 @@ std::optional<QString> ProfileManager::folderNameOf(const Profile& profile) cons
             continue;
         const auto content = readFile(data + u'/' + name + profileFile, largestRecordFile);
         const Decoded<Profile> found =
-            content ? decodeProfile(*content, context_.newRecordValues())
-                    : std::unexpected(DecodingError{.kind = {}, .path = {}, .detail = content.error().reason});
+            content
+                ? decodeProfile(*content, context_.newRecordValues())
+                : std::unexpected(DecodingError{.kind = {}, .path = {}, .detail = content.error().reason});
         if (!found)
             context_.console.failure(
                 QStringLiteral("Error loading profile from %1: %2").arg(name, found.error().text()));
@@ -250,7 +252,8 @@ std::optional<QString> ProfileManager::profileFolder(const Profile& profile) con
     return name ? std::optional(dataFolder() + u'/' + *name) : std::nullopt;
 }
 
-std::optional<QString> ProfileManager::subfolder(const Profile& profile, const QString& name, bool create) const
+std::optional<QString> ProfileManager::subfolder(const Profile& profile, const QString& name,
+                                                 bool create) const
 {
     const std::optional<QString> folder = profileFolder(profile);
     if (!folder)
@@ -288,7 +291,8 @@ std::expected<ProfilePtr, StoreFailure> ProfileManager::createProfile(const QStr
                    : std::unexpected(StoreFailure{folderName + QStringLiteral(": cannot be read again")});
 }
 
-std::expected<void, StoreFailure> ProfileManager::writeProfile(const Profile& profile, const QString& folderName)
+std::expected<void, StoreFailure> ProfileManager::writeProfile(const Profile& profile,
+                                                               const QString& folderName)
 {
     const auto known = known_.constFind(folderName);
     const auto written = context_.writer.write(
@@ -301,7 +305,8 @@ std::expected<void, StoreFailure> ProfileManager::writeProfile(const Profile& pr
     return {};
 }
 
-std::expected<void, StoreFailure> ProfileManager::saveProfile(const Profile& profile, const QString& folderName)
+std::expected<void, StoreFailure> ProfileManager::saveProfile(const Profile& profile,
+                                                              const QString& folderName)
 {
     const QScopedValueRollback mutation(isPerformingProfileMutation_, true);
     const InterprocessLock::Guard guard = context_.writer.lock();

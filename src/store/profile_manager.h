@@ -30,8 +30,8 @@ class ProfileManager : public QObject
     Q_OBJECT
 
 public:
-    /// Finds the data folder, loads the profiles, creates one named "Default" when there is none, resolves the active
-    /// one and begins to watch the folder.
+    /// Finds the data folder, loads the profiles, creates one named "Default" when there is none, resolves
+    /// the active one and begins to watch the folder.
     explicit ProfileManager(StoreContext& context);
     ~ProfileManager() override;
 
@@ -45,7 +45,8 @@ public:
 
     QString dataFolder() const { return dataFolder_.path(); }
 
-    /// Moves the profiles there and remembers the folder. `previous` is the custom folder so far, if there was one.
+    /// Moves the profiles there and remembers the folder. `previous` is the custom folder so far, if there
+    /// was one.
     Migration setCustomDataFolder(const QString& folder, const std::optional<QString>& previous);
 
     /// Moves the profiles back into the folder of the application.
@@ -78,8 +79,8 @@ public:
     /// Moves the folder with everything in it to the trash. The last profile stays.
     std::expected<void, StoreFailure> removeProfile(const QUuid& id);
 
-    /// Picks the active profile (the preferred one, else the one that is active, else the one of the last run, else
-    /// the first) and remembers it.
+    /// Picks the active profile (the preferred one, else the one that is active, else the one of the last
+    /// run, else the first) and remembers it.
     void resolveActiveProfile(const std::optional<QUuid>& preferred = {});
 
     /// Makes a profile the active one for this run only.

@@ -8,8 +8,8 @@
 
 namespace ledra {
 
-/// Saves what is changed continuously, such as a text that is being typed: soon after the last change, and at the
-/// latest some time after the first. What is pending is saved when the saver goes.
+/// Saves what is changed continuously, such as a text that is being typed: soon after the last change, and at
+/// the latest some time after the first. What is pending is saved when the saver goes.
 class RateLimitedSaver : public QObject
 {
     Q_OBJECT

@@ -116,7 +116,8 @@ bool RecoveryJournal::settle(const JournalEntry& entry)
 {
     const auto current = device_.read(entry.target, largestRecordFile);
     if (!current)
-        return current.error().reason.startsWith(QStringLiteral("larger")); // then it is not what was being written
+        return current.error().reason.startsWith(
+            QStringLiteral("larger")); // then it is not what was being written
     const QString folder = QFileInfo(entry.target).path();
     if (!*current) {
         (void)device_.syncFolder(folder); // which may be gone as well
@@ -139,7 +140,8 @@ bool RecoveryJournal::settle(const JournalEntry& entry)
         return false;
     }
     if (isTorn)
-        console_.information(QStringLiteral("RecoveryJournal: finished the interrupted saving of ") + entry.target);
+        console_.information(QStringLiteral("RecoveryJournal: finished the interrupted saving of ") +
+                             entry.target);
     return isNew || isTorn ? finishMove(entry) : true;
 }
 

@@ -25,9 +25,9 @@ struct JournalEntry
 /// SHA-256; the mark by which a content is recognised in another process.
 QByteArray journalHash(const QByteArray& content);
 
-/// The saves under way, one file each in "Journal". An entry is durable before its target is touched and goes when
-/// the target is durable. A process that dies in between leaves its entry behind, and the next start finishes the
-/// work. All calls are made under the writers' lock.
+/// The saves under way, one file each in "Journal". An entry is durable before its target is touched and goes
+/// when the target is durable. A process that dies in between leaves its entry behind, and the next start
+/// finishes the work. All calls are made under the writers' lock.
 class RecoveryJournal
 {
 public:
@@ -39,8 +39,9 @@ public:
     /// The save is durable, or was never begun; the entry goes.
     void end(const QString& entryFile);
 
-    /// Looks after the entries whose owner is no longer alive, the latest first. A target that holds the old or the
-    /// new version, or a third one that is a whole JSON document, is left alone; only a torn one is written again.
+    /// Looks after the entries whose owner is no longer alive, the latest first. A target that holds the old
+    /// or the new version, or a third one that is a whole JSON document, is left alone; only a torn one is
+    /// written again.
     void recover();
 
 private:

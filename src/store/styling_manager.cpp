@@ -28,8 +28,7 @@ StylingManager::~StylingManager() = default;
 void StylingManager::open()
 {
     const ProfilePtr& profile = profiles_.activeProfile();
-    const QString folder =
-        profile ? profiles_.profileFolder(**profile).value_or(QString()) : QString();
+    const QString folder = profile ? profiles_.profileFolder(**profile).value_or(QString()) : QString();
     if (folder == folder_)
         return;
     saver_.flush();
@@ -73,8 +72,8 @@ void StylingManager::load()
     mark_.reset();
     if (QFileInfo::exists(path)) {
         const auto content = readFile(path, largestRecordFile);
-        const Decoded<Styling> decoded = content ? decodeStyling(*content, context_.newRecordValues())
-                                                 : std::unexpected(DecodingError{});
+        const Decoded<Styling> decoded =
+            content ? decodeStyling(*content, context_.newRecordValues()) : std::unexpected(DecodingError{});
         if (decoded) {
             loaded = *decoded;
             mark_ = ContentMark::of(*content);
@@ -158,7 +157,8 @@ std::expected<void, StylingError> StylingManager::importLogo(const QString& path
     if (!isLogoFile(path))
         return std::unexpected(StylingError{QStringLiteral(
             "Invalid file type. Only SVG, PNG, JPG, JPEG, and WebP files are supported for logos.")});
-    return import(path, QStringLiteral("logo.") + QFileInfo(path).suffix().toLower(), isLogoFile, largestLogo);
+    return import(path, QStringLiteral("logo.") + QFileInfo(path).suffix().toLower(), isLogoFile,
+                  largestLogo);
 }
 
 std::expected<void, StylingError> StylingManager::importStyleSheet(const QString& path)

@@ -53,8 +53,8 @@ public:
     std::expected<void, StoreFailure> edit(const std::function<void(Styling&)>& change);
     void editSoon(const std::function<void(Styling&)>& change);
 
-    /// Both copy a file into the profile's folder, in place of an earlier one of any extension, which goes to the
-    /// trash.
+    /// Both copy a file into the profile's folder, in place of an earlier one of any extension, which goes to
+    /// the trash.
     std::expected<void, StylingError> importLogo(const QString& path);
     std::expected<void, StylingError> importStyleSheet(const QString& path);
 

@@ -1,5 +1,4 @@
 #include "app/ledra_app.h"
-
 #include "support/recording_console.h"
 #include "support/test_suite.h"
 

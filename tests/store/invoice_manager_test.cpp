@@ -39,7 +39,8 @@ struct Invoices
     Invoice record(const char* id, const char* day, std::int64_t number) const
     {
         Invoice invoice = newInvoice(QUuid::fromString(QString::fromLatin1(id)), home.clock.now(), {});
-        invoice.date = Timestamp::fromIso8601(QString::fromLatin1(day) + QStringLiteral("T12:00:00Z")).value();
+        invoice.date =
+            Timestamp::fromIso8601(QString::fromLatin1(day) + QStringLiteral("T12:00:00Z")).value();
         invoice.number = number;
         return invoice;
     }
@@ -68,8 +69,10 @@ void InvoiceManagerTest::numbers_data()
     QTest::newRow("yearly") << "year" << "1" << static_cast<int>(InvoiceType::invoice) << qint64{4};
     QTest::newRow("never") << "never" << "1" << static_cast<int>(InvoiceType::invoice) << qint64{8};
     QTest::newRow("own range") << "year" << "1" << static_cast<int>(InvoiceType::quote) << qint64{1};
-    QTest::newRow("start, range in use") << "year" << "50" << static_cast<int>(InvoiceType::invoice) << qint64{4};
-    QTest::newRow("start, first quote") << "year" << "50" << static_cast<int>(InvoiceType::quote) << qint64{1};
+    QTest::newRow("start, range in use")
+        << "year" << "50" << static_cast<int>(InvoiceType::invoice) << qint64{4};
+    QTest::newRow("start, first quote")
+        << "year" << "50" << static_cast<int>(InvoiceType::quote) << qint64{1};
 }
 
 void InvoiceManagerTest::numbers()
@@ -193,7 +196,8 @@ void InvoiceManagerTest::secondFiles()
     QCOMPARE(manager.invoices().size(), std::size_t{1});
     QVERIFY((*manager.invoices().front())->note.isEmpty());
     QCOMPARE(place.home.console.failures.size(), 1);
-    QVERIFY(place.home.console.failures.front().startsWith(place.file(copy) + QStringLiteral(": a second file")));
+    QVERIFY(
+        place.home.console.failures.front().startsWith(place.file(copy) + QStringLiteral(": a second file")));
     QCOMPARE(manager.secondFiles().size(), std::size_t{1});
 
     QVERIFY(QFile::remove(place.file(QStringLiteral("2026-03-05-9F2C41.json"))));
@@ -211,7 +215,8 @@ void InvoiceManagerTest::dateMovesFile()
     // A name that another time zone has given stays until an edit moves the day.
     QVERIFY(manager.edit(id, [](Invoice& invoice) { invoice.note = QStringLiteral("x"); }));
     QCOMPARE(StoreHome::names(place.folder()), QStringLiteral("2026-03-04-9F2C41.json"));
-    QVERIFY(manager.edit(id, [&](Invoice& invoice) { invoice.date = place.record(idA, "2026-07-01", 1).date; }));
+    QVERIFY(
+        manager.edit(id, [&](Invoice& invoice) { invoice.date = place.record(idA, "2026-07-01", 1).date; }));
     QCOMPARE(StoreHome::names(place.folder()), QStringLiteral("2026-07-01-9F2C41.json"));
     QVERIFY(manager.fileExists(id));
 }
@@ -274,7 +279,9 @@ void InvoiceManagerTest::outsideChanges()
     QSignalSpy refreshed(&manager, &InvoiceManager::refreshed);
     Invoice invoice = place.record(idA, "2026-03-05", 1);
     const QString path = place.file(invoiceFileName(invoice));
-    const auto note = [&] { return manager.invoices().empty() ? QString() : (*manager.invoices().front())->note; };
+    const auto note = [&] {
+        return manager.invoices().empty() ? QString() : (*manager.invoices().front())->note;
+    };
     const auto becomes = [&](const QString& expected) {
         while (note() != expected && refreshed.wait())
             continue;
@@ -315,7 +322,8 @@ void InvoiceManagerTest::storm()
     Invoice changed = **record;
     for (int i = 0; i < count; ++i) {
         changed.note = QString::number(i);
-        QVERIFY(place.put(changed, i % 2 == 0 ? QString() : QStringLiteral("2026-01-01-reminder-%1.json").arg(i)));
+        QVERIFY(place.put(changed,
+                          i % 2 == 0 ? QString() : QStringLiteral("2026-01-01-reminder-%1.json").arg(i)));
     }
     while ((*record)->note != QString::number(count - 2))
         QVERIFY(refreshed.wait());

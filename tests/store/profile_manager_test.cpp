@@ -97,7 +97,8 @@ void ProfileManagerTest::listAndActiveProfile()
         QCOMPARE(displayNames(manager), (texts({"Two", "Ten", "Plain"})));
         QCOMPARE((*manager.activeProfile())->id, ten);
         QCOMPARE(home.console.failures.size(), 1);
-        QVERIFY(home.console.failures.front().startsWith(QStringLiteral("Error loading profile from 3_Bad: ")));
+        QVERIFY(
+            home.console.failures.front().startsWith(QStringLiteral("Error loading profile from 3_Bad: ")));
         QVERIFY(home.console.failures.front().contains(QStringLiteral("daysToPay")));
     }
     QVERIFY(QDir(home.data(QStringLiteral("10_Ten"))).removeRecursively());
@@ -140,7 +141,7 @@ void ProfileManagerTest::saving()
     QVERIFY(!manager.saveProfile(**studio, name));
     QVERIFY(!manager.saveProfile(**studio, QStringLiteral("2_Other")));
     QCOMPARE(home.console.failures, (texts({"Error saving profile: directory not found",
-                                                 "Error renaming profile folder: source not found"})));
+                                            "Error renaming profile folder: source not found"})));
 }
 
 void ProfileManagerTest::bookmarks_data()
@@ -150,8 +151,8 @@ void ProfileManagerTest::bookmarks_data()
     QTest::addColumn<QString>("line");
     QTest::newRow("as it was") << "same" << true << "";
     QTest::newRow("gone") << "gone" << true << "";
-    QTest::newRow("another folder") << "other" << false
-                                    << "ProfileManager: Security-scoped bookmark is stale, clearing custom path";
+    QTest::newRow("another folder")
+        << "other" << false << "ProfileManager: Security-scoped bookmark is stale, clearing custom path";
     QTest::newRow("undecodable") << "broken" << false
                                  << "ProfileManager: Failed to restore security-scoped bookmark: ";
 }
@@ -173,9 +174,11 @@ void ProfileManagerTest::bookmarks()
     QFETCH(bool, isCustom);
     QCOMPARE(manager.customDataPath().has_value(), isCustom);
     QCOMPARE(manager.dataFolder(), isCustom ? chosen : home.path(QStringLiteral("support/Data")));
-    QCOMPARE(displayNames(manager).front(), state == u"same" ? QStringLiteral("Mine") : QStringLiteral("Default"));
+    QCOMPARE(displayNames(manager).front(),
+             state == u"same" ? QStringLiteral("Mine") : QStringLiteral("Default"));
     QFETCH(QString, line);
-    QVERIFY(line.isEmpty() ? home.console.failures.isEmpty() : home.console.failures.front().startsWith(line));
+    QVERIFY(line.isEmpty() ? home.console.failures.isEmpty()
+                           : home.console.failures.front().startsWith(line));
     QCOMPARE(home.defaults.values.contains(bookmarkKey), state != u"other");
 }
 
@@ -202,8 +205,8 @@ void ProfileManagerTest::migration()
     QVERIFY(home.console.failures.isEmpty());
 
     manager.setCustomDataFolder(chosen, home.path(QStringLiteral("never")));
-    QCOMPARE(home.console.failures.front(),
-             QStringLiteral("Migration: Source directory does not exist: ") + home.path(QStringLiteral("never")));
+    QCOMPARE(home.console.failures.front(), QStringLiteral("Migration: Source directory does not exist: ") +
+                                                home.path(QStringLiteral("never")));
     const QString blocked = home.path(QStringLiteral("file/below"));
     QVERIFY(home.put(home.path(QStringLiteral("file")), "x"));
     manager.setCustomDataFolder(blocked, {});

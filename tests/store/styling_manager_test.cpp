@@ -1,6 +1,5 @@
-#include "store/styling_manager.h"
-
 #include "store/styling_json.h"
+#include "store/styling_manager.h"
 #include "support/store_home.h"
 #include "support/test_suite.h"
 
@@ -70,7 +69,8 @@ void StylingManagerTest::damagedFile()
     QVERIFY(place.home.put(path, damaged));
     place.manager.load();
     QCOMPARE(place.home.console.failures.size(), 1);
-    QVERIFY(place.home.console.failures.front().startsWith(QStringLiteral("Error loading styling from ") + path));
+    QVERIFY(
+        place.home.console.failures.front().startsWith(QStringLiteral("Error loading styling from ") + path));
     QCOMPARE(place.styling().logoSize, 1.4);
     QCOMPARE(readFile(path, 100).value(), damaged);
     QVERIFY(place.manager.save());
@@ -107,8 +107,9 @@ void StylingManagerTest::importFailures_data()
     QTest::addColumn<QString>("file");
     QTest::addColumn<bool>("isLogo");
     QTest::addColumn<QString>("text");
-    QTest::newRow("logo") << "x.gif" << true
-                          << "Invalid file type. Only SVG, PNG, JPG, JPEG, and WebP files are supported for logos.";
+    QTest::newRow("logo")
+        << "x.gif" << true
+        << "Invalid file type. Only SVG, PNG, JPG, JPEG, and WebP files are supported for logos.";
     QTest::newRow("css") << "x.txt" << false << "Invalid file type. Only CSS files are supported.";
     QTest::newRow("missing") << "missing.png" << true << "no such file";
     QTest::newRow("folder") << "folder.css" << false << "not a file";

@@ -66,8 +66,15 @@ struct StoreHome
     explicit StoreHome(bool watches = false)
         : writer(folder.filePath(QStringLiteral("support")), device, console),
           trash(folder.filePath(QStringLiteral("support/Trash"))),
-          context{folder.filePath(QStringLiteral("support")), QStringLiteral("DE"), clock, ids, defaults, writer,
-                  trash, console, watches}
+          context{folder.filePath(QStringLiteral("support")),
+                  QStringLiteral("DE"),
+                  clock,
+                  ids,
+                  defaults,
+                  writer,
+                  trash,
+                  console,
+                  watches}
     {}
 
     QString path(const QString& name) const { return folder.filePath(name); }
