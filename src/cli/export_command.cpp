@@ -218,7 +218,8 @@ ExitCode ExportCommand::run(const CommandArguments& arguments)
     order.target = arguments.has("output") ? arguments.value("output") : QStringLiteral(".");
     order.format =
         enumFromRawValue<ExportFormat>(arguments.value("format").toStdString()).value_or(order.format);
-    const std::size_t count = choosesAll(arguments) ? 2 : order.sources.size();
+    const auto named = static_cast<std::size_t>(arguments.positional().size()); // some may be missing
+    const std::size_t count = choosesAll(arguments) ? 2 : named;
     if (order.target != standardStream && namesFolder(order.target, count)) {
         if (const std::optional<QString> problem = prepareFolder(order.target))
             return failed(*problem);

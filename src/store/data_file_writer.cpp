@@ -106,10 +106,12 @@ std::expected<void, FileError> DataFileWriter::putInPlace(const Order& order, bo
 /// After a failure, the file as it was; says whether that worked.
 bool DataFileWriter::putBack(const QString& path, const Content& before)
 {
+    const auto left = device_.read(path, largestRecordFile);
+    if (left && *left == before) // it could not even be opened, say
+        return true;
     if (before)
         return device_.write(path, *before).has_value() && device_.sync(path).has_value();
-    const auto left = device_.read(path, largestRecordFile);
-    return left && (!*left || (device_.remove(path) && device_.syncFolder(QFileInfo(path).path())));
+    return left && device_.remove(path) && device_.syncFolder(QFileInfo(path).path());
 }
 
 std::expected<ContentMark, FileError> DataFileWriter::writeAtomically(const Order& order)

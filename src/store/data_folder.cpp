@@ -69,6 +69,7 @@ void DataFolder::clearBookmark()
 
 Migration DataFolder::setCustomPath(const QString& folder, const std::optional<QString>& previous)
 {
+    const InterprocessLock::Guard guard = context_.writer.lock();
     QDir().mkpath(folder); // a bookmark needs something to point at
     if (const auto stored = context_.defaults.setValue(bookmarkKey, makeFolderBookmark(folder)); !stored)
         return {{}, {}, stored.error()};
@@ -79,6 +80,7 @@ Migration DataFolder::setCustomPath(const QString& folder, const std::optional<Q
 
 Migration DataFolder::resetToDefault()
 {
+    const InterprocessLock::Guard guard = context_.writer.lock();
     Migration migration;
     if (customPath_)
         migration = migrate(*customPath_, defaultPath(), QStringLiteral("from custom path back to default"));
@@ -93,7 +95,6 @@ Migration DataFolder::migrate(const QString& source, const QString& destination,
         context_.console.failure(QStringLiteral("Migration: Source directory does not exist: ") + source);
         return migration;
     }
-    const InterprocessLock::Guard guard = context_.writer.lock();
     if (!QDir().mkpath(destination))
         migration.error = destination + QStringLiteral(": the folder cannot be made");
     else

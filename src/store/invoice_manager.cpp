@@ -159,7 +159,8 @@ void InvoiceManager::takeFile(InvoiceFile& file)
     if (const QUuid before = idOfFile_.value(file.name, id); before != id)
         dropFile(file.name); // it holds another record now
     Entry& entry = entries_[id];
-    const bool isSecond = entry.fileName != file.name && idOfFile_.contains(entry.fileName);
+    const bool isSecond =
+        entry.fileName != file.name && idOfFile_.contains(entry.fileName) && isThere(entry.fileName);
     idOfFile_.insert(file.name, id);
     if (isSecond && !standsFor(entry, file))
         return;
@@ -173,6 +174,13 @@ void InvoiceManager::takeFile(InvoiceFile& file)
         entry.record->edit([&](Invoice& invoice) { invoice = **file.record; });
     else
         entry.record = std::move(file.record);
+}
+
+/// Whether a file is there when nobody is writing: a record that moves has two files for a moment.
+bool InvoiceManager::isThere(const QString& name) const
+{
+    const InterprocessLock::Guard guard = context_.writer.lock();
+    return QFileInfo::exists(folder_.path() + u'/' + name);
 }
 
 /// Decides between two files of one record: the properly named one stands for it, of two such the later one.

@@ -131,6 +131,7 @@ private:
     void follow(const FolderChanges& changes);
     bool take(InvoiceFolder::Update update);
     void takeFile(InvoiceFile& file);
+    bool isThere(const QString& name) const;
     bool standsFor(Entry& entry, const InvoiceFile& file);
     void dropFile(const QString& name);
     void publish();

@@ -50,10 +50,14 @@ std::optional<QString> profileNameProblem(const QString& name)
 
 ProfileManager::ProfileManager(StoreContext& context) : context_(context), dataFolder_(context)
 {
-    dataFolder_.restore();
-    profiles_ = loadProfiles();
-    if (profiles_.empty())
-        (void)createProfile(QStringLiteral("Default")); // told on the console
+    {
+        // Of several that start on an empty folder one makes the profile; and nobody starts while the data move.
+        const InterprocessLock::Guard guard = context_.writer.lock();
+        dataFolder_.restore();
+        profiles_ = loadProfiles();
+        if (profiles_.empty())
+            (void)createProfile(QStringLiteral("Default")); // told on the console
+    }
     resolveActiveProfile();
     if (context_.watchesFolders) {
         directoryWatcher_ = std::make_unique<ProfileDirectoryWatcher>();

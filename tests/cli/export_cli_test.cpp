@@ -309,7 +309,7 @@ void ExportCliTest::languageIsTheDocuments()
     QFETCH(QString, expected);
     const QStringList arguments = {QStringLiteral("export"), example(file),        QStringLiteral("--format"),
                                    QStringLiteral("html"),   QStringLiteral("-o"), QStringLiteral("-")};
-    const ProgramRun run = test::runProgram(arguments, {}, locale);
+    const ProgramRun run = test::runProgram(arguments, {.locale = locale});
     QCOMPARE(run.exitCode, 0);
     QVERIFY(QString::fromUtf8(run.output).contains(expected));
 }
