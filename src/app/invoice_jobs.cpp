@@ -71,7 +71,7 @@ JobResult<InvoicePtr> InvoiceJobs::find(const QUuid& id) const
 {
     if (const auto problem = writeProblem())
         return std::unexpected(*problem);
-    if (const InvoicePtr record = invoices_.find(id))
+    if (InvoicePtr record = invoices_.find(id))
         return record;
     return std::unexpected(JobFailure{.text = QStringLiteral("no record has the id ") + idText(id)});
 }

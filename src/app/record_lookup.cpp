@@ -43,7 +43,7 @@ std::expected<InvoicePtr, QString> lookUpInvoice(const InvoiceManager& invoices,
     const ProfilePtr& profile = profiles.activeProfile();
     if (!profile)
         return std::unexpected(QStringLiteral("there is no profile"));
-    if (const InvoicePtr found = invoices.find(QUuid::fromString(text)))
+    if (InvoicePtr found = invoices.find(QUuid::fromString(text)))
         return found;
     const auto describe = [&](const InvoicePtr& invoice) {
         return QStringList{idText((*invoice)->id), displayedNumber(**invoice, **profile),

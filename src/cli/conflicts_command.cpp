@@ -45,6 +45,7 @@ ExitCode list(Session& session, const QStringList&, const CommandArguments& argu
         return ExitCode::done;
     }
     std::vector<QStringList> cells;
+    cells.reserve(versions.size());
     for (const KeptVersion& version : versions)
         cells.push_back(
             {QString::number(version.number),

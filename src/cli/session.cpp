@@ -19,8 +19,8 @@ Session::Session(const CommandArguments& arguments, CommandConsole::Verbosity ve
 std::expected<std::unique_ptr<Session>, ExitCode> Session::start(const CommandArguments& arguments)
 {
     std::unique_ptr<Session> session(new Session(arguments, verbosityOf(arguments)));
-    if (session->app_.launchProblem())
-        return std::unexpected(failed(*session->app_.launchProblem()));
+    if (const std::optional<QString>& problem = session->app_.launchProblem())
+        return std::unexpected(failed(*problem));
     if (!session->app_.profileManager().activeProfile()) // the store has said why it could make none
         return std::unexpected(ExitCode::failed);
     return session;

@@ -54,6 +54,7 @@ ExitCode list(Session& session, const QStringList&, const CommandArguments& argu
         return ExitCode::done;
     }
     std::vector<QStringList> cells;
+    cells.reserve(rows.size());
     for (const Row& row : rows)
         cells.push_back({row.deleted, row.number, row.id, row.file});
     writeOutput(textTable(cells, {Align::left, Align::left, Align::left, Align::left}));

@@ -165,7 +165,8 @@ std::vector<KeyText> keyTexts(const JSONNode& record);
 template <HasJSONSchema T>
 std::vector<KeyText> keyTexts(const T& record)
 {
-    return keyTexts(*nodeOf(record, EncodingSettings(), {}));
+    return keyTexts(
+        nodeOf(record, EncodingSettings(), {}).value()); // a record with a schema always is an object
 }
 
 } // namespace ledra

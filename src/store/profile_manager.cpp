@@ -51,7 +51,8 @@ std::optional<QString> profileNameProblem(const QString& name)
 ProfileManager::ProfileManager(StoreContext& context) : context_(context), dataFolder_(context)
 {
     {
-        // Of several that start on an empty folder one makes the profile; and nobody starts while the data move.
+        // Of several that start on an empty folder one makes the profile; and nobody starts while the data
+        // move.
         const InterprocessLock::Guard guard = context_.writer.lock();
         dataFolder_.restore();
         profiles_ = loadProfiles();
