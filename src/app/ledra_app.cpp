@@ -41,7 +41,9 @@ LedraApp::LedraApp(const LaunchOptions& options)
     writer_.recover();
     profileManager_ = std::make_unique<ProfileManager>(context_);
     chooseProfile(options.profile);
-    invoiceManager_ = std::make_unique<InvoiceManager>(context_, *profileManager_);
+    invoiceManager_ = std::make_unique<InvoiceManager>(
+        context_, *profileManager_,
+        options.loadsInvoices ? InvoiceManager::Loading::atOnce : InvoiceManager::Loading::never);
     filterManager_ = std::make_unique<FilterManager>(*invoiceManager_, *profileManager_, context_.clock);
     stylingManager_ = std::make_unique<StylingManager>(context_, *profileManager_, usage_);
     jobs_ = std::make_unique<InvoiceJobs>(*invoiceManager_, *profileManager_);

@@ -48,6 +48,7 @@ struct LaunchOptions
     WindowController* windows = nullptr;
     UpdaterController* updater = nullptr;
     bool watchesFolders = true;
+    bool loadsInvoices = true;           ///< false for a command that has nothing to do with them
     std::optional<QString> profile = {}; ///< the one to work with in this run, as lookUpProfile() takes it
 };
 

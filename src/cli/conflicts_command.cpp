@@ -98,6 +98,6 @@ constexpr std::array verbs = {Verb{"list", 0, 0, list}, Verb{"show", 1, 1, show}
 
 } // namespace
 
-ConflictsCommand::ConflictsCommand() : GroupCommand(conflictsSpec, verbs) {}
+ConflictsCommand::ConflictsCommand() : GroupCommand(conflictsSpec, verbs, Session::Needs::invoices) {}
 
 } // namespace ledra

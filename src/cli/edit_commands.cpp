@@ -86,8 +86,11 @@ const CommandSpec& SetCommand::spec() const
     return setSpec;
 }
 
-std::optional<QString> SetCommand::usageProblem(const QStringList& rest) const
+std::optional<QString> SetCommand::usageProblem(const QStringList& rest,
+                                                const CommandArguments& arguments) const
 {
+    if (rest.isEmpty() && !arguments.has("item") && !arguments.has("remove-item"))
+        return QStringLiteral("what is to be set? Give KEY=VALUE, --item or --remove-item");
     const auto assignments = assignmentsFrom(rest, fixedInvoiceKeys());
     return assignments ? std::nullopt : std::optional(assignments.error());
 }
@@ -115,7 +118,7 @@ const CommandSpec& StatusCommand::spec() const
     return statusSpec;
 }
 
-std::optional<QString> StatusCommand::usageProblem(const QStringList& rest) const
+std::optional<QString> StatusCommand::usageProblem(const QStringList& rest, const CommandArguments&) const
 {
     if (rest.size() != 1)
         return QStringLiteral("a record and a status are needed");

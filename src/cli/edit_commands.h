@@ -11,7 +11,8 @@ public:
     const CommandSpec& spec() const override;
 
 protected:
-    std::optional<QString> usageProblem(const QStringList& rest) const override;
+    std::optional<QString> usageProblem(const QStringList& rest,
+                                        const CommandArguments& arguments) const override;
     JobResult<InvoicePtr> perform(Session& session, const InvoicePtr& record,
                                   const CommandArguments& arguments) override;
 };
@@ -23,7 +24,8 @@ public:
     const CommandSpec& spec() const override;
 
 protected:
-    std::optional<QString> usageProblem(const QStringList& rest) const override;
+    std::optional<QString> usageProblem(const QStringList& rest,
+                                        const CommandArguments& arguments) const override;
     JobResult<InvoicePtr> perform(Session& session, const InvoicePtr& record,
                                   const CommandArguments& arguments) override;
 };

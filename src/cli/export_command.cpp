@@ -211,6 +211,12 @@ ExitCode ExportCommand::run(const CommandArguments& arguments)
         return sources.error();
     if (sources->empty() && finder.hasMissing())
         return ExitCode::failed;
+    if (sources->empty()) {
+        if (!arguments.has("quiet"))
+            sayFailure(QStringLiteral("there is no such record, so nothing is written"));
+        ExportReport(0, styleFrom(arguments)).finish(); // an empty list for programs
+        return ExitCode::done;
+    }
 
     ExportOrder order;
     order.sources = *sources;

@@ -9,14 +9,14 @@ ExitCode GroupCommand::run(const CommandArguments& arguments)
     const auto verb = std::ranges::find_if(
         verbs_, [&](const Verb& candidate) { return name == QLatin1StringView(candidate.name); });
     if (verb == verbs_.end())
-        return wrongUsage(spec_, name.isEmpty() ? QStringLiteral("what to do?")
-                                                : QStringLiteral("it cannot \"%1\"").arg(name));
+        return wrongUsage(spec_, name.isEmpty() ? QStringLiteral("what shall it do?")
+                                                : QStringLiteral("unknown action \"%1\"").arg(name));
     if (operands.size() < verb->fewest || operands.size() > verb->most)
         return wrongUsage(
             spec_,
             QStringLiteral("too %1 arguments for \"%2\"")
                 .arg(operands.size() < verb->fewest ? QStringLiteral("few") : QStringLiteral("many"), name));
-    const auto session = Session::start(arguments);
+    const auto session = Session::start(arguments, needs_);
     return session ? verb->run(**session, operands, arguments) : session.error();
 }
 

@@ -24,7 +24,9 @@ inline constexpr qsizetype anyNumber = 1'000'000;
 class GroupCommand : public Command
 {
 public:
-    GroupCommand(const CommandSpec& spec, std::span<const Verb> verbs) : spec_(spec), verbs_(verbs) {}
+    GroupCommand(const CommandSpec& spec, std::span<const Verb> verbs, Session::Needs needs)
+        : spec_(spec), verbs_(verbs), needs_(needs)
+    {}
 
     const CommandSpec& spec() const final { return spec_; }
     ExitCode run(const CommandArguments& arguments) final;
@@ -32,6 +34,7 @@ public:
 private:
     const CommandSpec& spec_;
     std::span<const Verb> verbs_;
+    Session::Needs needs_;
 };
 
 } // namespace ledra

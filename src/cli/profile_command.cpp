@@ -156,6 +156,6 @@ constexpr std::array verbs = {
 
 } // namespace
 
-ProfileCommand::ProfileCommand() : GroupCommand(profileSpec, verbs) {}
+ProfileCommand::ProfileCommand() : GroupCommand(profileSpec, verbs, Session::Needs::profiles) {}
 
 } // namespace ledra

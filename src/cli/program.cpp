@@ -74,11 +74,28 @@ ExitCode runCommand(Command& command, const QStringList& texts, int argc, char**
     return command.run(CommandArguments(parser));
 }
 
+/// The common options may also stand before the command: they are put behind it.
+QStringList withCommandFirst(QStringList texts)
+{
+    const QStringList alone = {QStringLiteral("--json"), QStringLiteral("--quiet"), QStringLiteral("-q"),
+                               QStringLiteral("--verbose")};
+    qsizetype left = texts.size(); // of those that may be moved; ends where nothing else stands there
+    while (left-- > 1) {
+        const QString first = texts.value(1);
+        if (first == u"--profile" && texts.size() > 2)
+            texts.append(texts.takeAt(1));
+        else if (!alone.contains(first) && !first.startsWith(QStringLiteral("--profile=")))
+            break;
+        texts.append(texts.takeAt(1));
+    }
+    return texts;
+}
+
 } // namespace
 
 int runProgram(int argc, char** argv)
 {
-    QStringList texts = textsOf(argc, argv);
+    QStringList texts = withCommandFirst(textsOf(argc, argv));
     const QString first = texts.value(1);
     if (first == u"--help" || first == u"-h" || first == u"help") {
         writeOutput(programHelp());

@@ -5,7 +5,7 @@
 
 namespace ledra {
 
-std::optional<QString> RecordCommand::usageProblem(const QStringList& rest) const
+std::optional<QString> RecordCommand::usageProblem(const QStringList& rest, const CommandArguments&) const
 {
     return rest.isEmpty() ? std::nullopt : std::optional(QStringLiteral("exactly one record is needed"));
 }
@@ -15,7 +15,7 @@ ExitCode RecordCommand::run(const CommandArguments& arguments)
     const QStringList positional = arguments.positional();
     if (positional.isEmpty())
         return wrongUsage(spec(), QStringLiteral("which record? Give its number or its id"));
-    if (const std::optional<QString> problem = usageProblem(positional.mid(1)))
+    if (const std::optional<QString> problem = usageProblem(positional.mid(1), arguments))
         return wrongUsage(spec(), *problem);
     const auto session = Session::start(arguments);
     if (!session)

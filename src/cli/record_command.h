@@ -12,7 +12,8 @@ public:
 
 protected:
     /// What is wrong with the arguments behind the first; wrong usage.
-    virtual std::optional<QString> usageProblem(const QStringList& rest) const;
+    virtual std::optional<QString> usageProblem(const QStringList& rest,
+                                                const CommandArguments& arguments) const;
 
     /// Does it; returns the record to be told of, a new one or the changed one, or none.
     virtual JobResult<InvoicePtr> perform(Session& session, const InvoicePtr& record,

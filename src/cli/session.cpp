@@ -9,16 +9,18 @@ CommandConsole::Verbosity verbosityOf(const CommandArguments& arguments)
     return arguments.has("verbose") ? CommandConsole::Verbosity::verbose : CommandConsole::Verbosity::normal;
 }
 
-Session::Session(const CommandArguments& arguments, CommandConsole::Verbosity verbosity)
-    : console_(verbosity),
+Session::Session(const CommandArguments& arguments, Needs needs)
+    : console_(verbosityOf(arguments)),
       app_({.console = console_,
             .watchesFolders = false,
+            .loadsInvoices = needs == Needs::invoices,
             .profile = arguments.has("profile") ? std::optional(arguments.value("profile")) : std::nullopt})
 {}
 
-std::expected<std::unique_ptr<Session>, ExitCode> Session::start(const CommandArguments& arguments)
+std::expected<std::unique_ptr<Session>, ExitCode> Session::start(const CommandArguments& arguments,
+                                                                 Needs needs)
 {
-    std::unique_ptr<Session> session(new Session(arguments, verbosityOf(arguments)));
+    std::unique_ptr<Session> session(new Session(arguments, needs));
     if (const std::optional<QString>& problem = session->app_.launchProblem())
         return std::unexpected(failed(*problem));
     if (!session->app_.profileManager().activeProfile()) // the store has said why it could make none

@@ -13,8 +13,12 @@ namespace ledra {
 class Session
 {
 public:
+    /// What a command works with.
+    enum class Needs { profiles, invoices };
+
     /// Starts the application with the common options. What is wrong has been said when there is none.
-    static std::expected<std::unique_ptr<Session>, ExitCode> start(const CommandArguments& arguments);
+    static std::expected<std::unique_ptr<Session>, ExitCode> start(const CommandArguments& arguments,
+                                                                   Needs needs = Needs::invoices);
 
     LedraApp& app() { return app_; }
     const Profile& profile() { return **app_.profileManager().activeProfile(); }
@@ -25,7 +29,7 @@ public:
     static ValueReading reading() { return {QLocale::system()}; }
 
 private:
-    Session(const CommandArguments& arguments, CommandConsole::Verbosity verbosity);
+    Session(const CommandArguments& arguments, Needs needs);
 
     CommandConsole console_;
     LedraApp app_;

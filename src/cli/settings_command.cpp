@@ -66,6 +66,6 @@ constexpr std::array verbs = {Verb{"list", 0, 0, list}, Verb{"get", 1, 1, get}, 
 
 } // namespace
 
-SettingsCommand::SettingsCommand() : GroupCommand(settingsSpec, verbs) {}
+SettingsCommand::SettingsCommand() : GroupCommand(settingsSpec, verbs, Session::Needs::profiles) {}
 
 } // namespace ledra

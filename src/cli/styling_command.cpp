@@ -64,6 +64,6 @@ constexpr std::array verbs = {Verb{"show", 0, 0, show}, Verb{"set", 1, anyNumber
 
 } // namespace
 
-StylingCommand::StylingCommand() : GroupCommand(stylingSpec, verbs) {}
+StylingCommand::StylingCommand() : GroupCommand(stylingSpec, verbs, Session::Needs::profiles) {}
 
 } // namespace ledra

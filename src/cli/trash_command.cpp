@@ -86,6 +86,6 @@ constexpr std::array verbs = {Verb{"list", 0, 0, list}, Verb{"restore", 1, 1, re
 
 } // namespace
 
-TrashCommand::TrashCommand() : GroupCommand(trashSpec, verbs) {}
+TrashCommand::TrashCommand() : GroupCommand(trashSpec, verbs, Session::Needs::invoices) {}
 
 } // namespace ledra

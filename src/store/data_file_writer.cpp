@@ -130,8 +130,8 @@ std::expected<ContentMark, FileError> DataFileWriter::writeAtomically(const Orde
     if (step)
         step = device_.syncFolder(target.path());
     if (!step) {
-        (void)device_.remove(draft); // it may not even exist
-        return std::unexpected(step.error());
+        (void)device_.remove(draft);                                        // it may not even exist
+        return std::unexpected(FileError{order.path, step.error().reason}); // nobody knows of the draft
     }
     return ContentMark::of(order.content);
 }

@@ -37,8 +37,11 @@ class InvoiceManager : public QObject
     Q_OBJECT
 
 public:
+    /// What a process does with invoices: `never` is for commands that have nothing to do with them.
+    enum class Loading { atOnce, never };
+
     /// Loads at once and follows the active profile from then on.
-    InvoiceManager(StoreContext& context, ProfileManager& profiles);
+    InvoiceManager(StoreContext& context, ProfileManager& profiles, Loading loading = Loading::atOnce);
     ~InvoiceManager() override;
 
     /// Newest first.

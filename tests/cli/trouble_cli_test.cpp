@@ -66,7 +66,7 @@ void TroubleCliTest::wrongInput_data()
     rows("settings", "|get|set showBadge", "get x|set showBadge maybe");
     rows("new", "|bill|invoice --set x", "invoice --set x=1|invoice --item a;b|invoice --item a;1;kg");
     rows("list", "this|--type bill|--year 26x|--status lost", "--profile Nobody");
-    rows("set", "|{I} note|{I} status=Paid|{I} id=1",
+    rows("set", "|{I}|{I} note|{I} status=Paid|{I} id=1",
          "nothing note=x|{I} date=2026-02-30|{I} items.1.unit=Day");
     rows("status", "|{I}|{I} lost|{I} sent paid", "nothing sent");
     rows("duplicate", "|{I} {Q}|{I} --force", "nothing");

@@ -321,11 +321,13 @@ void InvoiceManagerTest::storm()
     QSignalSpy refreshed(&manager, &InvoiceManager::refreshed);
     Invoice changed = **record;
     for (int i = 0; i < count; ++i) {
+        // Few rewrites among many new files: some file systems make each rewrite durable.
+        const bool isRecord = i % 1000 == 0;
         changed.note = QString::number(i);
-        QVERIFY(place.put(changed,
-                          i % 2 == 0 ? QString() : QStringLiteral("2026-01-01-reminder-%1.json").arg(i)));
+        QVERIFY(
+            place.put(changed, isRecord ? QString() : QStringLiteral("2026-01-01-reminder-%1.json").arg(i)));
     }
-    while ((*record)->note != QString::number(count - 2))
+    while ((*record)->note != QString::number(count - 1000))
         QVERIFY(refreshed.wait());
     QCOMPARE(manager.work().scans, before.scans + 1);
     QVERIFY(manager.work().filesRead <= before.filesRead + 2);
