@@ -38,8 +38,8 @@ std::expected<Conflict, FileError> ConflictStore::keep(const QString& target, co
     int number = 1;
     for (const QString& name : device_.files(folder_))
         number = std::max({number, leadingNumber(name, u'-') + 1, leadingNumber(name, u'.') + 1});
-    const Conflict conflict{number, target,
-                            folder_ + u'/' + QString::number(number) + u'-' + QFileInfo(target).fileName()};
+    Conflict conflict{number, target,
+                      folder_ + u'/' + QString::number(number) + u'-' + QFileInfo(target).fileName()};
     std::expected<void, FileError> step = device_.makeFolder(folder_);
     if (step)
         step = writeDurably(conflict.path, content);
@@ -61,8 +61,8 @@ std::vector<Conflict> ConflictStore::all() const
         if (number == 0 || name.endsWith(originSuffix))
             continue;
         const auto origin = device_.read(originFile(number), longestPath);
-        if (origin && *origin)
-            conflicts.push_back(Conflict{number, QString::fromUtf8(**origin), folder_ + u'/' + name});
+        if (const std::optional<QByteArray> target = origin.value_or(std::nullopt))
+            conflicts.push_back(Conflict{number, QString::fromUtf8(*target), folder_ + u'/' + name});
     }
     std::ranges::sort(conflicts, {}, &Conflict::number);
     return conflicts;

@@ -39,9 +39,10 @@ std::expected<DataFileWriter::Content, FileError> DataFileWriter::readOrKeep(con
                                                                              const Order& order)
 {
     std::expected<Content, FileError> read = device_.read(path, largestRecordFile);
-    if (!read || !*read)
+    const Content held = read.value_or(std::nullopt);
+    if (!held)
         return read;
-    const QByteArray& current = **read;
+    const QByteArray& current = *held;
     const bool isOurs = current == order.content ||
                         (order.known && ContentMark::of(current) == *order.known) ||
                         (unfinished_.contains(path) && !isWholeJson(current));

@@ -127,7 +127,7 @@ std::expected<InvoicePtr, StoreFailure> InvoiceManager::add(Invoice invoice)
     const QUuid id = invoice.id;
     Entry& entry = entries_[id];
     entry.record = std::make_shared<InvoiceRecord>(std::move(invoice));
-    const InvoicePtr record = entry.record;
+    InvoicePtr record = entry.record;
     const auto written = write(entry);
     newlyCreatedInvoiceId_ = id;
     publish();
@@ -215,7 +215,7 @@ std::expected<void, StoreFailure> InvoiceManager::save(const QUuid& id)
 QString InvoiceManager::fileNameFor(const Entry& entry) const
 {
     const Invoice& invoice = **entry.record;
-    const QString proper = invoiceFileName(invoice);
+    QString proper = invoiceFileName(invoice);
     if (entry.fileName.isEmpty())
         return proper;
     const bool keepsDay = invoice.date.localDate() == entry.fileDate.localDate();

@@ -165,8 +165,8 @@ std::vector<KeyText> keyTexts(const JSONNode& record);
 template <HasJSONSchema T>
 std::vector<KeyText> keyTexts(const T& record)
 {
-    return keyTexts(
-        nodeOf(record, EncodingSettings(), {}).value()); // a record with a schema always is an object
+    const std::optional<JSONNode> node = nodeOf(record, EncodingSettings(), {});
+    return node ? keyTexts(*node) : std::vector<KeyText>();
 }
 
 } // namespace ledra

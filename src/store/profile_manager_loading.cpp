@@ -108,6 +108,7 @@ void ProfileManager::reload()
 {
     const auto contents = [this] {
         std::vector<Profile> values;
+        values.reserve(profiles_.size());
         for (const ProfilePtr& profile : profiles_)
             values.push_back(**profile);
         return values;

@@ -68,7 +68,7 @@ std::expected<QString, FileError> RecoveryJournal::begin(const JournalEntry& ent
                              .arg(nextEntry_++, 9, 10, QChar(u'0'))
                              .arg(entry.owner.section(u':', 1, 1));
     const QString draft = folder_ + u'/' + name + QStringLiteral(".draft");
-    const QString file = folder_ + u'/' + name + entrySuffix;
+    QString file = folder_ + u'/' + name + entrySuffix;
     std::expected<void, FileError> step = device_.makeFolder(folder_);
     if (step)
         step = device_.write(draft, encoded(entry));
@@ -119,14 +119,15 @@ bool RecoveryJournal::settle(const JournalEntry& entry)
         return current.error().reason.startsWith(
             QStringLiteral("larger")); // then it is not what was being written
     const QString folder = QFileInfo(entry.target).path();
-    if (!*current) {
+    const std::optional<QByteArray>& content = *current;
+    if (!content) {
         (void)device_.syncFolder(folder); // which may be gone as well
         return true;
     }
-    const QByteArray hash = journalHash(**current);
+    const QByteArray hash = journalHash(*content);
     const bool isNew = hash == journalHash(entry.content);
-    const bool isBeginningOfNew = entry.content.startsWith(**current); // all but the last line feed, say
-    const bool isTorn = !isNew && hash != entry.oldHash && (isBeginningOfNew || !isWholeJson(**current));
+    const bool isBeginningOfNew = entry.content.startsWith(*content); // all but the last line feed, say
+    const bool isTorn = !isNew && hash != entry.oldHash && (isBeginningOfNew || !isWholeJson(*content));
     // Whatever it holds, its writer may have died before it was durable; without the entry it must be.
     std::expected<void, FileError> step;
     if (isTorn)
@@ -150,7 +151,8 @@ bool RecoveryJournal::finishMove(const JournalEntry& entry)
     if (entry.moved.isEmpty())
         return true;
     const auto left = device_.read(entry.moved, largestRecordFile);
-    const bool isLeft = left && *left && journalHash(**left) == entry.movedHash;
+    const std::optional<QByteArray> content = left.value_or(std::nullopt);
+    const bool isLeft = content && journalHash(*content) == entry.movedHash;
     if (isLeft && !device_.remove(entry.moved))
         return false;
     const bool isSynced = device_.syncFolder(QFileInfo(entry.moved).path()).has_value();
