@@ -46,6 +46,7 @@ INFORMATION = [
     ("writing 10,000 files (s, peer)", ["json_encode_own", "json_encode_peer"]),
     ("reading 10,000 files (s, peer)", ["json_read_own", "json_read_peer"]),
     ("bare start, load for measuring, load and print (s)", ["parts_start", "parts_measure", "parts_print"]),
+    ("10,000 invoices: the list as JSON text, on top of start + list (s)", ["store_list_text"]),
     ("100,000 invoices: start, first search (s)", ["store_many_start", "store_index"]),
     ("filters of 100,000: year, overdue, word, words (s)", FILTERS),
     ("memory at documents 50, 200, 500 (KB)", ["pss_50", "pss_200", "pss_500"]),

@@ -3,6 +3,9 @@
 #include "model/displayed_number.h"
 #include "store/invoice_json.h"
 
+#include <span>
+#include <thread>
+
 namespace ledra {
 
 namespace {
@@ -32,6 +35,22 @@ void encode(const Row& row, JSONEncoderState& state)
     object.encode("isOverdue", invoice.isOverdue(row.now));
 }
 
+// Long lists are written in parts, side by side, whose texts are joined.
+constexpr std::size_t fewRows = 1000;
+constexpr QByteArrayView arrayBegin = "[\n";
+constexpr QByteArrayView arrayEnd = "\n]\n";
+
+QByteArray arrayText(std::span<const InvoicePtr> invoices, const Profile& profile, Timestamp now)
+{
+    std::vector<Row> rows;
+    rows.reserve(invoices.size());
+    for (const InvoicePtr& invoice : invoices)
+        rows.push_back({**invoice, profile, now});
+    OrderedJSONEncoder encoder;
+    encoder.outputFormatting = {JSONFormatting::prettyPrinted};
+    return encoder.encode(rows).value_or(QByteArray());
+}
+
 } // namespace
 
 QString recipientName(const Invoice& invoice)
@@ -41,13 +60,27 @@ QString recipientName(const Invoice& invoice)
 
 QByteArray listJson(const std::vector<InvoicePtr>& invoices, const Profile& profile, Timestamp now)
 {
-    std::vector<Row> rows;
-    rows.reserve(invoices.size());
-    for (const InvoicePtr& invoice : invoices)
-        rows.push_back({**invoice, profile, now});
-    OrderedJSONEncoder encoder;
-    encoder.outputFormatting = {JSONFormatting::prettyPrinted};
-    return encoder.encode(rows).value();
+    const std::size_t parts =
+        invoices.size() < fewRows ? 1 : std::max(1U, std::thread::hardware_concurrency());
+    std::vector<QByteArray> texts(parts);
+    const auto write = [&](std::size_t part) {
+        const std::span all(invoices);
+        const std::size_t begin = all.size() * part / parts;
+        const std::size_t end = all.size() * (part + 1) / parts;
+        texts[part] = arrayText(all.subspan(begin, end - begin), profile, now);
+    };
+    {
+        std::vector<std::jthread> threads;
+        for (std::size_t part = 1; part < parts; ++part)
+            threads.emplace_back(write, part);
+        write(0);
+    }
+    QByteArray text = texts.front();
+    for (std::size_t part = 1; part < parts; ++part) {
+        text.chop(arrayEnd.size());
+        text += ",\n" + texts[part].mid(arrayBegin.size());
+    }
+    return text;
 }
 
 } // namespace ledra

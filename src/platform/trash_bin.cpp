@@ -52,7 +52,7 @@ bool isSharedFolder(const QString& path)
     return status && S_ISDIR(status->st_mode) && (status->st_mode & S_ISVTX) != 0;
 }
 
-/// The trash at a mount point, where other users can make folders too: only what the specification lets
+/// The trash at a mount point, where other users can make folders too: only what the trash standard lets
 /// count.
 std::vector<TrashFolder> trashAtMountPoint(const QString& top)
 {

@@ -1,8 +1,13 @@
+#include "app/invoice_list.h"
 #include "app/ledra_app.h"
+#include "model/new_invoices.h"
 #include "support/recording_console.h"
 #include "support/test_suite.h"
 
 #include <QDir>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
 #include <QSignalSpy>
 #include <QTemporaryDir>
 
@@ -17,6 +22,7 @@ private Q_SLOTS:
     void handedOver();
     void startAndReveal();
     void guards();
+    void longList();
 };
 
 namespace {
@@ -151,6 +157,25 @@ void LedraAppTest::guards()
     QVERIFY(!jobs.cancel((*cancellation)->id));
     QVERIFY(jobs.remove(id, Force::yes));
     QVERIFY(!app.invoiceManager().find(id));
+}
+
+void LedraAppTest::longList()
+{
+    constexpr int count = 2501; // more than are written in one part
+    std::vector<InvoicePtr> records;
+    for (int number = 0; number < count; ++number) {
+        Invoice invoice = newInvoice(QUuid::createUuid(), Timestamp(), {});
+        invoice.number = number;
+        records.push_back(std::make_shared<InvoiceRecord>(invoice));
+    }
+    const QByteArray text =
+        listJson(records, newProfile(QUuid::createUuid(), QStringLiteral("DE")), Timestamp());
+    const QJsonArray list = QJsonDocument::fromJson(text).array();
+    QCOMPARE(list.size(), count);
+    for (int number = 0; number < count; ++number)
+        QCOMPARE(list[number].toObject()[QStringLiteral("number")].toInt(), number);
+    QCOMPARE(text.count("\n  {\n"), count);
+    QVERIFY(text.endsWith("\n  }\n]\n"));
 }
 
 const ledra::test::RegisterSuite<LedraAppTest> registration("ledra_app_test");
