@@ -4,26 +4,21 @@
 #include "nlohmann_invoice.h"
 #include "sample_invoices.h"
 #include "store/invoice_json.h"
+#include "timing.h"
 
 #include <algorithm>
-#include <chrono>
 #include <cstdio>
 #include <cstdlib>
 
 namespace {
 
 using namespace ledra;
+using bench::median;
+using bench::require;
+using bench::secondsOf;
 
 constexpr int invoiceCount = 10'000;
 constexpr int rounds = 5;
-
-template <class Work>
-double secondsOf(Work work)
-{
-    const auto start = std::chrono::steady_clock::now();
-    work();
-    return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
-}
 
 /// Seconds of each round.
 struct Times
@@ -38,21 +33,6 @@ struct Times
         return sums;
     }
 };
-
-double median(std::vector<double> values)
-{
-    std::ranges::sort(values);
-    return values[values.size() / 2];
-}
-
-/// The reading of the two must give what was written; a program that loses a field measures nothing.
-void require(bool holds, const char* what)
-{
-    if (holds)
-        return;
-    std::fprintf(stderr, "json_bench: %s\n", what);
-    std::exit(EXIT_FAILURE);
-}
 
 std::vector<QByteArray> ownRound(const std::vector<Invoice>& invoices, Times& times)
 {

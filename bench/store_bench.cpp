@@ -8,6 +8,7 @@
 #include "platform/folder_listing.h"
 #include "process_memory.h"
 #include "sample_invoices.h"
+#include "timing.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -16,7 +17,6 @@
 #include <simdjson.h>
 
 #include <atomic>
-#include <chrono>
 #include <cstdio>
 #include <cstdlib>
 #include <thread>
@@ -24,32 +24,13 @@
 namespace {
 
 using namespace ledra;
+using bench::median;
+using bench::require;
+using bench::secondsOf;
 
 constexpr int rounds = 7;
 constexpr int someInvoices = 10'000;
 constexpr int manyInvoices = 100'000;
-
-template <class Work>
-double secondsOf(Work work)
-{
-    const auto start = std::chrono::steady_clock::now();
-    work();
-    return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
-}
-
-double median(std::vector<double> values)
-{
-    std::ranges::sort(values);
-    return values[values.size() / 2];
-}
-
-void require(bool holds, const char* what)
-{
-    if (holds)
-        return;
-    std::fprintf(stderr, "store_bench: %s\n", what);
-    std::exit(EXIT_FAILURE);
-}
 
 void say(const char* name, double value)
 {
