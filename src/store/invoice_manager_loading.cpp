@@ -8,7 +8,7 @@ namespace ledra {
 
 namespace {
 
-/// "yyyy-MM-dd-XXXXXX.json" with the beginning of the id.
+/// A day, a hyphen, the beginning of the id and ".json".
 bool isProperName(const QString& name, const QUuid& id)
 {
     static const QRegularExpression pattern(QStringLiteral("^\\d{4}-\\d{2}-\\d{2}-([0-9A-F]{6})\\.json$"));
