@@ -1,10 +1,14 @@
 #include "app/document_export.h"
 
+#include "app/einvoice_export.h"
 #include "model/html_text.h"
 #include "render/document_address.h"
+#include "render/glyph_coverage.h"
 
+#include <QCoreApplication>
 #include <QFile>
 #include <QRegularExpression>
+#include <QTimer>
 
 namespace ledra {
 
@@ -51,35 +55,103 @@ DocumentExport::DocumentExport(WebEngine& engine, Console& console)
     : paginator_(engine, console), renderer_(engine, console)
 {}
 
-void DocumentExport::run(const Invoice& invoice, const DocumentSetting& setting, const WebFontManager& fonts,
-                         ExportFormat format, Completion completion)
+QString fileExtension(ExportFormat format)
 {
-    const auto document = std::make_shared<const InvoiceDocument>(invoice, setting, fonts);
-    paginator_.paginate(document, [this, document, invoice, format,
-                                   completion = std::move(completion)](const PaginationResult& result) {
-        if (format == ExportFormat::html)
-            completion(ExportedDocument{
-                standaloneHtml(document->title(), result.pages, document->pageFormat()), result.isMeasured});
+    switch (format) {
+    case ExportFormat::xrechnung:
+        return QStringLiteral(".xml");
+    case ExportFormat::html:
+        return QStringLiteral(".html");
+    case ExportFormat::pdf:
+    case ExportFormat::zugferd:
+        break;
+    }
+    return QStringLiteral(".pdf");
+}
+
+bool isEInvoice(ExportFormat format)
+{
+    return format == ExportFormat::zugferd || format == ExportFormat::xrechnung;
+}
+
+/// A document under way.
+struct DocumentExport::Order
+{
+    Order(const Invoice& record, const DocumentSetting& setting, const WebFontManager& fonts,
+          ExportFormat form, EInvoice made, Completion whenDone)
+        : invoice(record),
+          document(record, setting, fonts),
+          format(form),
+          einvoice(std::move(made)),
+          completion(std::move(whenDone))
+    {}
+
+    Invoice invoice;
+    InvoiceDocument document;
+    ExportFormat format;
+    EInvoice einvoice; ///< empty for a format without one
+    Completion completion;
+};
+
+void DocumentExport::run(const Invoice& invoice, const DocumentSetting& setting, const WebFontManager& fonts,
+                         ExportFormat format, const Completion& completion)
+{
+    std::expected<EInvoice, QString> einvoice;
+    if (isEInvoice(format))
+        einvoice = makeEInvoice(invoice, setting);
+    if (!einvoice || format == ExportFormat::xrechnung) {
+        std::expected<ExportedDocument, QString> answer = std::unexpected(QString());
+        if (einvoice)
+            answer = ExportedDocument{einvoice->xml, true, einvoice->notices};
         else
-            makePdf(invoice, document->title(), result, document->pageFormat(), completion);
+            answer = std::unexpected(einvoice.error());
+        QTimer::singleShot(0, QCoreApplication::instance(), [answer, completion] { completion(answer); });
+        return;
+    }
+    const auto order = std::make_shared<const Order>(invoice, setting, fonts, format, *einvoice, completion);
+    const std::shared_ptr<const PaginatedDocument> document(order, &order->document);
+    paginator_.paginate(document, [this, order](const PaginationResult& pages) { makeFile(order, pages); });
+}
+
+void DocumentExport::makeFile(const std::shared_ptr<const Order>& order, const PaginationResult& pages)
+{
+    const PageFormat paper = order->document.pageFormat();
+    ExportedDocument file{{}, pages.isMeasured, order->einvoice.notices};
+    QString text;
+    for (const QString& page : pages.pages)
+        text += visibleText(page);
+    if (const QStringList missing = charactersWithoutGlyph(text); !missing.isEmpty())
+        file.notices += missingGlyphText(missing);
+    if (order->format == ExportFormat::html) {
+        file.content = standaloneHtml(order->document.title(), pages.pages, paper);
+        order->completion(file);
+        return;
+    }
+    renderer_.render(pages, paper, [order, file](std::optional<PdfFile> pdf) {
+        if (pdf)
+            finishPdf(*order, std::move(*pdf), file);
+        else
+            order->completion(std::unexpected(QStringLiteral("the PDF could not be made")));
     });
 }
 
-void DocumentExport::makePdf(const Invoice& invoice, const QString& title, const PaginationResult& pages,
-                             PageFormat paper, const Completion& completion)
+void DocumentExport::finishPdf(const Order& order, PdfFile pdf, ExportedDocument file)
 {
-    renderer_.render(pages, paper,
-                     [invoice, title, completion, isMeasured = pages.isMeasured](std::optional<PdfFile> pdf) {
-                         if (!pdf) {
-                             completion(std::unexpected(QStringLiteral("the PDF could not be made")));
-                             return;
-                         }
-                         embedInvoice(*pdf, invoice, title);
-                         if (const std::expected<QByteArray, PdfError> bytes = pdf->bytes())
-                             completion(ExportedDocument{*bytes, isMeasured});
-                         else
-                             completion(std::unexpected(bytes.error().reason));
-                     });
+    embedInvoice(pdf, order.invoice, order.document.title());
+    const std::expected<QByteArray, PdfError> bytes = pdf.bytes();
+    std::expected<QByteArray, QString> content =
+        bytes ? std::expected<QByteArray, QString>(*bytes) : std::unexpected(bytes.error().reason);
+    if (content && order.format == ExportFormat::zugferd) {
+        content = makeHybrid(*content, order.einvoice.xml);
+        if (const std::optional<QString> problem = pdfAProblem(order.invoice))
+            file.notices += *problem;
+    }
+    if (!content) {
+        order.completion(std::unexpected(content.error()));
+        return;
+    }
+    file.content = *content;
+    order.completion(file);
 }
 
 } // namespace ledra

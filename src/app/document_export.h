@@ -9,29 +9,40 @@
 #include "render/web_engine.h"
 
 #include <QString>
+#include <QStringList>
 
 #include <expected>
 #include <functional>
+#include <memory>
 #include <optional>
 
 namespace ledra {
 
-enum class ExportFormat { pdf, html };
+enum class ExportFormat { pdf, zugferd, xrechnung, html };
 
 template <>
 inline constexpr std::array enumTexts<ExportFormat> = {
     EnumText{ExportFormat::pdf, "pdf", "PDF"},
+    EnumText{ExportFormat::zugferd, "zugferd", "ZUGFeRD PDF"},
+    EnumText{ExportFormat::xrechnung, "xrechnung", "XRechnung"},
     EnumText{ExportFormat::html, "html", "HTML"},
 };
+
+/// The extension of a format's files, with its dot.
+QString fileExtension(ExportFormat format);
+
+/// Whether a format carries an e-invoice.
+bool isEInvoice(ExportFormat format);
 
 /// A document ready to be written.
 struct ExportedDocument
 {
     QByteArray content;
-    bool isMeasured = true; ///< false: pages could not be broken between blocks
+    bool isMeasured = true;   ///< false: pages could not be broken between blocks
+    QStringList notices = {}; ///< what users are to know before they send it; a sentence each
 };
 
-/// Makes the file of a document: pages, PDF, the hidden copy of the record.
+/// Makes the file of a document: pages, PDF, the hidden copy of the record, the e-invoice.
 class DocumentExport
 {
 public:
@@ -41,11 +52,13 @@ public:
 
     /// Answers later, exactly once. Documents may be under way side by side.
     void run(const Invoice& invoice, const DocumentSetting& setting, const WebFontManager& fonts,
-             ExportFormat format, Completion completion);
+             ExportFormat format, const Completion& completion);
 
 private:
-    void makePdf(const Invoice& invoice, const QString& title, const PaginationResult& pages,
-                 PageFormat paper, const Completion& completion);
+    struct Order;
+
+    void makeFile(const std::shared_ptr<const Order>& order, const PaginationResult& pages);
+    static void finishPdf(const Order& order, PdfFile pdf, ExportedDocument file);
 
     DocumentPaginator paginator_;
     PDFRenderer renderer_;

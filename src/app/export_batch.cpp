@@ -1,5 +1,7 @@
 #include "app/export_batch.h"
 
+#include "einvoice/missing_fields.h"
+
 #include <QDir>
 #include <QFileInfo>
 #include <QTimer>
@@ -12,12 +14,6 @@ namespace {
 
 // Enough to keep every page of the engine busy while documents are measured one by one.
 constexpr int mostUnderWay = 24;
-
-QString extensionOf(ExportFormat format)
-{
-    const std::string_view raw = rawValue(format);
-    return u'.' + QString::fromUtf8(raw.data(), static_cast<qsizetype>(raw.size()));
-}
 
 } // namespace
 
@@ -50,7 +46,7 @@ std::expected<QString, QString> ExportBatch::targetOf(const ExportSource& source
     if (order_.target == standardStream)
         return order_.target;
     const bool isFolder = QFileInfo(order_.target).isDir();
-    const QString name = source.stem + extensionOf(order_.format);
+    const QString name = source.stem + fileExtension(order_.format);
     QString target = isFolder ? QDir(order_.target).filePath(name) : order_.target;
     const QString absolute = QFileInfo(target).absoluteFilePath();
     if (targets_.contains(absolute))
@@ -63,6 +59,20 @@ std::expected<QString, QString> ExportBatch::targetOf(const ExportSource& source
     return target;
 }
 
+/// Whether an e-invoice has what it needs; says what it lacks.
+bool ExportBatch::mayBeWritten(const ExportSource& source, const Invoice& invoice)
+{
+    const QStringList missing = isEInvoice(order_.format) ? missingFields(invoice) : QStringList();
+    if (missing.isEmpty())
+        return true;
+    const QString line = source.label + QStringLiteral(": ") + missingFieldsText(missing);
+    if (order_.allowMissing)
+        observer_.warned(source.file, line);
+    else
+        fail(source, line);
+    return order_.allowMissing;
+}
+
 void ExportBatch::startOne(const ExportSource& source)
 {
     const std::expected<Invoice, QString> invoice = source.read();
@@ -70,6 +80,8 @@ void ExportBatch::startOne(const ExportSource& source)
         fail(source, invoice.error());
         return;
     }
+    if (!mayBeWritten(source, *invoice))
+        return;
     const std::expected<QString, QString> target = targetOf(source);
     if (!target) {
         fail(source, target.error());
@@ -102,6 +114,8 @@ void ExportBatch::write(const ExportSource& source, const QString& target, const
         return;
     }
     observer_.written(source.file, target);
+    for (const QString& notice : document.notices)
+        observer_.warned(source.file, source.label + QStringLiteral(": ") + notice);
     if (!document.isMeasured) {
         ++failures_;
         observer_.warned(source.file,

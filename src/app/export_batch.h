@@ -26,6 +26,7 @@ struct ExportOrder
     ExportFormat format = ExportFormat::pdf;
     QString target; ///< a folder, a file for a single document, or "-" for the standard output
     Overwrite overwrite = Overwrite::refuse;
+    bool allowMissing = false; ///< e-invoices are written with fields missing as well
 };
 
 /// How a batch tells what happens to its documents, which it names by the files of their records. A line is
@@ -35,7 +36,7 @@ class ExportObserver
 public:
     virtual ~ExportObserver() = default;
     virtual void written(const QString& source, const QString& target) = 0;
-    virtual void warned(const QString& source, const QString& line) = 0; ///< beside written()
+    virtual void warned(const QString& source, const QString& line) = 0; ///< before or after written()
     virtual void failed(const QString& source, const QString& line) = 0;
     virtual void content(const QByteArray& bytes) = 0; ///< for the standard output
 };
@@ -65,6 +66,7 @@ private:
               const std::expected<ExportedDocument, QString>& document);
     void write(const ExportSource& source, const QString& target, const ExportedDocument& document);
     void fail(const ExportSource& source, const QString& line);
+    bool mayBeWritten(const ExportSource& source, const Invoice& invoice);
     std::expected<QString, QString> targetOf(const ExportSource& source);
 
     ExportOrder order_;

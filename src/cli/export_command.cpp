@@ -19,12 +19,14 @@ namespace ledra {
 namespace {
 
 constexpr std::array ownOptions = {
-    OptionSpec{"format", "", "pdf|html", "The form of the documents; pdf unless said otherwise."},
+    OptionSpec{"format", "", "pdf|zugferd|xrechnung|html",
+               "The form of the documents; pdf unless said otherwise."},
     OptionSpec{"output", "o", "FILE|FOLDER",
                "Where to write; the current folder unless said otherwise, - for stdout."},
     OptionSpec{"all", "", "", "All records of the profile, or those that the options below choose."},
     OptionSpec{"styling", "", "FILE", "A styling.json; logo and style sheet beside it are taken too."},
     OptionSpec{"profile-file", "", "FILE", "A profile.json for what invoice files leave open."},
+    OptionSpec{"allow-missing", "", "", "Write e-invoices that lack required fields as well."},
     OptionSpec{"force", "", "", "Overwrite existing files."},
 };
 constexpr auto options = withFilterOptions(ownOptions);
@@ -221,6 +223,7 @@ ExitCode ExportCommand::run(const CommandArguments& arguments)
     ExportOrder order;
     order.sources = *sources;
     order.overwrite = arguments.has("force") ? Overwrite::replace : Overwrite::refuse;
+    order.allowMissing = arguments.has("allow-missing");
     order.target = arguments.has("output") ? arguments.value("output") : QStringLiteral(".");
     order.format =
         enumFromRawValue<ExportFormat>(arguments.value("format").toStdString()).value_or(order.format);

@@ -35,10 +35,7 @@ void ExportReport::warned(const QString& source, const QString& line)
 {
     clearProgress();
     sayFailure(line);
-    for (Row& row : rows_) {
-        if (row.file == source)
-            row.message = line;
-    }
+    warnings_[source] += line;
 }
 
 void ExportReport::failed(const QString& source, const QString& line)
@@ -54,8 +51,12 @@ void ExportReport::content(const QByteArray& bytes)
     writeOutput(bytes);
 }
 
-void ExportReport::finish() const
+void ExportReport::finish()
 {
+    for (Row& row : rows_) {
+        if (!row.message && warnings_.contains(row.file))
+            row.message = warnings_[row.file].join(u'\n');
+    }
     if (style_ == ReportStyle::json) {
         OrderedJSONEncoder encoder;
         encoder.outputFormatting = {JSONFormatting::prettyPrinted};

@@ -2,6 +2,9 @@
 
 #include "app/export_batch.h"
 
+#include <QHash>
+#include <QStringList>
+
 #include <cstddef>
 #include <vector>
 
@@ -26,7 +29,7 @@ public:
     void content(const QByteArray& bytes) override;
 
     /// After the last document.
-    void finish() const;
+    void finish();
 
     /// One document of the list that ReportStyle::json writes.
     struct Row
@@ -45,6 +48,7 @@ private:
     ReportStyle style_;
     bool showsProgress_;
     std::vector<Row> rows_;
+    QHash<QString, QStringList> warnings_; ///< by the records' files
 };
 
 } // namespace ledra

@@ -1,45 +1,19 @@
 #include "platform/pdf_file.h"
 
+#include "platform/pdf_document.h"
+
 #include <qpdf/Buffer.hh>
-#include <qpdf/QPDF.hh>
-#include <qpdf/QPDFObjectHandle.hh>
-#include <qpdf/QPDFPageDocumentHelper.hh>
-#include <qpdf/QPDFPageObjectHelper.hh>
 #include <qpdf/QPDFWriter.hh>
 
 #include <string>
 
 namespace ledra {
 
-struct PdfFile::Document
-{
-    QPDF pdf;
-    std::vector<QByteArray> sources; // the library reads pages from these until the document is written
-};
-
 namespace {
-
-constexpr int hiddenFlag = 1 << 1;
-constexpr int lockedFlag = 1 << 7;
-
-PdfError failure(const std::exception& thrown)
-{
-    return {QString::fromUtf8(thrown.what())};
-}
 
 PdfError noPages()
 {
     return {QStringLiteral("the document has no pages")};
-}
-
-std::string utf8(const QString& text)
-{
-    return text.toStdString();
-}
-
-std::vector<QPDFPageObjectHelper> pagesOf(QPDF& pdf)
-{
-    return QPDFPageDocumentHelper(pdf).getAllPages();
 }
 
 /// Sets the paper's exact size; the engine rounds it to its own units.
@@ -49,14 +23,6 @@ void setPaper(QPDFObjectHandle page, QSize paper)
         page.removeKey(box);
     page.replaceKey("/MediaBox", QPDFObjectHandle::newArray(
                                      QPDFObjectHandle::Rectangle(0, 0, paper.width(), paper.height())));
-}
-
-QPDFObjectHandle emptyAppearance(QPDF& pdf)
-{
-    QPDFObjectHandle form = QPDFObjectHandle::newStream(&pdf, "");
-    form.replaceDict(
-        QPDFObjectHandle::parse("<< /Type /XObject /Subtype /Form /BBox [0 0 1 1] /Resources << >> >>"));
-    return form;
 }
 
 } // namespace
@@ -134,49 +100,8 @@ void PdfFile::setInformation(const QString& title, const QString& creator)
     if (!trailer.getKey("/Info").isDictionary())
         trailer.replaceKey("/Info", document_->pdf.makeIndirectObject(QPDFObjectHandle::newDictionary()));
     QPDFObjectHandle information = trailer.getKey("/Info");
-    information.replaceKey("/Title", QPDFObjectHandle::newUnicodeString(utf8(title)));
-    information.replaceKey("/Creator", QPDFObjectHandle::newUnicodeString(utf8(creator)));
-}
-
-void PdfFile::addHiddenAnnotation(const HiddenAnnotation& annotation)
-{
-    QPDF& pdf = document_->pdf;
-    QPDFObjectHandle note = QPDFObjectHandle::newDictionary();
-    note.replaceKey("/Type", QPDFObjectHandle::newName("/Annot"));
-    note.replaceKey("/Subtype", QPDFObjectHandle::newName("/Text"));
-    note.replaceKey("/Rect", QPDFObjectHandle::newArray(QPDFObjectHandle::Rectangle(0, 0, 1, 1)));
-    note.replaceKey("/F", QPDFObjectHandle::newInteger(hiddenFlag | lockedFlag));
-    note.replaceKey("/T", QPDFObjectHandle::newUnicodeString(utf8(annotation.author)));
-    note.replaceKey("/Contents", QPDFObjectHandle::newUnicodeString(utf8(annotation.contents)));
-    QPDFObjectHandle appearance = QPDFObjectHandle::newDictionary();
-    appearance.replaceKey("/N", emptyAppearance(pdf));
-    note.replaceKey("/AP", appearance);
-
-    QPDFObjectHandle page = pagesOf(pdf).front().getObjectHandle();
-    if (!page.getKey("/Annots").isArray())
-        page.replaceKey("/Annots", QPDFObjectHandle::newArray());
-    page.getKey("/Annots").appendItem(pdf.makeIndirectObject(note));
-}
-
-std::optional<QString> PdfFile::annotationContents(const QString& author) const
-{
-    try {
-        const std::vector<QPDFPageObjectHelper> pages = pagesOf(document_->pdf);
-        if (pages.empty())
-            return std::nullopt;
-        QPDFObjectHandle annotations = QPDFObjectHandle(pages.front().getObjectHandle()).getKey("/Annots");
-        if (!annotations.isArray())
-            return std::nullopt;
-        for (QPDFObjectHandle note : annotations.getArrayAsVector()) {
-            const bool matches = note.isDictionary() && note.getKey("/T").isString() &&
-                                 note.getKey("/T").getUTF8Value() == utf8(author);
-            if (matches && note.getKey("/Contents").isString())
-                return QString::fromStdString(note.getKey("/Contents").getUTF8Value());
-        }
-    } catch (const std::exception&) {
-        return std::nullopt; // a damaged page carries no annotation that could be read
-    }
-    return std::nullopt;
+    information.replaceKey("/Title", QPDFObjectHandle::newUnicodeString(title.toStdString()));
+    information.replaceKey("/Creator", QPDFObjectHandle::newUnicodeString(creator.toStdString()));
 }
 
 std::expected<QByteArray, PdfError> PdfFile::bytes() const
@@ -185,6 +110,7 @@ std::expected<QByteArray, PdfError> PdfFile::bytes() const
         QPDFWriter writer(document_->pdf);
         writer.setOutputMemory();
         writer.setObjectStreamMode(qpdf_o_disable);
+        writer.setPreserveEncryption(false);
         writer.setNewlineBeforeEndstream(true);
         writer.setDeterministicID(true);
         writer.setMinimumPDFVersion("1.7");

@@ -3,6 +3,7 @@
 #include <QByteArray>
 #include <QSize>
 #include <QString>
+#include <QStringList>
 
 #include <expected>
 #include <memory>
@@ -58,12 +59,28 @@ public:
     /// The contents of the first page's annotation with that author.
     std::optional<QString> annotationContents(const QString& author) const;
 
+    /// Clears and sets bits in the flags of every annotation (ISO 32000-1, table 165).
+    [[nodiscard]] std::expected<void, PdfError> changeAnnotationFlags(int cleared, int added);
+
+    /// Takes attachments, metadata and output intents out of the document, to make room for others.
+    void removeConformanceEntries();
+
+    /// The names of the embedded files, at most some hundreds, in the order of the document.
+    QStringList attachmentNames() const;
+
+    /// The content of an embedded file, unpacked, of at most `limit` bytes.
+    [[nodiscard]] std::expected<QByteArray, PdfError> attachment(const QString& name, qint64 limit) const;
+
+    /// The document's metadata packet, of at most `limit` bytes; nothing without one that can be read.
+    std::optional<QByteArray> metadata(qint64 limit) const;
+
     /// The document's bytes, written in the classical form (cross-reference table, no object streams,
     /// PDF 1.7) to which incremental updates can be appended.
     [[nodiscard]] std::expected<QByteArray, PdfError> bytes() const;
 
+    struct Document; ///< the library's view; for this folder only
+
 private:
-    struct Document;
     explicit PdfFile(std::unique_ptr<Document> document);
 
     std::unique_ptr<Document> document_;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "model/invoice.h"
+#include "model/invoice_lookup.h"
 #include "model/profile.h"
 #include "model/styling.h"
 #include "render/document_shell.h"
@@ -8,12 +9,7 @@
 #include "render/paginated_document.h"
 #include "render/style_sheet.h"
 
-#include <functional>
-
 namespace ledra {
-
-/// Looks another invoice up, such as the one that a cancellation refers to.
-using InvoiceLookup = std::function<std::optional<Invoice>(const QUuid& id)>;
 
 /// What an invoice is shown with.
 struct DocumentSetting

@@ -59,12 +59,23 @@ void PDFRenderer::join(const Session& session)
     }
 }
 
+QString embeddedText(const Invoice& invoice)
+{
+    QString ascii;
+    for (const QChar c : QString::fromUtf8(encodeInvoiceForEmbedding(invoice).trimmed())) {
+        if (c.unicode() < 0x80) // all others stand inside strings, where JSON lets them be escaped
+            ascii += c;
+        else
+            ascii += QStringLiteral("\\u") + QString::number(c.unicode(), 16).rightJustified(4, u'0');
+    }
+    return ascii;
+}
+
 void embedInvoice(PdfFile& pdf, const Invoice& invoice, const QString& title)
 {
     const auto version = QString::fromUtf8(shortVersion.data(), static_cast<qsizetype>(shortVersion.size()));
     pdf.setInformation(title, QStringLiteral("Ledra ") + version);
-    pdf.addHiddenAnnotation(
-        {embeddedInvoiceAuthor.toString(), QString::fromUtf8(encodeInvoiceForEmbedding(invoice).trimmed())});
+    pdf.addHiddenAnnotation({embeddedInvoiceAuthor.toString(), embeddedText(invoice)});
 }
 
 } // namespace ledra

@@ -74,6 +74,9 @@ public:
     /// Also marks the invoice as cancelled.
     std::expected<InvoicePtr, StoreFailure> createCancellation(const QUuid& invoiceId);
 
+    /// What the missing keys of a record that comes from elsewhere are filled with.
+    NewRecordValues newRecordValues() { return context_.newRecordValues(); }
+
     /// Takes in a record that was made elsewhere. Refused when its id is known, or when another record's file
     /// has the name that it would get.
     std::expected<InvoicePtr, StoreFailure> insert(const Invoice& invoice);

@@ -1,0 +1,122 @@
+#include "einvoice/cii_reader.h"
+
+#include "einvoice/cii_text.h"
+#include "einvoice/cii_units.h"
+#include "einvoice/xml_text.h"
+
+#include <array>
+#include <charconv>
+
+namespace ledra {
+
+namespace {
+
+/// The field that takes the text at a path.
+struct TextPath
+{
+    std::string_view path;
+    QString Invoice::*field;
+};
+
+constexpr std::array textPaths = {
+    TextPath{"ExchangedDocument/IncludedNote/Content", &Invoice::note},
+    TextPath{"SellerTradeParty/Name", &Invoice::senderName},
+    TextPath{"SellerTradeParty/SpecifiedLegalOrganization/TradingBusinessName", &Invoice::senderBusinessName},
+    TextPath{"SellerTradeParty/Description", &Invoice::senderAdditionalNumbers},
+    TextPath{"TelephoneUniversalCommunication/CompleteNumber", &Invoice::senderPhone},
+    TextPath{"EmailURIUniversalCommunication/URIID", &Invoice::senderEmail},
+    TextPath{"SellerTradeParty/PostalTradeAddress/LineOne", &Invoice::senderAddressLineOne},
+    TextPath{"SellerTradeParty/PostalTradeAddress/LineTwo", &Invoice::senderAddressLineTwo},
+    TextPath{"SellerTradeParty/PostalTradeAddress/PostcodeCode", &Invoice::senderAddressPostcode},
+    TextPath{"SellerTradeParty/PostalTradeAddress/CityName", &Invoice::senderAddressCity},
+    TextPath{"SellerTradeParty/PostalTradeAddress/CountrySubDivisionName", &Invoice::senderAddressState},
+    TextPath{"SellerTradeParty/SpecifiedTaxRegistration/ID[schemeID=FC]", &Invoice::senderTaxNumber},
+    TextPath{"SellerTradeParty/SpecifiedTaxRegistration/ID[schemeID=VA]", &Invoice::senderVatNumber},
+    TextPath{"PayeePartyCreditorFinancialAccount/IBANID", &Invoice::senderIban},
+    TextPath{"PayeeSpecifiedCreditorFinancialInstitution/BICID", &Invoice::senderBic},
+    TextPath{"BuyerTradeParty/Name", &Invoice::name},
+    TextPath{"BuyerTradeParty/SpecifiedLegalOrganization/TradingBusinessName", &Invoice::businessName},
+    TextPath{"BuyerTradeParty/URIUniversalCommunication/URIID", &Invoice::email},
+    TextPath{"BuyerTradeParty/PostalTradeAddress/LineOne", &Invoice::addressLineOne},
+    TextPath{"BuyerTradeParty/PostalTradeAddress/LineTwo", &Invoice::addressLineTwo},
+    TextPath{"BuyerTradeParty/PostalTradeAddress/PostcodeCode", &Invoice::addressPostcode},
+    TextPath{"BuyerTradeParty/PostalTradeAddress/CityName", &Invoice::addressCity},
+    TextPath{"BuyerTradeParty/PostalTradeAddress/CountrySubDivisionName", &Invoice::addressState},
+};
+
+QString textAt(const Element& element, std::string_view path)
+{
+    return QString::fromStdString(element.textAt(path));
+}
+
+/// A code, around which white space means nothing.
+QString codeAt(const Element& element, std::string_view path)
+{
+    const std::string text = element.textAt(path);
+    const std::string_view code = trimmed(text);
+    return QString::fromUtf8(code.data(), static_cast<qsizetype>(code.size()));
+}
+
+double numberAt(const Element& element, std::string_view path)
+{
+    return decimalFrom(element.textAt(path)).value_or(0);
+}
+
+void readDay(const Element& root, std::string_view path, Timestamp& moment)
+{
+    // At noon, so that no time zone of the neighbourhood moves the day.
+    if (const std::optional<QDate> day = dayFrom(root.textAt(path)))
+        moment = Timestamp::fromDateTime(QDateTime(*day, QTime(12, 0)));
+}
+
+std::int64_t integerFrom(const std::string& text)
+{
+    const std::string_view digits = trimmed(text);
+    std::int64_t number = 0;
+    const auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), number);
+    return error == std::errc() && end == digits.data() + digits.size() ? number : 0;
+}
+
+Invoice::Item readItem(const Element& line, IdSource& ids)
+{
+    Invoice::Item item;
+    item.id = ids.newId();
+    item.item = textAt(line, "SpecifiedTradeProduct/Name");
+    item.quantity = numberAt(line, "BilledQuantity");
+    if (const Element* quantity = line.find("BilledQuantity"))
+        item.unit = unitFromCode(quantity->attribute("unitCode").value_or(std::string_view()));
+    item.unitPrice = numberAt(line, "NetPriceProductTradePrice/ChargeAmount");
+    item.vatPercentage = numberAt(line, "ApplicableTradeTax/RateApplicablePercent");
+    return item;
+}
+
+} // namespace
+
+bool isCrossIndustryInvoice(const Element& root)
+{
+    return root.localName() == "CrossIndustryInvoice";
+}
+
+CiiHeader readCrossIndustryInvoice(const Element& root, Invoice& invoice, IdSource& ids)
+{
+    CiiHeader header{textAt(root, "ExchangedDocument/ID"), integerFrom(root.textAt("ExchangedDocument/TypeCode")),
+                     dayFrom(root.textAt("DueDateDateTime/DateTimeString"))};
+    for (const TextPath& row : textPaths)
+        invoice.*row.field = textAt(root, row.path);
+    readDay(root, "ExchangedDocument/IssueDateTime/DateTimeString", invoice.date);
+    readDay(root, "OccurrenceDateTime/DateTimeString", invoice.serviceDateStart);
+    const QString reference = textAt(root, "ApplicableHeaderTradeAgreement/BuyerReference");
+    if (!reference.isEmpty() && reference != noOrderNumber)
+        invoice.reference = reference;
+    invoice.senderAddressCountry.code = codeAt(root, "SellerTradeParty/PostalTradeAddress/CountryID");
+    invoice.addressCountry.code = codeAt(root, "BuyerTradeParty/PostalTradeAddress/CountryID");
+    if (const QString currency = codeAt(root, "InvoiceCurrencyCode"); !currency.isEmpty())
+        invoice.currency.code = currency;
+    if (const double allowance = numberAt(root, "AllowanceTotalAmount"); allowance > 0)
+        invoice.discountAmount = allowance;
+    root.forEach("IncludedSupplyChainTradeLineItem",
+                 [&](const Element& line) { invoice.items.push_back(readItem(line, ids)); });
+    return header;
+}
+
+} // namespace ledra

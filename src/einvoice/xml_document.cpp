@@ -1,0 +1,206 @@
+#include "einvoice/xml_document.h"
+
+#include "einvoice/xml_parser.h"
+#include "einvoice/xml_path.h"
+#include "einvoice/xml_text.h"
+
+#include <algorithm>
+
+namespace ledra {
+
+namespace {
+
+constexpr std::size_t spacesPerLevel = 4;
+
+constexpr std::string_view fragmentStart =
+    R"(<root xmlns:rsm="urn:un:unece:uncefact:data:standard:CrossIndustryInvoice:100")"
+    R"( xmlns:ram="urn:un:unece:uncefact:data:standard:ReusableAggregateBusinessInformationEntity:100")"
+    R"( xmlns:udt="urn:un:unece:uncefact:data:standard:UnqualifiedDataType:100")"
+    R"( xmlns:qdt="urn:un:unece:uncefact:data:standard:QualifiedDataType:100">)";
+constexpr std::string_view fragmentEnd = "</root>";
+
+bool isEmptyChild(const Element::Child& child)
+{
+    if (const auto* text = std::get_if<std::string>(&child))
+        return isBlank(*text);
+    return std::get<std::unique_ptr<Element>>(child)->isEmpty();
+}
+
+Element* elementAt(const ElementPlace& place)
+{
+    return place.parent ? std::get<std::unique_ptr<Element>>(place.parent->children[place.index]).get() : nullptr;
+}
+
+void indent(int depth, std::string& out)
+{
+    out.append(static_cast<std::size_t>(depth) * spacesPerLevel, ' ');
+}
+
+} // namespace
+
+std::string_view Element::localName() const
+{
+    const std::string_view whole = name;
+    const std::size_t colon = whole.find(':');
+    return colon == std::string_view::npos ? whole : whole.substr(colon + 1);
+}
+
+std::optional<std::string_view> Element::attribute(std::string_view key) const
+{
+    const auto found = std::ranges::find(attributes, key, &Attribute::key);
+    return found == attributes.end() ? std::nullopt : std::optional<std::string_view>(found->value);
+}
+
+std::string Element::text() const
+{
+    std::string joined;
+    for (const Child& child : children) {
+        if (const auto* run = std::get_if<std::string>(&child))
+            joined += *run;
+    }
+    return joined;
+}
+
+Element* Element::find(std::string_view path)
+{
+    return elementAt(locate(*this, parsePath(path)));
+}
+const Element* Element::find(std::string_view path) const
+{
+    return const_cast<Element*>(this)->find(path); // NOLINT(cppcoreguidelines-pro-type-const-cast): it only looks
+}
+
+const Element* Element::child(std::string_view path) const
+{
+    const std::vector<PathComponent> components = parsePath(path);
+    // NOLINTNEXTLINE(cppcoreguidelines-pro-type-const-cast): it only looks
+    return components.empty() ? nullptr : elementAt(matchDownward(const_cast<Element&>(*this), components));
+}
+
+std::string Element::textAt(std::string_view path) const
+{
+    const Element* found = find(path);
+    return found ? found->text() : std::string();
+}
+
+void Element::setText(std::string_view path, std::string_view value)
+{
+    Element* found = find(path);
+    if (!found)
+        return;
+    found->children.clear();
+    if (!value.empty())
+        found->children.emplace_back(std::string(value));
+}
+
+void Element::setAttribute(std::string_view path, std::string_view key, std::string_view value)
+{
+    Element* found = find(path);
+    if (!found)
+        return;
+    const auto present = std::ranges::find(found->attributes, key, &Attribute::key);
+    if (present != found->attributes.end())
+        present->value = value;
+    else
+        found->attributes.push_back({std::string(key), std::string(value)});
+}
+
+void Element::replaceWithFragment(std::string_view path, std::string_view fragment)
+{
+    const ElementPlace place = locate(*this, parsePath(path));
+    if (!place.parent)
+        return;
+    std::vector<Child>& siblings = place.parent->children;
+    const auto target = siblings.begin() + static_cast<std::ptrdiff_t>(place.index);
+    fragment = trimmed(fragment);
+    if (fragment.empty()) {
+        siblings.erase(target);
+        return;
+    }
+    std::string wrapped;
+    wrapped.reserve(fragmentStart.size() + fragment.size() + fragmentEnd.size());
+    wrapped.append(fragmentStart).append(fragment).append(fragmentEnd);
+    const std::optional<XMLDocument> parsed = XMLDocument::parse(wrapped);
+    if (!parsed)
+        return;
+    std::vector<Child>& inserted = parsed->root->children;
+    const auto position = siblings.erase(target);
+    siblings.insert(position, std::make_move_iterator(inserted.begin()), std::make_move_iterator(inserted.end()));
+}
+
+bool Element::isEmpty() const
+{
+    return std::ranges::all_of(children, isEmptyChild);
+}
+
+std::string Element::serialise(int depth) const
+{
+    std::string out;
+    write(depth, out);
+    return out;
+}
+
+void Element::write(int depth, std::string& out) const
+{
+    std::vector<const Child*> kept;
+    for (const Child& child : children) {
+        if (!isEmptyChild(child))
+            kept.push_back(&child);
+    }
+    if (kept.empty())
+        return;
+    indent(depth, out);
+    writeStart(out);
+    if (kept.size() == 1 && std::holds_alternative<std::string>(*kept.front())) {
+        appendEscaped(out, std::get<std::string>(*kept.front()));
+    } else {
+        for (const Child* child : kept)
+            writeChild(*child, depth + 1, out);
+        out += '\n';
+        indent(depth, out);
+    }
+    out.append("</").append(name).append(1, '>');
+}
+
+void Element::writeStart(std::string& out) const
+{
+    out.append(1, '<').append(name);
+    for (const Attribute& attribute : attributes) {
+        out.append(1, ' ').append(attribute.key).append("=\"");
+        appendAttributeEscaped(out, attribute.value);
+        out += '"';
+    }
+    out += '>';
+}
+
+void Element::writeChild(const Child& child, int depth, std::string& out)
+{
+    out += '\n';
+    if (const auto* element = std::get_if<std::unique_ptr<Element>>(&child)) {
+        (*element)->write(depth, out);
+        return;
+    }
+    indent(depth, out);
+    appendEscaped(out, std::get<std::string>(child));
+}
+
+std::unique_ptr<Element> Element::clone() const
+{
+    auto copy = std::make_unique<Element>(name);
+    copy->attributes = attributes;
+    copy->children.reserve(children.size());
+    for (const Child& child : children) {
+        if (const auto* element = std::get_if<std::unique_ptr<Element>>(&child))
+            copy->children.emplace_back((*element)->clone());
+        else
+            copy->children.emplace_back(std::get<std::string>(child));
+    }
+    return copy;
+}
+
+std::string XMLDocument::serialise() const
+{
+    return R"(<?xml version="1.0" encoding="UTF-8"?>)" "\n" + root->serialise(0);
+}
+
+} // namespace ledra

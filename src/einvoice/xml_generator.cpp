@@ -1,0 +1,141 @@
+#include "einvoice/xml_generator.h"
+
+#include "einvoice/cii_fragments.h"
+#include "einvoice/cii_text.h"
+#include "einvoice/missing_fields.h"
+#include "einvoice/resource_text.h"
+#include "model/displayed_number.h"
+#include "model/document_labels.h"
+
+#include <array>
+
+namespace ledra {
+
+namespace {
+
+/// The value of a path that is one text of the record.
+struct TextPath
+{
+    std::string_view path;
+    QString Invoice::*field;
+};
+
+constexpr std::array textPaths = {
+    TextPath{"ExchangedDocument/IncludedNote/Content", &Invoice::note},
+    TextPath{"SellerTradeParty/Name", &Invoice::senderName},
+    TextPath{"SellerTradeParty/SpecifiedLegalOrganization/TradingBusinessName", &Invoice::senderBusinessName},
+    TextPath{"SellerTradeParty/Description", &Invoice::senderAdditionalNumbers},
+    TextPath{"SellerTradeParty/DefinedTradeContact/PersonName", &Invoice::senderName},
+    TextPath{"TelephoneUniversalCommunication/CompleteNumber", &Invoice::senderPhone},
+    TextPath{"EmailURIUniversalCommunication/URIID", &Invoice::senderEmail},
+    TextPath{"SellerTradeParty/PostalTradeAddress/PostcodeCode", &Invoice::senderAddressPostcode},
+    TextPath{"SellerTradeParty/PostalTradeAddress/LineOne", &Invoice::senderAddressLineOne},
+    TextPath{"SellerTradeParty/PostalTradeAddress/LineTwo", &Invoice::senderAddressLineTwo},
+    TextPath{"SellerTradeParty/PostalTradeAddress/CityName", &Invoice::senderAddressCity},
+    TextPath{"SellerTradeParty/PostalTradeAddress/CountrySubDivisionName", &Invoice::senderAddressState},
+    TextPath{"SellerTradeParty/URIUniversalCommunication/URIID", &Invoice::senderEmail},
+    TextPath{"SellerTradeParty/SpecifiedTaxRegistration/ID[schemeID=FC]", &Invoice::senderTaxNumber},
+    TextPath{"SellerTradeParty/SpecifiedTaxRegistration/ID[schemeID=VA]", &Invoice::senderVatNumber},
+    TextPath{"BuyerTradeParty/Name", &Invoice::name},
+    TextPath{"BuyerTradeParty/SpecifiedLegalOrganization/TradingBusinessName", &Invoice::businessName},
+    TextPath{"BuyerTradeParty/PostalTradeAddress/PostcodeCode", &Invoice::addressPostcode},
+    TextPath{"BuyerTradeParty/PostalTradeAddress/LineOne", &Invoice::addressLineOne},
+    TextPath{"BuyerTradeParty/PostalTradeAddress/LineTwo", &Invoice::addressLineTwo},
+    TextPath{"BuyerTradeParty/PostalTradeAddress/CityName", &Invoice::addressCity},
+    TextPath{"BuyerTradeParty/PostalTradeAddress/CountrySubDivisionName", &Invoice::addressState},
+    TextPath{"BuyerTradeParty/URIUniversalCommunication/URIID", &Invoice::email},
+    TextPath{"PayeePartyCreditorFinancialAccount/AccountName", &Invoice::senderName},
+    TextPath{"PayeeSpecifiedCreditorFinancialInstitution/BICID", &Invoice::senderBic},
+};
+
+std::string withoutWhiteSpace(QString text)
+{
+    return text.removeIf([](QChar c) { return c.isSpace(); }).toStdString();
+}
+
+std::string day(Timestamp moment)
+{
+    return ciiDate(moment.localDate());
+}
+
+void setHeader(Element& root, const Invoice& invoice, const Profile& profile)
+{
+    const bool isCancellation = invoice.type == InvoiceType::cancellation;
+    const Timestamp service = invoice.serviceDateEnd.value_or(invoice.serviceDateStart);
+    root.setText("ExchangedDocument/ID", displayedNumber(invoice, profile).toStdString());
+    root.setText("ExchangedDocument/TypeCode", isCancellation ? "381" : "380"); // UNTDID 1001
+    root.setText("ExchangedDocument/IssueDateTime/DateTimeString", day(invoice.date));
+    root.setText("ApplicableHeaderTradeAgreement/BuyerReference",
+                 invoice.reference.value_or(QString()).toStdString());
+    for (const TextPath& row : textPaths)
+        root.setText(row.path, (invoice.*row.field).toStdString());
+    root.setText("SellerTradeParty/PostalTradeAddress/CountryID", invoice.senderAddressCountry.code.toStdString());
+    root.setText("BuyerTradeParty/PostalTradeAddress/CountryID", invoice.addressCountry.code.toStdString());
+    root.setText("OccurrenceDateTime/DateTimeString", day(service));
+    root.setText("InvoiceCurrencyCode", invoice.currency.code.toStdString());
+    root.setText("PayeePartyCreditorFinancialAccount/IBANID", withoutWhiteSpace(invoice.senderIban));
+    root.setText("DueDateDateTime/DateTimeString", ciiDate(invoice.dueDay()));
+}
+
+void setTotals(Element& root, const Invoice& invoice)
+{
+    const double subtotal = invoice.subtotal();
+    const double discount = invoice.discount();
+    double vat = 0;
+    for (const VATAmount& amount : invoice.vatAmounts())
+        vat += amount.amount;
+    const std::string total = ciiAmount(invoice.total());
+    root.setText("LineTotalAmount", ciiAmount(subtotal));
+    root.setText("AllowanceTotalAmount", ciiAmount(discount));
+    root.setText("TaxBasisTotalAmount", ciiAmount(subtotal - discount));
+    root.setText("TaxTotalAmount", ciiAmount(vat));
+    root.setAttribute("TaxTotalAmount", "currencyID", invoice.currency.code.toStdString());
+    root.setText("GrandTotalAmount", total);
+    root.setText("DuePayableAmount", total);
+}
+
+std::string cancelledNumber(const Invoice& invoice, const Profile& profile, const InvoiceLookup& invoices)
+{
+    if (invoice.type != InvoiceType::cancellation || !invoice.cancelledInvoiceId)
+        return {};
+    const std::optional<Invoice> cancelled = invoices(*invoice.cancelledInvoiceId);
+    return cancelled ? displayedNumber(*cancelled, profile).toStdString() : std::string();
+}
+
+} // namespace
+
+std::optional<QByteArray> XMLGenerator::generate(const Invoice& invoice, const Profile& profile,
+                                                 const InvoiceLookup& invoices, std::string_view templateText)
+{
+    const std::optional<XMLDocument> document = XMLDocument::parse(templateText);
+    if (!document)
+        return std::nullopt;
+    const Language language = invoice.language.value_or(profile.language);
+    const FragmentSource source{invoice, vatGroups(invoice),
+                                exemptionText(invoice.vatExemptionReason, language).toStdString()};
+    const std::string cancelled = cancelledNumber(invoice, profile, invoices);
+    Element& root = *document->root;
+    setHeader(root, invoice, profile);
+    setTotals(root, invoice); // before the lines come in, which have totals of the same names
+    root.replaceWithFragment("SupplyChainTradeTransaction/IncludedSupplyChainTradeLineItem", lineItems(source));
+    root.replaceWithFragment("ApplicableHeaderTradeSettlement/ApplicableTradeTax", vatBreakdown(source));
+    root.replaceWithFragment("ApplicableHeaderTradeSettlement/SpecifiedTradeAllowanceCharge", allowances(source));
+    root.replaceWithFragment("ApplicableHeaderTradeAgreement/AdditionalReferencedDocument",
+                             referencedDocument(cancelled));
+    return QByteArray::fromStdString(document->serialise());
+}
+
+std::optional<QByteArray> XMLGenerator::generate(const Invoice& invoice, const Profile& profile,
+                                                 const InvoiceLookup& invoices)
+{
+    const std::optional<QByteArray> text = einvoiceResource(QStringLiteral("faktur-x.xml"));
+    return text ? generate(invoice, profile, invoices, std::string_view(text->constData(), text->size()))
+                : std::nullopt;
+}
+
+QStringList XMLGenerator::validate(const Invoice& invoice)
+{
+    return missingFields(invoice);
+}
+
+} // namespace ledra

@@ -1,0 +1,40 @@
+#include "exchange/imported_draft.h"
+
+#include "einvoice/cii_reader.h"
+#include "model/number_format.h"
+
+namespace ledra {
+
+namespace {
+
+/// Shows a text as the number of a record, whatever it holds.
+void setLiteralNumber(Invoice& draft, const QString& text)
+{
+    const auto segments = parseNumberFormat(text);
+    const bool isLiteral = std::ranges::all_of(
+        segments, [](const NumberFormatSegment& segment) { return std::holds_alternative<QString>(segment); });
+    draft.number = 0;
+    draft.numberFormat = isLiteral ? text : QStringLiteral("{X}");
+    if (!isLiteral)
+        draft.numberVariable = text; // braces in it would otherwise be placeholders
+}
+
+} // namespace
+
+Invoice draftFrom(const Element& root, const Invoice& fresh, IdSource& ids)
+{
+    Invoice draft = newInvoice(fresh.id, fresh.statusUpdateDate, Country());
+    draft.language = fresh.language;
+    draft.daysToPay = fresh.daysToPay;
+    const CiiHeader header = readCrossIndustryInvoice(root, draft, ids);
+    setLiteralNumber(draft, header.number);
+    if (header.dueDate)
+        draft.daysToPay = draft.date.localDate().daysTo(*header.dueDate);
+    if (header.typeCode == creditNoteCode) {
+        draft.type = InvoiceType::cancellation;
+        draft.cancellationPrefix = QString(); // the number has its own
+    }
+    return draft;
+}
+
+} // namespace ledra

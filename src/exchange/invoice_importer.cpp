@@ -1,0 +1,113 @@
+#include "exchange/invoice_importer.h"
+
+#include "einvoice/received_file.h"
+#include "einvoice/xml_text.h"
+#include "exchange/imported_draft.h"
+#include "platform/file_io.h"
+#include "platform/pdf_file.h"
+
+namespace ledra {
+
+namespace {
+
+// The author of the annotation in which exported PDFs carry their record.
+constexpr QStringView recordAnnotation = u"LedraInvoiceData";
+
+std::unexpected<ImportFailure> refused(const char* message)
+{
+    return std::unexpected(ImportFailure{QString::fromLatin1(message)});
+}
+
+std::unexpected<ImportFailure> unopenedPdf()
+{
+    return refused("Could not open the selected PDF.");
+}
+
+std::unexpected<ImportFailure> foreignPdf()
+{
+    return refused("Only PDFs exported by Ledra can be reimported.");
+}
+
+std::unexpected<ImportFailure> refused(ReceivedFileError error)
+{
+    return std::unexpected(ImportFailure{errorText(error)});
+}
+
+std::unexpected<ImportFailure> refused(const StoreFailure& failure)
+{
+    return std::unexpected(ImportFailure{failure.text, failure.isReported});
+}
+
+} // namespace
+
+std::expected<ImportedInvoice, ImportFailure> InvoiceImporter::importPDF(const QString& path)
+{
+    const std::expected<QByteArray, FileError> content = readFile(path, largestReceivedFile);
+    return content ? takePdf(*content) : unopenedPdf();
+}
+
+std::expected<ImportedInvoice, ImportFailure> InvoiceImporter::importEInvoice(const QString& path)
+{
+    const std::expected<QByteArray, FileError> content = readFile(path, largestReceivedFile);
+    if (!content)
+        return refused(ReceivedFileError::unreadable);
+    const std::expected<ReceivedFile, ReceivedFileError> received = openReceivedFile(*content);
+    return received ? takeEInvoice(received->document) : refused(received.error());
+}
+
+std::expected<ImportedInvoice, ImportFailure> InvoiceImporter::importFile(const QString& path)
+{
+    const std::expected<QByteArray, FileError> content = readFile(path, largestReceivedFile);
+    if (!content && path.endsWith(QStringLiteral(".pdf"), Qt::CaseInsensitive))
+        return unopenedPdf();
+    if (!content)
+        return refused(ReceivedFileError::unreadable);
+    if (isPdf(*content))
+        return takePdf(*content);
+    const std::expected<ReceivedFile, ReceivedFileError> received = openReceivedFile(*content);
+    return received ? takeEInvoice(received->document) : refused(received.error());
+}
+
+std::expected<ImportedInvoice, ImportFailure> InvoiceImporter::takePdf(const QByteArray& content)
+{
+    const std::expected<PdfFile, PdfError> pdf = PdfFile::open(content);
+    if (!pdf)
+        return unopenedPdf();
+    if (const std::optional<QString> json = pdf->annotationContents(recordAnnotation.toString()))
+        return takeRecord(*json);
+    const std::expected<ReceivedFile, ReceivedFileError> received = openReceivedFile(*pdf);
+    return received ? takeEInvoice(received->document) : foreignPdf();
+}
+
+std::expected<ImportedInvoice, ImportFailure> InvoiceImporter::takeRecord(const QString& json)
+{
+    const Decoded<Invoice> invoice = decodeInvoice(json.toUtf8(), invoices_.newRecordValues());
+    if (!invoice)
+        return foreignPdf();
+    if (invoices_.loadById(invoice->id))
+        return refused("There is already another version of this invoice. If you still want to import it, you must "
+                       "first delete the existing one.");
+    const std::expected<InvoicePtr, StoreFailure> record = invoices_.insert(*invoice);
+    if (!record)
+        return refused(record.error());
+    return ImportedInvoice{*record, {}};
+}
+
+std::expected<ImportedInvoice, ImportFailure> InvoiceImporter::takeEInvoice(const XMLDocument& document)
+{
+    const Element& root = *document.root;
+    if (isBlank(root.textAt("ExchangedDocument/ID")))
+        return refused(ReceivedFileError::notAnEInvoice);
+    const NewRecordValues values = invoices_.newRecordValues();
+    // Tried first: what could not be read again as a file shall not become one.
+    const Invoice trial = draftFrom(root, newInvoice(values.ids.newId(), values.now, Country()), values.ids);
+    if (const Decoded<Invoice> again = decodeInvoice(encodeInvoiceForEmbedding(trial), values); !again)
+        return std::unexpected(ImportFailure{again.error().text()});
+    const auto record = invoices_.create(
+        InvoiceType::invoice, [&](Invoice& fresh) { fresh = draftFrom(root, fresh, values.ids); });
+    if (!record)
+        return refused(record.error());
+    return ImportedInvoice{*record, statedDifferences(root, ***record)};
+}
+
+} // namespace ledra
