@@ -143,7 +143,7 @@ void DocumentExport::finishPdf(const Order& order, PdfFile pdf, ExportedDocument
         bytes ? std::expected<QByteArray, QString>(*bytes) : std::unexpected(bytes.error().reason);
     if (content && order.format == ExportFormat::zugferd) {
         content = makeHybrid(*content, order.einvoice.xml);
-        if (const std::optional<QString> problem = pdfAProblem(order.invoice))
+        if (const std::optional<QString> problem = pdfAProblem(embeddedText(order.invoice).size()))
             file.notices += *problem;
     }
     if (!content) {

@@ -13,7 +13,8 @@ namespace {
 QStringList noticesFor(const Invoice& invoice, const QByteArray& xml)
 {
     QStringList notices;
-    const auto document = XMLDocument::parse(std::string_view(xml.constData(), static_cast<std::size_t>(xml.size())));
+    const auto document =
+        XMLDocument::parse(std::string_view(xml.constData(), static_cast<std::size_t>(xml.size())));
     if (!document)
         return {QStringLiteral("the e-invoice cannot be read back")};
     for (const BrokenRule& rule : brokenRules(*document->root))
@@ -41,14 +42,14 @@ std::expected<QByteArray, QString> makeHybrid(const QByteArray& pdf, const QByte
     return *hybrid;
 }
 
-std::optional<QString> pdfAProblem(const Invoice& invoice)
+std::optional<QString> pdfAProblem(qsizetype recordLength)
 {
-    const qsizetype length = embeddedText(invoice).size();
-    if (length <= longestPdfAString)
+    if (recordLength <= longestPdfAString)
         return std::nullopt;
-    return QStringLiteral("the file is no PDF/A, since the copy of the record inside it has %1 bytes, and PDF/A allows "
-                          "%2; it is complete in everything else")
-        .arg(length)
+    return QStringLiteral(
+               "the file is no PDF/A, since the copy of the record inside it has %1 bytes, and PDF/A allows "
+               "%2; it is complete in everything else")
+        .arg(recordLength)
         .arg(longestPdfAString);
 }
 

@@ -18,12 +18,13 @@ struct EInvoice
 };
 
 /// Makes the e-invoice of a record; the error is for users.
-[[nodiscard]] std::expected<EInvoice, QString> makeEInvoice(const Invoice& invoice, const DocumentSetting& setting);
+[[nodiscard]] std::expected<EInvoice, QString> makeEInvoice(const Invoice& invoice,
+                                                            const DocumentSetting& setting);
 
 /// Makes the hybrid of a finished PDF and an e-invoice; the error is for users.
 [[nodiscard]] std::expected<QByteArray, QString> makeHybrid(const QByteArray& pdf, const QByteArray& xml);
 
-/// Why the hybrid of a record is no PDF/A; nothing when it can be one.
-std::optional<QString> pdfAProblem(const Invoice& invoice);
+/// Why a hybrid is no PDF/A whose hidden record has so many bytes; nothing when it can be one.
+std::optional<QString> pdfAProblem(qsizetype recordLength);
 
 } // namespace ledra

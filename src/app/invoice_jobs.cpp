@@ -117,6 +117,17 @@ JobResult<InvoicePtr> InvoiceJobs::convert(const QUuid& id)
     return from(invoices_.createInvoiceFromQuote(id));
 }
 
+JobResult<ImportedInvoice> InvoiceJobs::importFile(const QString& path)
+{
+    if (const auto problem = writeProblem())
+        return std::unexpected(*problem);
+    auto imported = InvoiceImporter(invoices_).importFile(path);
+    if (!imported)
+        return std::unexpected(
+            JobFailure{JobFailure::Kind::refused, imported.error().message, imported.error().isReported});
+    return std::move(*imported);
+}
+
 JobResult<void> InvoiceJobs::edit(const QUuid& id, const std::function<void(Invoice&)>& change, Force force)
 {
     const JobResult<InvoicePtr> record = find(id);

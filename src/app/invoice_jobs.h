@@ -1,5 +1,6 @@
 #pragma once
 
+#include "exchange/invoice_importer.h"
 #include "store/invoice_manager.h"
 #include "store/profile_manager.h"
 
@@ -45,6 +46,9 @@ public:
     JobResult<InvoicePtr> duplicate(const QUuid& id);
     JobResult<InvoicePtr> cancel(const QUuid& id);  ///< makes the cancellation; invoices only
     JobResult<InvoicePtr> convert(const QUuid& id); ///< makes the invoice; quotes only
+
+    /// Takes in an exported PDF or an e-invoice.
+    JobResult<ImportedInvoice> importFile(const QString& path);
 
     JobResult<void> edit(const QUuid& id, const std::function<void(Invoice&)>& change, Force force);
     JobResult<void> refreshNumberSettings(const QUuid& id, Force force);

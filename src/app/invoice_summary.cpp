@@ -18,33 +18,6 @@ constexpr int labelWidth = 16;
 constexpr int descriptionWidth = 44;
 constexpr int amountWidth = 16;
 
-/// The object that "--json" writes.
-struct Summary
-{
-    const Invoice& invoice;
-    const Profile& profile;
-    Timestamp now;
-};
-
-void encode(const Summary& summary, JSONEncoderState& state)
-{
-    const Invoice& invoice = summary.invoice;
-    KeyedEncodingContainer object = state.keyedContainer();
-    encodeMembers(invoice, object);
-    object.encode("formattedNumber", displayedNumber(invoice, summary.profile));
-    object.encode("subtotal", invoice.subtotal());
-    object.encode("discount", invoice.discount());
-    UnkeyedEncodingContainer amounts = object.nestedUnkeyedContainer("vatAmounts");
-    for (const VATAmount& vat : invoice.vatAmounts()) {
-        KeyedEncodingContainer entry = amounts.nestedKeyedContainer();
-        entry.encode("rate", vat.rate);
-        entry.encode("amount", vat.amount);
-    }
-    object.encode("total", invoice.total());
-    object.encode("dueDate", dayText(invoice.dueDay()));
-    object.encode("isOverdue", invoice.isOverdue(summary.now));
-}
-
 QString field(const char* label, const QString& value)
 {
     if (value.isEmpty())
@@ -55,8 +28,8 @@ QString field(const char* label, const QString& value)
 class SummaryWriter
 {
 public:
-    SummaryWriter(const Invoice& invoice, const Profile& profile, Timestamp now)
-        : invoice_(invoice), profile_(profile), now_(now)
+    SummaryWriter(const Invoice& invoice, const Profile& profile, Timestamp now, SummaryKind kind)
+        : invoice_(invoice), profile_(profile), now_(now), isReceived_(kind == SummaryKind::received)
     {}
 
     QString text() const { return heading() + u'\n' + items() + u'\n' + totals(); }
@@ -70,7 +43,7 @@ private:
         const QString due = dayText(invoice_.dueDay()) + (overdue ? QStringLiteral(" (overdue)") : QString());
         const bool isQuote = invoice_.type == InvoiceType::quote;
         return displayText(invoice_.type) + u' ' + displayedNumber(invoice_, profile_) + u'\n' +
-               field("Status", displayText(invoice_.status)) +
+               field("Status", isReceived_ ? QString() : displayText(invoice_.status)) +
                field("Date", dayText(invoice_.date.localDate())) +
                field(isQuote ? "Valid until" : "Due", due) +
                field("From", senderAddress(invoice_).firstName()) +
@@ -115,20 +88,40 @@ private:
     const Invoice& invoice_;
     const Profile& profile_;
     Timestamp now_;
+    bool isReceived_;
 };
 
 } // namespace
+
+void encode(const InvoiceSummary& summary, JSONEncoderState& state)
+{
+    const Invoice& invoice = summary.invoice;
+    KeyedEncodingContainer object = state.keyedContainer();
+    encodeMembers(invoice, object);
+    object.encode("formattedNumber", displayedNumber(invoice, summary.profile));
+    object.encode("subtotal", invoice.subtotal());
+    object.encode("discount", invoice.discount());
+    UnkeyedEncodingContainer amounts = object.nestedUnkeyedContainer("vatAmounts");
+    for (const VATAmount& vat : invoice.vatAmounts()) {
+        KeyedEncodingContainer entry = amounts.nestedKeyedContainer();
+        entry.encode("rate", vat.rate);
+        entry.encode("amount", vat.amount);
+    }
+    object.encode("total", invoice.total());
+    object.encode("dueDate", dayText(invoice.dueDay()));
+    object.encode("isOverdue", invoice.isOverdue(summary.now));
+}
 
 QByteArray summaryJson(const Invoice& invoice, const Profile& profile, Timestamp now)
 {
     OrderedJSONEncoder encoder;
     encoder.outputFormatting = {JSONFormatting::prettyPrinted};
-    return encoder.encode(Summary{invoice, profile, now}).value();
+    return encoder.encode(InvoiceSummary{invoice, profile, now}).value();
 }
 
-QString summaryText(const Invoice& invoice, const Profile& profile, Timestamp now)
+QString summaryText(const Invoice& invoice, const Profile& profile, Timestamp now, SummaryKind kind)
 {
-    return SummaryWriter(invoice, profile, now).text();
+    return SummaryWriter(invoice, profile, now, kind).text();
 }
 
 } // namespace ledra

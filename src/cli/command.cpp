@@ -24,6 +24,14 @@ std::span<const OptionSpec> commonOptions()
     return common;
 }
 
+bool CommandArguments::has(const char* option) const
+{
+    const auto isIt = [option](const OptionSpec& row) { return qstrcmp(row.name, option) == 0; };
+    const bool isTaken =
+        std::ranges::any_of(spec_.options, isIt) || std::ranges::any_of(commonOptions(), isIt);
+    return isTaken && parser_.isSet(QString::fromLatin1(option));
+}
+
 bool namesFile(const QString& argument)
 {
     return argument == standardStream || argument.contains(u'/') ||

@@ -38,10 +38,13 @@ std::span<const OptionSpec> commonOptions();
 class CommandArguments
 {
 public:
-    explicit CommandArguments(const QCommandLineParser& parser) : parser_(parser) {}
+    CommandArguments(const QCommandLineParser& parser, const CommandSpec& spec) : parser_(parser), spec_(spec)
+    {}
 
     QStringList positional() const { return parser_.positionalArguments(); }
-    bool has(const char* option) const { return parser_.isSet(QString::fromLatin1(option)); }
+
+    /// Whether an option was given; a command that does not take it never has it.
+    bool has(const char* option) const;
     QString value(const char* option) const { return parser_.value(QString::fromLatin1(option)); }
 
     /// Of an option that may be given several times.
@@ -49,6 +52,7 @@ public:
 
 private:
     const QCommandLineParser& parser_;
+    const CommandSpec& spec_;
 };
 
 /// One command of the program. It finds the application object made and runs the event loop itself if it

@@ -4,6 +4,7 @@
 #include "cli/data_command.h"
 #include "cli/edit_commands.h"
 #include "cli/export_command.h"
+#include "cli/import_command.h"
 #include "cli/list_command.h"
 #include "cli/make_commands.h"
 #include "cli/profile_command.h"
@@ -11,6 +12,8 @@
 #include "cli/show_command.h"
 #include "cli/styling_command.h"
 #include "cli/trash_command.h"
+#include "cli/validate_command.h"
+#include "cli/view_command.h"
 
 namespace ledra {
 
@@ -54,6 +57,9 @@ std::vector<std::unique_ptr<Command>> allCommands()
     commands.push_back(std::make_unique<ConflictsCommand>());
     commands.push_back(std::make_unique<StylingCommand>());
     commands.push_back(std::make_unique<ExportCommand>());
+    commands.push_back(std::make_unique<ValidateCommand>());
+    commands.push_back(std::make_unique<ViewCommand>());
+    commands.push_back(std::make_unique<ImportCommand>());
     return commands;
 }
 

@@ -1,11 +1,8 @@
 #include "cli/export_command.h"
 
-#include "app/export_sources.h"
-#include "app/record_lookup.h"
 #include "cli/export_report.h"
+#include "cli/export_source_finder.h"
 #include "cli/list_options.h"
-#include "cli/session.h"
-#include "model/region.h"
 #include "render/qt_web_engine.h"
 
 #include <QDir>
@@ -52,11 +49,6 @@ bool namesFolder(const QString& target, std::size_t documents)
     return documents > 1 || target.endsWith(u'/') || QFileInfo(target).isDir();
 }
 
-bool choosesAll(const CommandArguments& arguments)
-{
-    return arguments.has("all") || hasFilter(arguments);
-}
-
 std::optional<QString> usageProblem(const CommandArguments& arguments)
 {
     const QStringList positional = arguments.positional();
@@ -73,104 +65,6 @@ std::optional<QString> usageProblem(const CommandArguments& arguments)
         return QStringLiteral("the standard output cannot take both the document and --json");
     const std::expected<InvoiceFilter, QString> filter = filterFrom(arguments);
     return filter ? std::nullopt : std::optional(filter.error());
-}
-
-/// Finds the documents that the arguments name. It keeps what they are made from.
-class SourceFinder
-{
-public:
-    SourceFinder(const CommandArguments& arguments, Console& console)
-        : arguments_(arguments), console_(console), files_(clock_, ids_, systemRegion(), console)
-    {}
-
-    /// All sources; what is wrong has been said when there are none. A record that is not found is named, and
-    /// the others go on.
-    std::expected<std::vector<ExportSource>, ExitCode> find();
-
-    bool hasMissing() const { return hasMissing_; }
-
-private:
-    std::expected<std::vector<ExportSource>, ExitCode> fromFiles(const QStringList& paths);
-    std::expected<std::vector<ExportSource>, ExitCode> fromRecords(const QStringList& names);
-    std::expected<std::vector<ExportSource>, QString> withOwnStyling(std::vector<ExportSource> sources);
-
-    const CommandArguments& arguments_;
-    Console& console_;
-    SystemClock clock_;
-    RandomIdSource ids_;
-    BareFiles files_;
-    std::unique_ptr<Session> session_;
-    bool hasMissing_ = false;
-};
-
-std::expected<std::vector<ExportSource>, ExitCode> SourceFinder::find()
-{
-    const QStringList positional = arguments_.positional();
-    QStringList paths;
-    QStringList names;
-    for (const QString& argument : positional)
-        (namesFile(argument) ? paths : names) += argument;
-    auto sources = paths.isEmpty() ? std::vector<ExportSource>() : fromFiles(paths);
-    if (!sources || (names.isEmpty() && !choosesAll(arguments_)))
-        return sources;
-    auto records = fromRecords(names);
-    if (!records)
-        return records;
-    std::ranges::move(*records, std::back_inserter(*sources));
-    return sources;
-}
-
-std::expected<std::vector<ExportSource>, ExitCode> SourceFinder::fromFiles(const QStringList& paths)
-{
-    std::expected<Profile, QString> profile = files_.defaultProfile();
-    if (arguments_.has("profile-file"))
-        profile = files_.profile(arguments_.value("profile-file"));
-    std::expected<Styling, QString> styling = files_.defaultStyling();
-    if (arguments_.has("styling"))
-        styling = files_.styling(arguments_.value("styling"));
-    if (!profile || !styling)
-        return std::unexpected(failed(profile ? styling.error() : profile.error()));
-    return fileSources(paths, files_, *profile, *styling);
-}
-
-std::expected<std::vector<ExportSource>, ExitCode> SourceFinder::fromRecords(const QStringList& names)
-{
-    auto session = Session::start(arguments_);
-    if (!session)
-        return std::unexpected(session.error());
-    session_ = std::move(*session);
-    LedraApp& app = session_->app();
-    std::vector<InvoicePtr> records;
-    if (choosesAll(arguments_))
-        records =
-            app.filterManager().filtered(filterFrom(arguments_).value()); // usageProblem() has looked at it
-    for (const QString& name : names) {
-        if (const auto record = lookUpInvoice(app.invoiceManager(), app.profileManager(), name))
-            records.push_back(*record);
-        else
-            hasMissing_ = failed(record.error()) == ExitCode::failed;
-    }
-    std::vector<ExportSource> sources = recordSources(records, app);
-    auto styled = withOwnStyling(std::move(sources));
-    if (!styled)
-        return std::unexpected(failed(styled.error()));
-    return *styled;
-}
-
-/// With --styling the records are shown in that one.
-std::expected<std::vector<ExportSource>, QString>
-SourceFinder::withOwnStyling(std::vector<ExportSource> sources)
-{
-    if (!arguments_.has("styling") || sources.empty())
-        return sources;
-    const auto styling = files_.styling(arguments_.value("styling"));
-    if (!styling)
-        return std::unexpected(styling.error());
-    const auto setting = std::make_shared<DocumentSetting>(*sources.front().setting);
-    setting->styling = *styling;
-    for (ExportSource& source : sources)
-        source.setting = setting;
-    return sources;
 }
 
 ExitCode runBatch(ExportOrder order, Console& console, ReportStyle style)
@@ -207,7 +101,7 @@ ExitCode ExportCommand::run(const CommandArguments& arguments)
         return wrongUsage(spec(), *problem);
 
     CommandConsole console(verbosityOf(arguments));
-    SourceFinder finder(arguments, console);
+    ExportSourceFinder finder(arguments, console);
     const auto sources = finder.find();
     if (!sources)
         return sources.error();

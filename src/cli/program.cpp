@@ -71,7 +71,7 @@ ExitCode runCommand(Command& command, const QStringList& texts, int argc, char**
         qInstallMessageHandler(showOnlyGraveMessages);
     argc = 1; // the engine reads the program's arguments; it is shown none of ours
     const auto application = makeApplication(spec, argc, argv);
-    return command.run(CommandArguments(parser));
+    return command.run(CommandArguments(parser, spec));
 }
 
 /// The common options may also stand before the command: they are put behind it.

@@ -76,11 +76,13 @@ void writeLineTax(FragmentWriter& writer, const FragmentSource& source, double r
     });
 }
 
-void writeLine(FragmentWriter& writer, const FragmentSource& source, const Invoice::Item& item, std::size_t position)
+void writeLine(FragmentWriter& writer, const FragmentSource& source, const Invoice::Item& item,
+               std::size_t position)
 {
     const Invoice& invoice = source.invoice;
     const bool isCancellation = invoice.type == InvoiceType::cancellation;
-    writer.group("AssociatedDocumentLineDocument", [&] { writer.element("LineID", std::to_string(position)); });
+    writer.group("AssociatedDocumentLineDocument",
+                 [&] { writer.element("LineID", std::to_string(position)); });
     writer.group("SpecifiedTradeProduct", [&] { writer.element("Name", item.item.toStdString()); });
     writer.group("SpecifiedLineTradeAgreement", [&] { writePrices(writer, netUnitPrice(invoice, item)); });
     writer.group("SpecifiedLineTradeDelivery", [&] {
@@ -129,7 +131,8 @@ std::string lineItems(const FragmentSource& source)
     writer.reserve(source.invoice.items.size() * usualLine);
     std::size_t position = 0;
     for (const Invoice::Item& item : source.invoice.items)
-        writer.group("IncludedSupplyChainTradeLineItem", [&] { writeLine(writer, source, item, ++position); });
+        writer.group("IncludedSupplyChainTradeLineItem",
+                     [&] { writeLine(writer, source, item, ++position); });
     return writer.take();
 }
 

@@ -25,7 +25,7 @@ double netUnitPrice(const Invoice& invoice, const Invoice::Item& item);
 
 // Each gives the text of some elements, without white space between them; empty when there are none.
 
-std::string lineItems(const FragmentSource& source);   ///< IncludedSupplyChainTradeLineItem, one an item
+std::string lineItems(const FragmentSource& source);    ///< IncludedSupplyChainTradeLineItem, one an item
 std::string vatBreakdown(const FragmentSource& source); ///< ApplicableTradeTax, one a rate
 std::string allowances(const FragmentSource& source);   ///< SpecifiedTradeAllowanceCharge, one a rate
 

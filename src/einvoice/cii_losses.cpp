@@ -26,10 +26,12 @@ QStringList lossesInCii(const Invoice& invoice)
         if (net == read)
             continue;
         const bool isSignLost = net * read < 0;
-        losses += QStringLiteral("line %1: ").arg(i + 1) +
-                  (isSignLost ? QStringLiteral("its total is %1, but quantity times price, which carry no sign, is %2")
-                              : QStringLiteral("its total is %1, but quantity times price without VAT is %2"))
-                      .arg(QString::fromStdString(ciiAmount(net)), QString::fromStdString(ciiAmount(read)));
+        losses +=
+            QStringLiteral("line %1: ").arg(i + 1) +
+            (isSignLost
+                 ? QStringLiteral("its total is %1, but quantity times price, which carry no sign, is %2")
+                 : QStringLiteral("its total is %1, but quantity times price without VAT is %2"))
+                .arg(QString::fromStdString(ciiAmount(net)), QString::fromStdString(ciiAmount(read)));
     }
     if (invoice.discount() < 0)
         losses += QStringLiteral("the discount is below zero, which other programs may not read as one");

@@ -15,7 +15,7 @@ namespace {
 struct TextPath
 {
     std::string_view path;
-    QString Invoice::*field;
+    QString Invoice::* field;
 };
 
 constexpr std::array textPaths = {
@@ -99,7 +99,8 @@ bool isCrossIndustryInvoice(const Element& root)
 
 CiiHeader readCrossIndustryInvoice(const Element& root, Invoice& invoice, IdSource& ids)
 {
-    CiiHeader header{textAt(root, "ExchangedDocument/ID"), integerFrom(root.textAt("ExchangedDocument/TypeCode")),
+    CiiHeader header{textAt(root, "ExchangedDocument/ID"),
+                     integerFrom(root.textAt("ExchangedDocument/TypeCode")),
                      dayFrom(root.textAt("DueDateDateTime/DateTimeString"))};
     for (const TextPath& row : textPaths)
         invoice.*row.field = textAt(root, row.path);

@@ -27,8 +27,8 @@ struct CiiHeader
 /// Whether the root is that of a Cross Industry Invoice; no other syntax is read.
 bool isCrossIndustryInvoice(const Element& root);
 
-/// Fills a fresh record from a document: parties, dates, items with net prices, the sum of allowances as discount.
-/// What is missing becomes empty; a date or a number that cannot be read leaves the field as it is.
+/// Fills a fresh record from a document: parties, dates, items with net prices, the sum of allowances as
+/// discount. What is missing becomes empty; a date or a number that cannot be read leaves the field as it is.
 CiiHeader readCrossIndustryInvoice(const Element& root, Invoice& invoice, IdSource& ids);
 
 } // namespace ledra

@@ -25,14 +25,17 @@ constexpr std::array documentRequirements = {
     Requirement{"BR-01", "ExchangedDocumentContext/GuidelineSpecifiedDocumentContextParameter/ID",
                 "the document does not say which rules it follows"},
     Requirement{"BR-02", "ExchangedDocument/ID", "the invoice number is missing"},
-    Requirement{"BR-03", "ExchangedDocument/IssueDateTime/DateTimeString[format=102]", "the invoice date is missing"},
+    Requirement{"BR-03", "ExchangedDocument/IssueDateTime/DateTimeString[format=102]",
+                "the invoice date is missing"},
     Requirement{"BR-04", "ExchangedDocument/TypeCode", "the type of the document is missing"},
 };
 
 constexpr std::array transactionRequirements = {
     Requirement{"BR-05", "ApplicableHeaderTradeSettlement/InvoiceCurrencyCode", "the currency is missing"},
-    Requirement{"BR-06", "ApplicableHeaderTradeAgreement/SellerTradeParty/Name", "the seller's name is missing"},
-    Requirement{"BR-07", "ApplicableHeaderTradeAgreement/BuyerTradeParty/Name", "the buyer's name is missing"},
+    Requirement{"BR-06", "ApplicableHeaderTradeAgreement/SellerTradeParty/Name",
+                "the seller's name is missing"},
+    Requirement{"BR-07", "ApplicableHeaderTradeAgreement/BuyerTradeParty/Name",
+                "the buyer's name is missing"},
     Requirement{"BR-08", "ApplicableHeaderTradeAgreement/SellerTradeParty/PostalTradeAddress",
                 "the seller's address is missing", false},
     Requirement{"BR-09", "ApplicableHeaderTradeAgreement/SellerTradeParty/PostalTradeAddress/CountryID",
@@ -42,7 +45,8 @@ constexpr std::array transactionRequirements = {
     Requirement{"BR-11", "ApplicableHeaderTradeAgreement/BuyerTradeParty/PostalTradeAddress/CountryID",
                 "the buyer's country is missing"},
     Requirement{"BR-16", "IncludedSupplyChainTradeLineItem", "there is no line", false},
-    Requirement{"BR-CO-18", "ApplicableHeaderTradeSettlement/ApplicableTradeTax", "there is no VAT breakdown", false},
+    Requirement{"BR-CO-18", "ApplicableHeaderTradeSettlement/ApplicableTradeTax", "there is no VAT breakdown",
+                false},
     Requirement{"BR-DE-1", "ApplicableHeaderTradeSettlement/SpecifiedTradeSettlementPaymentMeans",
                 "the payment instructions are missing", false},
     Requirement{"BR-DE-2", "ApplicableHeaderTradeAgreement/SellerTradeParty/DefinedTradeContact",
@@ -64,7 +68,8 @@ constexpr std::array sellerAddressRequirements = {
 };
 
 constexpr std::array contactRequirements = {
-    Requirement{"BR-DE-6", "TelephoneUniversalCommunication/CompleteNumber", "the seller's phone number is missing"},
+    Requirement{"BR-DE-6", "TelephoneUniversalCommunication/CompleteNumber",
+                "the seller's phone number is missing"},
     Requirement{"BR-DE-7", "EmailURIUniversalCommunication/URIID", "the seller's email is missing"},
 };
 
@@ -122,7 +127,8 @@ void RuleCheck::require(const Element* start, const std::array<Requirement, coun
         return;
     for (const Requirement& requirement : requirements) {
         const Element* found = start->child(requirement.path);
-        breakIf(!found || (requirement.needsText && isBlank(found->text())), requirement.rule, requirement.text);
+        breakIf(!found || (requirement.needsText && isBlank(found->text())), requirement.rule,
+                requirement.text);
     }
 }
 
@@ -164,10 +170,12 @@ void RuleCheck::checkParties(const Element& agreement)
     const bool isIdentified = seller->child("ID") || seller->child("GlobalID") ||
                               seller->child("SpecifiedLegalOrganization/ID") ||
                               seller->child("SpecifiedTaxRegistration/ID[schemeID=VA]");
-    breakIf(!isIdentified, "BR-CO-26", "the seller has no VAT identification number; a tax number alone is not enough");
-    const bool isTaxed = seller->child("SpecifiedTaxRegistration/ID[schemeID=VA]") ||
-                         seller->child("SpecifiedTaxRegistration/ID[schemeID=FC]") ||
-                         agreement.child("SellerTaxRepresentativeTradeParty/SpecifiedTaxRegistration/ID[schemeID=VA]");
+    breakIf(!isIdentified, "BR-CO-26",
+            "the seller has no VAT identification number; a tax number alone is not enough");
+    const bool isTaxed =
+        seller->child("SpecifiedTaxRegistration/ID[schemeID=VA]") ||
+        seller->child("SpecifiedTaxRegistration/ID[schemeID=FC]") ||
+        agreement.child("SellerTaxRepresentativeTradeParty/SpecifiedTaxRegistration/ID[schemeID=VA]");
     root_.forEach("SpecifiedLineTradeSettlement", [&](const Element& line) {
         const std::string category = line.textAt("ApplicableTradeTax/CategoryCode");
         breakIf(!isTaxed && category == "S", "BR-S-02", "the seller has neither VAT number nor tax number");
@@ -222,11 +230,12 @@ void RuleCheck::checkVatNumbers()
         if (!number)
             return;
         const QString prefix = QString::fromStdString(number->text()).left(2);
-        const bool isKnown = prefix == u"EL" || prefix == u"XI" || prefix == u"1A" ||
-                             (findCountry(prefix) && prefix != u"XK");
+        const bool isKnown =
+            prefix == u"EL" || prefix == u"XI" || prefix == u"1A" || (findCountry(prefix) && prefix != u"XK");
         if (!isKnown)
-            breakRule("BR-CO-09", QStringLiteral("the VAT number %1 does not begin with the code of its country")
-                                      .arg(shown(number->text())));
+            breakRule("BR-CO-09",
+                      QStringLiteral("the VAT number %1 does not begin with the code of its country")
+                          .arg(shown(number->text())));
     });
 }
 

@@ -46,7 +46,8 @@ public:
     SumCheck(const Element& transaction, const RuleReport& report)
         : transaction_(transaction),
           settlement_(transaction.child("ApplicableHeaderTradeSettlement")),
-          totals_(settlement_ ? settlement_->child("SpecifiedTradeSettlementHeaderMonetarySummation") : nullptr),
+          totals_(settlement_ ? settlement_->child("SpecifiedTradeSettlementHeaderMonetarySummation")
+                              : nullptr),
           report_(report)
     {}
 
@@ -88,7 +89,9 @@ private:
 
 double lineTotal(const Element& line)
 {
-    return amountAt(&line, "SpecifiedLineTradeSettlement/SpecifiedTradeSettlementLineMonetarySummation/LineTotalAmount")
+    return amountAt(
+               &line,
+               "SpecifiedLineTradeSettlement/SpecifiedTradeSettlementLineMonetarySummation/LineTotalAmount")
         .value_or(0);
 }
 
@@ -144,7 +147,8 @@ void SumCheck::checkVat() const
             sum += amountAt(&group, "CalculatedAmount").value_or(0);
         });
         compare("BR-CO-14", vat, sum, "the VAT of the rates does not add up to the whole VAT");
-        compare("BR-CO-15", total("GrandTotalAmount"), totalOrNothing("TaxBasisTotalAmount") + vat.value_or(0),
+        compare("BR-CO-15", total("GrandTotalAmount"),
+                totalOrNothing("TaxBasisTotalAmount") + vat.value_or(0),
                 "the total is not the total without VAT and the VAT");
     });
 }
@@ -170,7 +174,8 @@ void SumCheck::checkGroup(const Element& group) const
     if (category != "S")
         return;
     const std::optional<double> rate = amountAt(&group, "RateApplicablePercent");
-    compare("BR-S-08", basis, basisOf({"S", rate}), "the lines less the discount of a rate are not its tax basis");
+    compare("BR-S-08", basis, basisOf({"S", rate}),
+            "the lines less the discount of a rate are not its tax basis");
     if (hasReason)
         report_("BR-S-10", QStringLiteral("a reason for exemption stands beside lines with VAT"));
     const double vat = std::abs(amountAt(&group, "CalculatedAmount").value_or(0));

@@ -25,8 +25,8 @@ std::string fixedPoint(double number, int decimals)
     if (!std::isfinite(number))
         return {};
     std::array<char, longestNumber> digits{};
-    const auto end =
-        std::to_chars(digits.data(), digits.data() + digits.size(), number, std::chars_format::fixed, decimals);
+    const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), number,
+                                   std::chars_format::fixed, decimals);
     return withoutNegativeZero(std::string(digits.data(), end.ptr));
 }
 

@@ -8,8 +8,8 @@
 
 namespace ledra {
 
-// Numbers and dates as Cross Industry Invoices write them: fixed-point with a point and no grouping, never with an
-// exponent and never as a negative zero. A number that is not finite has no text.
+// Numbers and dates as Cross Industry Invoices write them: fixed-point with a point and no grouping, never
+// with an exponent and never as a negative zero. A number that is not finite has no text.
 
 std::string ciiAmount(double amount);     ///< two decimals
 std::string ciiUnitPrice(double price);   ///< four decimals

@@ -8,7 +8,7 @@ namespace {
 
 struct RequiredField
 {
-    QString Invoice::*field;
+    QString Invoice::* field;
     const char* label;
 };
 

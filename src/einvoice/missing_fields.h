@@ -6,8 +6,8 @@
 
 namespace ledra {
 
-/// The labels of the fields that an e-invoice needs and that are empty, in a fixed order; English keys that user
-/// interfaces translate.
+/// The labels of the fields that an e-invoice needs and that are empty, in a fixed order; English keys that
+/// user interfaces translate.
 QStringList missingFields(const Invoice& invoice);
 
 /// The text that a user is asked or warned with: what is missing, and that the result may not be valid.

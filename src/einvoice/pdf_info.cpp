@@ -76,22 +76,24 @@ std::optional<qsizetype> crossReferenceOf(QByteArrayView pdf, qsizetype section,
     if (section < 0 || section > pdf.size() || !pdf.sliced(section).startsWith(keyword))
         return std::nullopt;
     const auto first = numberAt(pdf, section + keyword.size());
-    const qsizetype entries = pdf.indexOf('\n', pdf.indexOf('\n', section) + 1) + 1; // behind "xref" and "0 N"
+    const qsizetype entries =
+        pdf.indexOf('\n', pdf.indexOf('\n', section) + 1) + 1; // behind "xref" and "0 N"
     if (entries <= 0 || first.value_or(-1) != 0 || object > pdf.size() / entryLength)
         return std::nullopt;
     const qsizetype entry = entries + static_cast<qsizetype>(object) * entryLength;
     return entry + entryLength <= pdf.size() ? numberAt(pdf, entry) : std::nullopt;
 }
 
-/// Where the object of a number begins, behind its header. Stream data may look like a header, so the cross-reference
-/// section is asked first; then the last header at the beginning of a line counts.
+/// Where the object of a number begins, behind its header. Stream data may look like a header, so the
+/// cross-reference section is asked first; then the last header at the beginning of a line counts.
 std::optional<qsizetype> objectBehind(QByteArrayView pdf, const qsizetype section, std::int64_t number)
 {
     const QByteArray header = QByteArray::number(static_cast<qlonglong>(number)) + " 0 obj";
     const qsizetype known = crossReferenceOf(pdf, section, number).value_or(-1);
     if (known >= 0 && known < pdf.size() && pdf.sliced(known).startsWith(header))
         return known + header.size();
-    for (qsizetype at = pdf.lastIndexOf(header); at >= 0; at = at > 0 ? pdf.lastIndexOf(header, at - 1) : -1) {
+    for (qsizetype at = pdf.lastIndexOf(header); at >= 0;
+         at = at > 0 ? pdf.lastIndexOf(header, at - 1) : -1) {
         if (at == 0 || pdf[at - 1] == '\n' || pdf[at - 1] == '\r')
             return at + header.size();
     }

@@ -7,8 +7,8 @@
 
 namespace ledra {
 
-/// What an incremental update needs to know of the PDF that it is appended to (ISO 32000-1, 7.5.5 and 7.5.6). The PDF
-/// must have a classical cross-reference table and a trailer.
+/// What an incremental update needs to know of the PDF that it is appended to (ISO 32000-1, 7.5.5 and 7.5.6).
+/// The PDF must have a classical cross-reference table and a trailer.
 struct PDFInfo
 {
     std::int64_t rootObj = 0;    ///< object number of the document catalog

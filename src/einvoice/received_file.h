@@ -32,7 +32,8 @@ struct ReceivedFile
 /// Whether a file is a PDF, by its first bytes.
 bool isPdf(const QByteArray& content);
 
-/// The attachment of a PDF that is the e-invoice, by the names that the standards give it; nothing when there is none.
+/// The attachment of a PDF that is the e-invoice, by the names that the standards give it; nothing when there
+/// is none.
 std::optional<QString> einvoiceAttachment(const QStringList& names);
 
 /// Takes the e-invoice out of a file: an XML file in any encoding, or a PDF that carries one.

@@ -1,6 +1,8 @@
 #include "einvoice/stated_totals.h"
 
 #include "einvoice/cii_text.h"
+#include "model/amount_text.h"
+#include "model/document_labels.h"
 
 #include <cmath>
 
@@ -71,6 +73,19 @@ std::vector<StatedDifference> statedDifferences(const Element& root, const Invoi
     comparison.mention("Already Paid", amountOf(*summation, "TotalPrepaidAmount"));
     comparison.compare("Amount Due", amountOf(*summation, "DuePayableAmount"), total);
     return comparison.take();
+}
+
+QString statedText(const StatedDifference& difference, const Currency& currency, Language language)
+{
+    const QString label = documentLabel(QString::fromLatin1(difference.label), language);
+    const QString stated = amountText(difference.stated, currency, language);
+    if (!difference.here)
+        return documentLabel(QStringLiteral("Stated Amount"), language,
+                             {{QStringLiteral("label"), label}, {QStringLiteral("amount"), stated}});
+    return documentLabel(QStringLiteral("Stated Amount Instead"), language,
+                         {{QStringLiteral("label"), label},
+                          {QStringLiteral("amount"), stated},
+                          {QStringLiteral("here"), amountText(*difference.here, currency, language)}});
 }
 
 } // namespace ledra

@@ -18,9 +18,12 @@ struct StatedDifference
     friend bool operator==(const StatedDifference&, const StatedDifference&) = default;
 };
 
-/// Compares the monetary summation of a Cross Industry Invoice (EN 16931, BG-22) with the record that was read from
-/// it, to the cent. They differ where the document has charges, allowances of single lines, prices for several
-/// pieces, paid amounts or roundings, which a record cannot hold, or where it does not add up.
+/// Compares the monetary summation of a Cross Industry Invoice (EN 16931, BG-22) with the record that was
+/// read from it, to the cent. They differ where the document has charges, allowances of single lines, prices
+/// for several pieces, paid amounts or roundings, which a record cannot hold, or where it does not add up.
 std::vector<StatedDifference> statedDifferences(const Element& root, const Invoice& invoice);
+
+/// "Amount Due: €50.00 (here €60.00)".
+QString statedText(const StatedDifference& difference, const Currency& currency, Language language);
 
 } // namespace ledra

@@ -15,8 +15,8 @@ std::vector<VATGroup> vatGroups(const Invoice& invoice)
     const double subtotal = invoice.subtotal();
     const double discounted = subtotal - invoice.discount();
     for (VATGroup& group : groups) {
-        group.discountedBasis = subtotal == 0 ? group.originalBasis
-                                              : roundedToCents(discounted * group.originalBasis / subtotal);
+        group.discountedBasis =
+            subtotal == 0 ? group.originalBasis : roundedToCents(discounted * group.originalBasis / subtotal);
         group.vatAmount = roundedToCents(group.rate * group.discountedBasis / 100.0);
     }
     return groups;

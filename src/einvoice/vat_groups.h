@@ -6,8 +6,8 @@
 
 namespace ledra {
 
-/// What a document has at one VAT rate, for the VAT breakdown (EN 16931, BG-23). Amounts are rounded each on its
-/// own, so that sums may differ from the document's totals by cents.
+/// What a document has at one VAT rate, for the VAT breakdown (EN 16931, BG-23). Amounts are rounded each on
+/// its own, so that sums may differ from the document's totals by cents.
 struct VATGroup
 {
     double rate = 0;            ///< percent; 0 for lines without VAT

@@ -24,9 +24,12 @@ struct ViewerColor
 
 // The light greys are for paper on a desk; the dark ones keep text quieter than white.
 constexpr std::array viewerColors = {
-    ViewerColor{"background-color", "#d1d1d6", "#161616"}, ViewerColor{"sheet-color", "#ffffff", "#1d1d1f"},
-    ViewerColor{"mix-color", "#aeaeb2", "#3a3a3c"},        ViewerColor{"ink-color", "#1d1d1f", "#d1d1d6"},
-    ViewerColor{"muted-color", "#636366", "#aeaeb2"},      ViewerColor{"primary-color", "#1f5c99", "#6fb1f0"},
+    ViewerColor{"background-color", "#d1d1d6", "#161616"},
+    ViewerColor{"sheet-color", "#ffffff", "#1d1d1f"},
+    ViewerColor{"mix-color", "#aeaeb2", "#3a3a3c"},
+    ViewerColor{"ink-color", "#1d1d1f", "#d1d1d6"},
+    ViewerColor{"muted-color", "#636366", "#aeaeb2"},
+    ViewerColor{"primary-color", "#1f5c99", "#6fb1f0"},
     ViewerColor{"primary-dark-color", "#17456f", "#9ccbf7"},
 };
 
@@ -38,9 +41,12 @@ struct LabelPlaceholder
 };
 
 constexpr std::array labels = {
-    LabelPlaceholder{"date-label", "Date"},           LabelPlaceholder{"items-label", "Description"},
-    LabelPlaceholder{"quantity-column", "Quantity"},  LabelPlaceholder{"price-label", "Price"},
-    LabelPlaceholder{"total-column", "Total"},        LabelPlaceholder{"sum-label", "Subtotal"},
+    LabelPlaceholder{"date-label", "Date"},
+    LabelPlaceholder{"items-label", "Description"},
+    LabelPlaceholder{"quantity-column", "Quantity"},
+    LabelPlaceholder{"price-label", "Price"},
+    LabelPlaceholder{"total-column", "Total"},
+    LabelPlaceholder{"sum-label", "Subtotal"},
     LabelPlaceholder{"banking-label", "Bank Details"},
 };
 
@@ -68,11 +74,21 @@ private:
     void addHead();
     void addTotals();
     void addSender();
-    void set(const char* placeholder, const QString& html) { values_[QString::fromLatin1(placeholder)] = html; }
-    void setLabelled(const char* placeholder, const QString& html, const char* labelPlaceholder, const char* label);
+    void set(const char* placeholder, const QString& html)
+    {
+        values_[QString::fromLatin1(placeholder)] = html;
+    }
+    void setLabelled(const char* placeholder, const QString& html, const char* labelPlaceholder,
+                     const char* label);
 
-    QString label(const char* key) const { return documentLabel(QString::fromLatin1(key), setting_.language); }
-    QString day(Timestamp moment) const { return attributeEscaped(dateText(moment.localDate(), setting_.language)); }
+    QString label(const char* key) const
+    {
+        return documentLabel(QString::fromLatin1(key), setting_.language);
+    }
+    QString day(Timestamp moment) const
+    {
+        return attributeEscaped(dateText(moment.localDate(), setting_.language));
+    }
     QString amount(double value) const
     {
         return attributeEscaped(amountText(value, invoice_.currency, setting_.language));
@@ -133,7 +149,8 @@ void ViewerPage::addHead()
     set("date", day(invoice_.date));
     setLabelled("service-date", day(invoice_.serviceDateStart), "service-date-label", "Service Date");
     set("number-type", title + u' ' + attributeEscaped(opened_.viewer.originalNumber));
-    setLabelled("reference", htmlLines(invoice_.reference.value_or(QString())), "reference-label", "Reference");
+    setLabelled("reference", htmlLines(invoice_.reference.value_or(QString())), "reference-label",
+                "Reference");
     set("note", htmlLines(invoice_.note));
     QString items;
     for (const Invoice::Item& item : invoice_.items)
@@ -145,8 +162,9 @@ void ViewerPage::addTotals()
 {
     const double discount = invoice_.discount();
     set("sum", amount(invoice_.subtotal()));
-    set("discount", discount == 0 ? QString()
-                                  : totalRow(label("Discount"), QStringLiteral("&minus;") + amount(discount)));
+    set("discount", discount == 0
+                        ? QString()
+                        : totalRow(label("Discount"), QStringLiteral("&minus;") + amount(discount)));
     set("vat", vatRows() + totalRow(label("Total"), amount(invoice_.total())));
     set("stated-totals", statedTotals());
 }
@@ -166,7 +184,8 @@ void ViewerPage::addSender()
 
 QString ViewerPage::totalRow(const QString& heading, const QString& value) const
 {
-    return QStringLiteral("<tr><th>") + heading + QStringLiteral("</th><td>") + value + QStringLiteral("</td></tr>");
+    return QStringLiteral("<tr><th>") + heading + QStringLiteral("</th><td>") + value +
+           QStringLiteral("</td></tr>");
 }
 
 QString ViewerPage::itemRow(const Invoice::Item& item) const
@@ -205,13 +224,10 @@ QString ViewerPage::statedTotals() const
     if (opened_.differences.empty())
         return {};
     QString html = QStringLiteral("<p>") + label("Another Total Notice") + QStringLiteral("</p>");
-    for (const StatedDifference& difference : opened_.differences) {
-        html += QStringLiteral("<p>") + label(difference.label) + u' ' + amount(difference.stated);
-        if (difference.here)
-            html += documentLabel(QStringLiteral("Here Instead"), setting_.language,
-                                  {{QStringLiteral("amount"), amount(*difference.here)}});
-        html += QStringLiteral("</p>");
-    }
+    for (const StatedDifference& difference : opened_.differences)
+        html += QStringLiteral("<p>") +
+                attributeEscaped(statedText(difference, invoice_.currency, setting_.language)) +
+                QStringLiteral("</p>");
     return html;
 }
 
@@ -220,6 +236,8 @@ QString ViewerPage::paymentPeriod() const
     // Only a document that says when it is due asks for it, and nobody pays a credit note.
     if (!opened_.daysToPay || *opened_.daysToPay < 0 || opened_.viewer.typeCode == creditNoteCode)
         return {};
+    if (*opened_.daysToPay == 0)
+        return label("Pay Invoice At Once");
     if (*opened_.daysToPay == 1)
         return label("Pay Invoice Within One Day");
     return documentLabel(QStringLiteral("Pay Invoice Within Days"), setting_.language,

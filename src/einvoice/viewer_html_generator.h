@@ -17,7 +17,8 @@ struct ViewerSetting
 /// "Invoice", or "Credit Note" for its type code, in a language.
 QString viewerTitle(const ViewerInvoice& invoice, Language language);
 
-/// Shows a received invoice as a page of HTML that needs nothing else. All texts of the file are shown as text.
+/// Shows a received invoice as a page of HTML that needs nothing else. All texts of the file are shown as
+/// text.
 class ViewerHTMLGenerator
 {
 public:

@@ -28,7 +28,8 @@ bool isEmptyChild(const Element::Child& child)
 
 Element* elementAt(const ElementPlace& place)
 {
-    return place.parent ? std::get<std::unique_ptr<Element>>(place.parent->children[place.index]).get() : nullptr;
+    return place.parent ? std::get<std::unique_ptr<Element>>(place.parent->children[place.index]).get()
+                        : nullptr;
 }
 
 void indent(int depth, std::string& out)
@@ -67,7 +68,8 @@ Element* Element::find(std::string_view path)
 }
 const Element* Element::find(std::string_view path) const
 {
-    return const_cast<Element*>(this)->find(path); // NOLINT(cppcoreguidelines-pro-type-const-cast): it only looks
+    return const_cast<Element*>(this)->find(
+        path); // NOLINT(cppcoreguidelines-pro-type-const-cast): it only looks
 }
 
 const Element* Element::child(std::string_view path) const
@@ -125,7 +127,8 @@ void Element::replaceWithFragment(std::string_view path, std::string_view fragme
         return;
     std::vector<Child>& inserted = parsed->root->children;
     const auto position = siblings.erase(target);
-    siblings.insert(position, std::make_move_iterator(inserted.begin()), std::make_move_iterator(inserted.end()));
+    siblings.insert(position, std::make_move_iterator(inserted.begin()),
+                    std::make_move_iterator(inserted.end()));
 }
 
 bool Element::isEmpty() const
@@ -200,7 +203,9 @@ std::unique_ptr<Element> Element::clone() const
 
 std::string XMLDocument::serialise() const
 {
-    return R"(<?xml version="1.0" encoding="UTF-8"?>)" "\n" + root->serialise(0);
+    return R"(<?xml version="1.0" encoding="UTF-8"?>)"
+           "\n" +
+           root->serialise(0);
 }
 
 } // namespace ledra

@@ -22,7 +22,8 @@ struct PathComponent
 /// An element of an XML tree, with all texts in UTF-8 and names as they are written, prefix included.
 ///
 /// Paths name elements by their local names, separated by "/", and may begin anywhere below the element on
-/// which they are looked up: the first place in document order from which the whole path can be followed counts.
+/// which they are looked up: the first place in document order from which the whole path can be followed
+/// counts.
 class Element
 {
 public:
@@ -61,15 +62,15 @@ public:
     /// The text of the element at a path; empty when there is none.
     std::string textAt(std::string_view path) const;
 
-    /// Replaces the children of the element at a path by a text, or by nothing for an empty text. A path without
-    /// an element is left alone: templates need not have a place for everything.
+    /// Replaces the children of the element at a path by a text, or by nothing for an empty text. A path
+    /// without an element is left alone: templates need not have a place for everything.
     void setText(std::string_view path, std::string_view value);
 
     /// Sets an attribute of the element at a path; one that is there keeps its place.
     void setAttribute(std::string_view path, std::string_view key, std::string_view value);
 
-    /// Puts the elements of a fragment in the place of the element at a path. An empty fragment removes it; one
-    /// that is not well-formed changes nothing. The fragment may use the prefixes rsm, ram, udt and qdt.
+    /// Puts the elements of a fragment in the place of the element at a path. An empty fragment removes it;
+    /// one that is not well-formed changes nothing. The fragment may use the prefixes rsm, ram, udt and qdt.
     void replaceWithFragment(std::string_view path, std::string_view fragment);
 
     /// Whether nothing would be written: no child but empty elements and blank text. Attributes do not count.
@@ -112,14 +113,14 @@ private:
     static void writeChild(const Child& child, int depth, std::string& out); ///< on a line of its own
 };
 
-/// An XML document in memory: elements, attributes and text. There is no document type, no namespace resolution,
-/// and neither comments nor processing instructions are kept.
+/// An XML document in memory: elements, attributes and text. There is no document type, no namespace
+/// resolution, and neither comments nor processing instructions are kept.
 struct XMLDocument
 {
     std::unique_ptr<Element> root; ///< never null
 
-    /// The document of a text in UTF-8, whose declaration is skipped; nothing when it is not well-formed, has a
-    /// document type, or goes beyond the limits of xml_parser.h.
+    /// The document of a text in UTF-8, whose declaration is skipped; nothing when it is not well-formed, has
+    /// a document type, or goes beyond the limits of xml_parser.h.
     static std::optional<XMLDocument> parse(std::string_view text);
 
     /// The declaration line and the root element.

@@ -17,7 +17,7 @@ namespace {
 struct TextPath
 {
     std::string_view path;
-    QString Invoice::*field;
+    QString Invoice::* field;
 };
 
 constexpr std::array textPaths = {
@@ -69,7 +69,8 @@ void setHeader(Element& root, const Invoice& invoice, const Profile& profile)
                  invoice.reference.value_or(QString()).toStdString());
     for (const TextPath& row : textPaths)
         root.setText(row.path, (invoice.*row.field).toStdString());
-    root.setText("SellerTradeParty/PostalTradeAddress/CountryID", invoice.senderAddressCountry.code.toStdString());
+    root.setText("SellerTradeParty/PostalTradeAddress/CountryID",
+                 invoice.senderAddressCountry.code.toStdString());
     root.setText("BuyerTradeParty/PostalTradeAddress/CountryID", invoice.addressCountry.code.toStdString());
     root.setText("OccurrenceDateTime/DateTimeString", day(service));
     root.setText("InvoiceCurrencyCode", invoice.currency.code.toStdString());
@@ -117,9 +118,11 @@ std::optional<QByteArray> XMLGenerator::generate(const Invoice& invoice, const P
     Element& root = *document->root;
     setHeader(root, invoice, profile);
     setTotals(root, invoice); // before the lines come in, which have totals of the same names
-    root.replaceWithFragment("SupplyChainTradeTransaction/IncludedSupplyChainTradeLineItem", lineItems(source));
+    root.replaceWithFragment("SupplyChainTradeTransaction/IncludedSupplyChainTradeLineItem",
+                             lineItems(source));
     root.replaceWithFragment("ApplicableHeaderTradeSettlement/ApplicableTradeTax", vatBreakdown(source));
-    root.replaceWithFragment("ApplicableHeaderTradeSettlement/SpecifiedTradeAllowanceCharge", allowances(source));
+    root.replaceWithFragment("ApplicableHeaderTradeSettlement/SpecifiedTradeAllowanceCharge",
+                             allowances(source));
     root.replaceWithFragment("ApplicableHeaderTradeAgreement/AdditionalReferencedDocument",
                              referencedDocument(cancelled));
     return QByteArray::fromStdString(document->serialise());

@@ -5,8 +5,9 @@
 
 namespace ledra {
 
-/// A text as XML content: "&", "<" and ">" become entities. Characters that XML 1.0 cannot hold, and other control
-/// characters, are left out; a carriage return becomes a reference, since a reader would take it for a line break.
+/// A text as XML content: "&", "<" and ">" become entities. Characters that XML 1.0 cannot hold, and other
+/// control characters, are left out; a carriage return becomes a reference, since a reader would take it for
+/// a line break.
 std::string xmlEscaped(std::string_view text);
 
 /// As above, for a value between double quotes; line breaks and tabs become references as well.

@@ -60,8 +60,8 @@ QByteArray declaration(const DeclaredProperty& property)
         return indent + "  <pdfaProperty:" + element + '>' + value + "</pdfaProperty:" + element + ">\n";
     };
     return indent + "<rdf:li rdf:parseType=\"Resource\">\n" + line("name", property.name) +
-           line("valueType", "Text") + line("category", "external") + line("description", property.description) +
-           indent + "</rdf:li>\n";
+           line("valueType", "Text") + line("category", "external") +
+           line("description", property.description) + indent + "</rdf:li>\n";
 }
 
 } // namespace

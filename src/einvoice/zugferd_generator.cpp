@@ -44,25 +44,30 @@ public:
 
     void stream(std::int64_t number, QByteArrayView entries, const QByteArray& data)
     {
-        object(number, {" 0 obj\n<< ", entries, " /Length ", QByteArray::number(data.size()), " >>\nstream\r\n", data,
-                        "\r\nendstream\nendobj\n"});
+        object(number, {" 0 obj\n<< ", entries, " /Length ", QByteArray::number(data.size()),
+                        " >>\nstream\r\n", data, "\r\nendstream\nendobj\n"});
     }
 
     /// Writes the cross-reference section and the trailer; the update is then complete.
     QByteArray finish(std::int64_t information)
     {
         const qsizetype section = bytes_.size();
-        const QByteArray identifier =
-            QCryptographicHash::hash(bytes_, QCryptographicHash::Md5).toHex().toUpper(); // names it, guards nothing
+        const QByteArray identifier = QCryptographicHash::hash(bytes_, QCryptographicHash::Md5)
+                                          .toHex()
+                                          .toUpper(); // names it, guards nothing
         bytes_ += "xref\n" + entriesFor({offsets_.back()}) +
                   entriesFor({offsets_.begin(), std::prev(offsets_.end())});
         bytes_ += "trailer\n<< /Size " + decimal(info_.size + 7) + " /Root " + decimal(info_.rootObj) +
-                  " 0 R /Info " + decimal(information) + " 0 R /Prev " + decimal(info_.xrefOffset) + " /ID [<" +
-                  identifier + "> <" + identifier + ">] >>\nstartxref\n" + decimal(section) + "\n%%EOF\n";
+                  " 0 R /Info " + decimal(information) + " 0 R /Prev " + decimal(info_.xrefOffset) +
+                  " /ID [<" + identifier + "> <" + identifier + ">] >>\nstartxref\n" + decimal(section) +
+                  "\n%%EOF\n";
         return std::move(bytes_);
     }
 
-    static QByteArray decimal(std::int64_t number) { return QByteArray::number(static_cast<qlonglong>(number)); }
+    static QByteArray decimal(std::int64_t number)
+    {
+        return QByteArray::number(static_cast<qlonglong>(number));
+    }
 
 private:
     struct Offset
@@ -74,7 +79,8 @@ private:
     /// A subsection for objects with consecutive numbers; each entry has twenty bytes.
     static QByteArray entriesFor(const std::vector<Offset>& objects)
     {
-        QByteArray section = decimal(objects.front().object) + ' ' + QByteArray::number(objects.size()) + '\n';
+        QByteArray section =
+            decimal(objects.front().object) + ' ' + QByteArray::number(objects.size()) + '\n';
         for (const Offset& entry : objects)
             section += QByteArray::number(entry.offset).rightJustified(10, '0') + " 00000 n\r\n";
         return section;
@@ -112,8 +118,9 @@ QByteArray append(const QByteArray& pdf, const PDFInfo& info, const QByteArray& 
                               reference(4), " >>\nendobj\n"});
     update.object(number(6),
                   {" 0 obj\n<< /Creator (", program(), ") /Producer (", program(), ") >>\nendobj\n"});
-    update.object(info.rootObj, {" 0 obj\n<<", info.catalogBody, " /Names ", reference(2), " /AF [", reference(1),
-                                 "] /Metadata ", reference(3), " /OutputIntents [", reference(5), "] >>\nendobj\n"});
+    update.object(info.rootObj,
+                  {" 0 obj\n<<", info.catalogBody, " /Names ", reference(2), " /AF [", reference(1),
+                   "] /Metadata ", reference(3), " /OutputIntents [", reference(5), "] >>\nendobj\n"});
     return update.finish(number(6));
 }
 
@@ -142,7 +149,8 @@ std::expected<QByteArray, ExportError> ZUGFeRDGenerator::withPrintableAnnotation
     return *bytes;
 }
 
-std::expected<QByteArray, ExportError> ZUGFeRDGenerator::withAttachedXml(const QByteArray& pdf, const QByteArray& xml)
+std::expected<QByteArray, ExportError> ZUGFeRDGenerator::withAttachedXml(const QByteArray& pdf,
+                                                                         const QByteArray& xml)
 {
     const std::optional<PDFInfo> info = readPdfInfo(pdf);
     if (!info)
@@ -150,7 +158,8 @@ std::expected<QByteArray, ExportError> ZUGFeRDGenerator::withAttachedXml(const Q
     return append(pdf, *info, xml);
 }
 
-std::expected<QByteArray, ExportError> ZUGFeRDGenerator::createHybrid(const QByteArray& pdf, const QByteArray& xml)
+std::expected<QByteArray, ExportError> ZUGFeRDGenerator::createHybrid(const QByteArray& pdf,
+                                                                      const QByteArray& xml)
 {
     const std::expected<QByteArray, ExportError> prepared = withPrintableAnnotations(pdf);
     return prepared ? withAttachedXml(*prepared, xml) : prepared;

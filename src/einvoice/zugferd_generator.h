@@ -7,8 +7,8 @@
 
 namespace ledra {
 
-/// Makes a hybrid e-invoice: a PDF/A-3 whose pages people read and whose attachment programs read. The finished PDF
-/// stays as it is; what makes it hybrid is appended as an incremental update.
+/// Makes a hybrid e-invoice: a PDF/A-3 whose pages people read and whose attachment programs read. The
+/// finished PDF stays as it is; what makes it hybrid is appended as an incremental update.
 class ZUGFeRDGenerator
 {
 public:
@@ -28,8 +28,10 @@ public:
     [[nodiscard]] static std::expected<QByteArray, ExportError> createHybrid(const QByteArray& pdf,
                                                                              const QByteArray& xml);
 
-    /// The first half: the document with the annotation flags that PDF/A asks for, which the hybrid begins with.
-    [[nodiscard]] static std::expected<QByteArray, ExportError> withPrintableAnnotations(const QByteArray& pdf);
+    /// The first half: the document with the annotation flags that PDF/A asks for, which the hybrid begins
+    /// with.
+    [[nodiscard]] static std::expected<QByteArray, ExportError>
+    withPrintableAnnotations(const QByteArray& pdf);
 
     /// The second half: appends the update to such a document.
     [[nodiscard]] static std::expected<QByteArray, ExportError> withAttachedXml(const QByteArray& pdf,

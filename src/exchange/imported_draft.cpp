@@ -5,21 +5,17 @@
 
 namespace ledra {
 
-namespace {
-
-/// Shows a text as the number of a record, whatever it holds.
-void setLiteralNumber(Invoice& draft, const QString& text)
+void setLiteralNumber(Invoice& record, const QString& text)
 {
     const auto segments = parseNumberFormat(text);
-    const bool isLiteral = std::ranges::all_of(
-        segments, [](const NumberFormatSegment& segment) { return std::holds_alternative<QString>(segment); });
-    draft.number = 0;
-    draft.numberFormat = isLiteral ? text : QStringLiteral("{X}");
+    const bool isLiteral = std::ranges::all_of(segments, [](const NumberFormatSegment& segment) {
+        return std::holds_alternative<QString>(segment);
+    });
+    record.number = 0;
+    record.numberFormat = isLiteral ? text : QStringLiteral("{X}");
     if (!isLiteral)
-        draft.numberVariable = text; // braces in it would otherwise be placeholders
+        record.numberVariable = text; // braces in it would otherwise be placeholders
 }
-
-} // namespace
 
 Invoice draftFrom(const Element& root, const Invoice& fresh, IdSource& ids)
 {

@@ -84,13 +84,16 @@ std::expected<ImportedInvoice, ImportFailure> InvoiceImporter::takeRecord(const 
     const Decoded<Invoice> invoice = decodeInvoice(json.toUtf8(), invoices_.newRecordValues());
     if (!invoice)
         return foreignPdf();
-    if (invoices_.loadById(invoice->id))
-        return refused("There is already another version of this invoice. If you still want to import it, you must "
-                       "first delete the existing one.");
-    const std::expected<InvoicePtr, StoreFailure> record = invoices_.insert(*invoice);
-    if (!record)
-        return refused(record.error());
-    return ImportedInvoice{*record, {}};
+    const auto isKnown = [&] { return invoices_.find(invoice->id) != nullptr; };
+    if (!isKnown()) {
+        const std::expected<InvoicePtr, StoreFailure> record = invoices_.insert(*invoice);
+        if (record)
+            return ImportedInvoice{*record, {}};
+        if (!isKnown()) // else another process has just taken it in
+            return refused(record.error());
+    }
+    return refused("There is already another version of this invoice. If you still want to import it, you "
+                   "must first delete the existing one.");
 }
 
 std::expected<ImportedInvoice, ImportFailure> InvoiceImporter::takeEInvoice(const XMLDocument& document)
@@ -103,8 +106,8 @@ std::expected<ImportedInvoice, ImportFailure> InvoiceImporter::takeEInvoice(cons
     const Invoice trial = draftFrom(root, newInvoice(values.ids.newId(), values.now, Country()), values.ids);
     if (const Decoded<Invoice> again = decodeInvoice(encodeInvoiceForEmbedding(trial), values); !again)
         return std::unexpected(ImportFailure{again.error().text()});
-    const auto record = invoices_.create(
-        InvoiceType::invoice, [&](Invoice& fresh) { fresh = draftFrom(root, fresh, values.ids); });
+    const auto record = invoices_.create(InvoiceType::invoice,
+                                         [&](Invoice& fresh) { fresh = draftFrom(root, fresh, values.ids); });
     if (!record)
         return refused(record.error());
     return ImportedInvoice{*record, statedDifferences(root, ***record)};

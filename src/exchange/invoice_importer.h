@@ -23,8 +23,8 @@ struct ImportedInvoice
     std::vector<StatedDifference> differences; ///< between an e-invoice and the record made of it
 };
 
-/// Brings invoices back into the store: from PDFs of this application, unchanged, and from e-invoices, as drafts.
-/// A failure leaves the store untouched.
+/// Brings invoices back into the store: from PDFs of this application, unchanged, and from e-invoices, as
+/// drafts. A failure leaves the store untouched.
 class InvoiceImporter
 {
 public:

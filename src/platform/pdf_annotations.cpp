@@ -67,8 +67,8 @@ std::optional<QString> PdfFile::annotationContents(const QString& author) const
         if (pages.empty())
             return std::nullopt;
         for (QPDFObjectHandle note : annotationsOf(pages.front())) {
-            const bool matches = note.getKey("/T").isString() &&
-                                 note.getKey("/T").getUTF8Value() == author.toStdString();
+            const bool matches =
+                note.getKey("/T").isString() && note.getKey("/T").getUTF8Value() == author.toStdString();
             if (matches && note.getKey("/Contents").isString())
                 return QString::fromStdString(note.getKey("/Contents").getUTF8Value());
         }

@@ -8,7 +8,8 @@ namespace ledra {
 
 namespace {
 
-// What is looked at in a tree of names, so that neither a cycle nor a tree that repeats its branches holds us up.
+// What is looked at in a tree of names, so that neither a cycle nor a tree that repeats its branches holds us
+// up.
 constexpr std::size_t mostNodes = 2000;
 constexpr qsizetype mostAttachments = 500;
 

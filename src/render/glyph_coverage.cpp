@@ -42,8 +42,8 @@ bool needsGlyph(char32_t character)
     default:
         break;
     }
-    const bool isVariationSelector = (character >= 0xfe00 && character <= 0xfe0f) ||
-                                     (character >= 0xe0100 && character <= 0xe01ef);
+    const bool isVariationSelector =
+        (character >= 0xfe00 && character <= 0xfe0f) || (character >= 0xe0100 && character <= 0xe01ef);
     return character >= firstAskedFor && !isVariationSelector;
 }
 
@@ -93,7 +93,8 @@ QString missingGlyphText(const QStringList& characters)
     QStringList named;
     for (const QString& character : characters.first(std::min(mostNamed, characters.size()))) {
         const uint code = character.toUcs4().front();
-        named += QStringLiteral("\"%1\" (U+%2)").arg(character, QString::number(code, 16).toUpper().rightJustified(4, u'0'));
+        named += QStringLiteral("\"%1\" (U+%2)")
+                     .arg(character, QString::number(code, 16).toUpper().rightJustified(4, u'0'));
     }
     if (characters.size() > mostNamed)
         named += QStringLiteral("%1 more").arg(characters.size() - mostNamed);
