@@ -69,7 +69,8 @@ void checkMetadata(const PdfFile& pdf, const QString& attachment, Findings& find
 {
     const std::optional<QByteArray> packet = pdf.metadata(largestMetadata);
     const std::optional<XMLDocument> document =
-        packet ? XMLDocument::parse(std::string_view(packet->constData(), static_cast<std::size_t>(packet->size())))
+        packet ? XMLDocument::parse(
+                     std::string_view(packet->constData(), static_cast<std::size_t>(packet->size())))
                : std::nullopt;
     if (!document) {
         findings.error("metadata", QStringLiteral("the PDF has no metadata that can be read"));
@@ -90,13 +91,15 @@ void checkRecord(const PdfFile& pdf, Findings& findings)
 {
     const std::optional<QString> json = pdf.annotationContents(embeddedInvoiceAuthor.toString());
     if (!json) {
-        findings.information("annotation", QStringLiteral("the PDF does not come from Ledra; it carries no record"));
+        findings.information("annotation",
+                             QStringLiteral("the PDF does not come from Ledra; it carries no record"));
         return;
     }
     RandomIdSource ids;
     const Decoded<Invoice> record = decodeInvoice(json->toUtf8(), {SystemClock().now(), ids, QString()});
     if (!record)
-        findings.error("annotation", QStringLiteral("the record inside is damaged: ") + record.error().text());
+        findings.error("annotation",
+                       QStringLiteral("the record inside is damaged: ") + record.error().text());
     else if (const std::optional<QString> problem = pdfAProblem(json->size()))
         findings.warning("annotation", *problem);
     else

@@ -24,7 +24,8 @@ inline constexpr std::array enumTexts<FindingLevel> = {
 struct Finding
 {
     FindingLevel level = FindingLevel::error;
-    QString code; ///< a rule of the standard ("BR-CO-14"), or what was looked at ("missing-field", "attachment")
+    QString
+        code; ///< a rule of the standard ("BR-CO-14"), or what was looked at ("missing-field", "attachment")
     QString text; ///< a sentence for users
 
     friend bool operator==(const Finding&, const Finding&) = default;
@@ -33,8 +34,8 @@ struct Finding
 /// Whether any of the findings is an error.
 bool hasErrors(const std::vector<Finding>& findings);
 
-/// What stands between a record and a valid e-invoice: fields that are missing, rules that it would break, and what
-/// readers would see otherwise.
+/// What stands between a record and a valid e-invoice: fields that are missing, rules that it would break,
+/// and what readers would see otherwise.
 std::vector<Finding> checkInvoice(const Invoice& invoice, const DocumentSetting& setting);
 
 /// Looks at an XML file, or at a PDF with what it carries: attachment, metadata, the hidden record.

@@ -24,8 +24,9 @@ Invoice shownRecord(const OpenedEInvoice& opened)
 
 QString block(const QString& heading, const QStringList& lines)
 {
-    return lines.isEmpty() ? QString()
-                           : u'\n' + heading + QStringLiteral("\n  ") + lines.join(QStringLiteral("\n  ")) + u'\n';
+    return lines.isEmpty()
+               ? QString()
+               : u'\n' + heading + QStringLiteral("\n  ") + lines.join(QStringLiteral("\n  ")) + u'\n';
 }
 
 /// The object that "--json" writes for a received file.

@@ -8,8 +8,8 @@
 namespace ledra {
 
 /// Opens a received e-invoice, an XML file or a PDF that carries one, by its path or from the standard input.
-[[nodiscard]] std::expected<OpenedEInvoice, ReceivedFileError> openReceivedInvoice(const QString& path,
-                                                                                   const ViewerXMLParser& parser);
+[[nodiscard]] std::expected<OpenedEInvoice, ReceivedFileError>
+openReceivedInvoice(const QString& path, const ViewerXMLParser& parser);
 
 /// German for readers whose system speaks it, English for all others.
 Language readerLanguage();

@@ -6,8 +6,11 @@ namespace ledra {
 
 namespace {
 
-constexpr CommandSpec importSpec = {
-    "import", "FILE.pdf|FILE.xml…", "Take in exported PDFs and e-invoices; prints the ids of the records.", {}, false};
+constexpr CommandSpec importSpec = {"import",
+                                    "FILE.pdf|FILE.xml…",
+                                    "Take in exported PDFs and e-invoices; prints the ids of the records.",
+                                    {},
+                                    false};
 
 /// Imports one file; what goes wrong has been said.
 bool importOne(const QString& path, Session& session, const CommandArguments& arguments)

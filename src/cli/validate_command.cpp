@@ -18,7 +18,8 @@ constexpr std::array options = {
 };
 
 constexpr CommandSpec validateSpec = {"validate", "ID|FILE.json|FILE.xml|FILE.pdf…",
-                                      "Check e-invoices, or records before they become some.", options, false};
+                                      "Check e-invoices, or records before they become some.", options,
+                                      false};
 
 /// What was found about one file or record.
 struct Report

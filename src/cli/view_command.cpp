@@ -12,7 +12,8 @@ namespace ledra {
 namespace {
 
 constexpr std::array options = {
-    OptionSpec{"output", "o", "FILE|FOLDER", "Write a page of HTML instead; a folder for several, - for stdout."},
+    OptionSpec{"output", "o", "FILE|FOLDER",
+               "Write a page of HTML instead; a folder for several, - for stdout."},
     OptionSpec{"dark", "", "", "Light text on a dark page."},
     OptionSpec{"force", "", "", "Overwrite existing files."},
 };
@@ -38,8 +39,8 @@ std::optional<QString> usageProblem(const CommandArguments& arguments)
 /// Writes the page of one file.
 std::expected<void, QString> writePage(const OpenedEInvoice& opened, const CommandArguments& arguments)
 {
-    const ViewerSetting setting{readerLanguage(), arguments.has("dark") ? ViewerAppearance::dark
-                                                                       : ViewerAppearance::light};
+    const ViewerSetting setting{readerLanguage(),
+                                arguments.has("dark") ? ViewerAppearance::dark : ViewerAppearance::light};
     const QByteArray page = ViewerHTMLGenerator::html(opened, setting).toUtf8();
     QString target = arguments.value("output");
     if (target == standardStream) {
@@ -47,7 +48,8 @@ std::expected<void, QString> writePage(const OpenedEInvoice& opened, const Comma
         return {};
     }
     if (QFileInfo(target).isDir())
-        target = QDir(target).filePath(QFileInfo(opened.viewer.fileName).completeBaseName() + QStringLiteral(".html"));
+        target = QDir(target).filePath(QFileInfo(opened.viewer.fileName).completeBaseName() +
+                                       QStringLiteral(".html"));
     const Overwrite overwrite = arguments.has("force") ? Overwrite::replace : Overwrite::refuse;
     if (const auto written = writeExport(target, page, overwrite); !written)
         return std::unexpected(written.error().text());

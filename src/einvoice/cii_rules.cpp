@@ -199,6 +199,7 @@ void RuleCheck::checkAccount(const Element& settlement)
         const bool hasNumber = account && (account->child("IBANID") || account->child("ProprietaryID"));
         breakIf(account && !hasNumber, "BR-50", "the number of the account to pay to is missing");
         breakIf(account && !hasNumber, "BR-61", "the number of the account to pay to is missing");
+        breakIf(!hasNumber, "CII-SR-470", "the number of the account to pay to is missing");
     });
 }
 
@@ -216,11 +217,16 @@ void RuleCheck::checkCodes()
         if (!isKnown && !code.isEmpty())
             breakRule("BR-CL-14", shown(country.text()) + QStringLiteral(" is no country code"));
     });
-    root_.forEach("InvoiceCurrencyCode", [&](const Element& currency) {
-        const QString code = QString::fromStdString(currency.text()).trimmed();
+    const auto checkCurrency = [this](const char* rule, const std::string& text) {
+        const QString code = QString::fromStdString(text).trimmed();
         if (!isKnownCurrency(code) && !code.isEmpty())
-            breakRule("BR-CL-04", shown(currency.text()) + QStringLiteral(" is no currency code"));
+            breakRule(rule, shown(text) + QStringLiteral(" is no currency code"));
+    };
+    root_.forEach("TaxTotalAmount", [&](const Element& amount) {
+        checkCurrency("BR-CL-03", std::string(amount.attribute("currencyID").value_or(std::string_view())));
     });
+    root_.forEach("InvoiceCurrencyCode",
+                  [&](const Element& currency) { checkCurrency("BR-CL-04", currency.text()); });
 }
 
 void RuleCheck::checkVatNumbers()
