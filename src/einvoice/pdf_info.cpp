@@ -63,6 +63,8 @@ std::optional<QByteArrayView> dictionaryBehind(QByteArrayView text, qsizetype at
             if (--depth == 0)
                 return text.sliced(open + 2, i - open - 2);
             ++i;
+        } else if (pair[0] == '<') { // a hexadecimal string, whose end may touch that of the dictionary
+            i = std::max(i, text.indexOf('>', i));
         }
     }
     return std::nullopt;

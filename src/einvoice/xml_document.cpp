@@ -5,6 +5,7 @@
 #include "einvoice/xml_text.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace ledra {
 
@@ -37,7 +38,26 @@ void indent(int depth, std::string& out)
     out.append(static_cast<std::size_t>(depth) * spacesPerLevel, ' ');
 }
 
+bool writeLine(const std::string& text, int depth, std::string& out)
+{
+    out += '\n';
+    indent(depth, out);
+    appendEscaped(out, text);
+    return true;
+}
+
 } // namespace
+
+/// Writes an element on a line of its own; whether there was something to write.
+bool Element::writeBelow(const Child& child, int depth, std::string& out)
+{
+    const std::size_t before = out.size();
+    out += '\n';
+    const bool isWritten = std::get<std::unique_ptr<Element>>(child)->write(depth, out);
+    if (!isWritten)
+        out.resize(before);
+    return isWritten;
+}
 
 std::string_view Element::localName() const
 {
@@ -143,26 +163,33 @@ std::string Element::serialise(int depth) const
     return out;
 }
 
-void Element::write(int depth, std::string& out) const
+// What turns out empty is taken back: asking beforehand would look at each element once for every level above
+// it.
+bool Element::write(int depth, std::string& out) const
 {
-    std::vector<const Child*> kept;
-    for (const Child& child : children) {
-        if (!isEmptyChild(child))
-            kept.push_back(&child);
-    }
-    if (kept.empty())
-        return;
+    const std::size_t before = out.size();
     indent(depth, out);
     writeStart(out);
-    if (kept.size() == 1 && std::holds_alternative<std::string>(*kept.front())) {
-        appendEscaped(out, std::get<std::string>(*kept.front()));
-    } else {
-        for (const Child* child : kept)
-            writeChild(*child, depth + 1, out);
-        out += '\n';
-        indent(depth, out);
+    const std::string* lone = nullptr; // a text run that may stay the only child
+    bool hasLines = false;
+    for (const Child& child : children) {
+        const auto* run = std::get_if<std::string>(&child);
+        if (run ? isBlank(*run) : lone && isEmptyChild(child))
+            continue;
+        if (run && !lone && !hasLines) {
+            lone = run;
+            continue;
+        }
+        if (lone)
+            hasLines = writeLine(*std::exchange(lone, nullptr), depth + 1, out);
+        hasLines = (run ? writeLine(*run, depth + 1, out) : writeBelow(child, depth + 1, out)) || hasLines;
     }
-    out.append("</").append(name).append(1, '>');
+    if (!lone && !hasLines) {
+        out.resize(before);
+        return false;
+    }
+    writeEnd(lone, depth, out);
+    return true;
 }
 
 void Element::writeStart(std::string& out) const
@@ -176,15 +203,15 @@ void Element::writeStart(std::string& out) const
     out += '>';
 }
 
-void Element::writeChild(const Child& child, int depth, std::string& out)
+void Element::writeEnd(const std::string* lone, int depth, std::string& out) const
 {
-    out += '\n';
-    if (const auto* element = std::get_if<std::unique_ptr<Element>>(&child)) {
-        (*element)->write(depth, out);
-        return;
+    if (lone) {
+        appendEscaped(out, *lone);
+    } else {
+        out += '\n';
+        indent(depth, out);
     }
-    indent(depth, out);
-    appendEscaped(out, std::get<std::string>(child));
+    out.append("</").append(name).append(1, '>');
 }
 
 std::unique_ptr<Element> Element::clone() const
@@ -203,9 +230,12 @@ std::unique_ptr<Element> Element::clone() const
 
 std::string XMLDocument::serialise() const
 {
-    return R"(<?xml version="1.0" encoding="UTF-8"?>)"
-           "\n" +
-           root->serialise(0);
+    constexpr std::size_t usualSize = 32'768; // bytes
+    std::string out;
+    out.reserve(usualSize);
+    out = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n";
+    root->write(0, out);
+    return out;
 }
 
 } // namespace ledra

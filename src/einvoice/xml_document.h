@@ -19,6 +19,8 @@ struct PathComponent
     std::optional<std::pair<std::string_view, std::string_view>> attributeFilter;
 };
 
+struct XMLDocument;
+
 /// An element of an XML tree, with all texts in UTF-8 and names as they are written, prefix included.
 ///
 /// Paths name elements by their local names, separated by "/", and may begin anywhere below the element on
@@ -108,9 +110,12 @@ public:
     }
 
 private:
-    void write(int depth, std::string& out) const;
+    friend struct XMLDocument;
+
+    bool write(int depth, std::string& out) const; ///< whether there was something to write
     void writeStart(std::string& out) const;
-    static void writeChild(const Child& child, int depth, std::string& out); ///< on a line of its own
+    void writeEnd(const std::string* lone, int depth, std::string& out) const;
+    static bool writeBelow(const Child& child, int depth, std::string& out);
 };
 
 /// An XML document in memory: elements, attributes and text. There is no document type, no namespace

@@ -103,19 +103,14 @@ std::string cancelledNumber(const Invoice& invoice, const Profile& profile, cons
     return cancelled ? displayedNumber(*cancelled, profile).toStdString() : std::string();
 }
 
-} // namespace
-
-std::optional<QByteArray> XMLGenerator::generate(const Invoice& invoice, const Profile& profile,
-                                                 const InvoiceLookup& invoices, std::string_view templateText)
+/// Fills a fresh copy of a template and writes it.
+QByteArray filled(const XMLDocument& document, const Invoice& invoice, const Profile& profile,
+                  const InvoiceLookup& invoices)
 {
-    const std::optional<XMLDocument> document = XMLDocument::parse(templateText);
-    if (!document)
-        return std::nullopt;
+    Element& root = *document.root;
     const Language language = invoice.language.value_or(profile.language);
     const FragmentSource source{invoice, vatGroups(invoice),
                                 exemptionText(invoice.vatExemptionReason, language).toStdString()};
-    const std::string cancelled = cancelledNumber(invoice, profile, invoices);
-    Element& root = *document->root;
     setHeader(root, invoice, profile);
     setTotals(root, invoice); // before the lines come in, which have totals of the same names
     root.replaceWithFragment("SupplyChainTradeTransaction/IncludedSupplyChainTradeLineItem",
@@ -124,16 +119,36 @@ std::optional<QByteArray> XMLGenerator::generate(const Invoice& invoice, const P
     root.replaceWithFragment("ApplicableHeaderTradeSettlement/SpecifiedTradeAllowanceCharge",
                              allowances(source));
     root.replaceWithFragment("ApplicableHeaderTradeAgreement/AdditionalReferencedDocument",
-                             referencedDocument(cancelled));
-    return QByteArray::fromStdString(document->serialise());
+                             referencedDocument(cancelledNumber(invoice, profile, invoices)));
+    return QByteArray::fromStdString(document.serialise());
+}
+
+/// The shipped template; parsed once, since it is the same for all documents.
+const std::optional<XMLDocument>& shippedTemplate()
+{
+    static const std::optional<XMLDocument> document = [] {
+        const std::optional<QByteArray> text = einvoiceResource(QStringLiteral("faktur-x.xml"));
+        return text ? XMLDocument::parse(text->toStdString()) : std::nullopt;
+    }();
+    return document;
+}
+
+} // namespace
+
+std::optional<QByteArray> XMLGenerator::generate(const Invoice& invoice, const Profile& profile,
+                                                 const InvoiceLookup& invoices, std::string_view templateText)
+{
+    std::optional<XMLDocument> document = XMLDocument::parse(templateText);
+    return document ? std::optional(filled(std::move(*document), invoice, profile, invoices)) : std::nullopt;
 }
 
 std::optional<QByteArray> XMLGenerator::generate(const Invoice& invoice, const Profile& profile,
                                                  const InvoiceLookup& invoices)
 {
-    const std::optional<QByteArray> text = einvoiceResource(QStringLiteral("faktur-x.xml"));
-    return text ? generate(invoice, profile, invoices, std::string_view(text->constData(), text->size()))
-                : std::nullopt;
+    const std::optional<XMLDocument>& document = shippedTemplate();
+    if (!document)
+        return std::nullopt;
+    return filled(XMLDocument{document->root->clone()}, invoice, profile, invoices);
 }
 
 QStringList XMLGenerator::validate(const Invoice& invoice)

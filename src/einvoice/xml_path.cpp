@@ -26,6 +26,16 @@ Element* elementAt(Element& parent, std::size_t index)
     return element ? element->get() : nullptr;
 }
 
+/// As a comparison with localName(), but most names are told apart by their ends.
+bool hasLocalName(std::string_view name, std::string_view wanted)
+{
+    const bool mayMatch = name.size() >= wanted.size() && !wanted.empty() && name.back() == wanted.back();
+    if (!mayMatch || !name.ends_with(wanted))
+        return false;
+    const std::size_t prefix = name.size() - wanted.size();
+    return name.find(':') == (prefix == 0 ? std::string_view::npos : prefix - 1);
+}
+
 } // namespace
 
 std::vector<PathComponent> parsePath(std::string_view path)
@@ -41,7 +51,7 @@ std::vector<PathComponent> parsePath(std::string_view path)
 
 bool matches(const Element& element, const PathComponent& component)
 {
-    if (element.localName() != component.name)
+    if (!hasLocalName(element.name, component.name))
         return false;
     if (!component.attributeFilter)
         return true;
@@ -75,7 +85,7 @@ ElementPlace locate(Element& start, const std::vector<PathComponent>& path)
         return found;
     for (std::size_t index = 0; index < start.children.size(); ++index) {
         Element* child = elementAt(start, index);
-        if (!child)
+        if (!child || child->children.empty())
             continue;
         if (const ElementPlace found = locate(*child, path); found.parent)
             return found;

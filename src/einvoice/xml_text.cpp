@@ -34,6 +34,17 @@ Replacement replacementOf(unsigned char byte)
     }
 }
 
+/// The bytes that stay whatever stands beside them.
+constexpr std::array<bool, 256> plainBytes()
+{
+    std::array<bool, 256> plain{};
+    for (unsigned byte = 0x20; byte < 0xc2; ++byte)
+        plain[byte] = byte != 0x7f && byte != '&' && byte != '<' && byte != '>';
+    return plain;
+}
+
+constexpr std::array<bool, 256> isPlain = plainBytes();
+
 /// How many bytes at a place are a character that must not be written: U+0080 to U+009F, U+FFFE, U+FFFF.
 std::size_t forbiddenAt(std::string_view text, std::size_t at)
 {
@@ -83,6 +94,8 @@ void appendEscaped(std::string& out, std::string_view text)
     std::size_t begin = 0; // of what is to be copied as it stands
     for (std::size_t i = 0; i < text.size(); ++i) {
         const auto byte = static_cast<unsigned char>(text[i]);
+        if (isPlain[byte])
+            continue;
         const std::size_t forbidden = byte >= 0xc2 ? forbiddenAt(text, i) : 0;
         const Replacement replacement = forbidden > 0 ? Replacement{true, {}} : replacementOf(byte);
         if (!replacement.isReplaced)

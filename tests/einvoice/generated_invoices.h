@@ -66,18 +66,34 @@ inline Invoice drawnInvoice(std::uint32_t seed)
     Draw draw(seed);
     Invoice invoice = sampleInvoice();
     invoice.type = draw.of(std::vector{InvoiceType::invoice, InvoiceType::cancellation, InvoiceType::quote});
-    for (QString Invoice::*field :
-         {&Invoice::name, &Invoice::businessName, &Invoice::email, &Invoice::addressLineOne, &Invoice::addressLineTwo,
-          &Invoice::addressPostcode, &Invoice::addressCity, &Invoice::addressState, &Invoice::senderName,
-          &Invoice::senderBusinessName, &Invoice::senderAddressLineOne, &Invoice::senderAddressLineTwo,
-          &Invoice::senderAddressPostcode, &Invoice::senderAddressCity, &Invoice::senderAddressState,
-          &Invoice::senderEmail, &Invoice::senderPhone, &Invoice::senderTaxNumber, &Invoice::senderVatNumber,
-          &Invoice::senderAdditionalNumbers, &Invoice::senderBic, &Invoice::note})
+    for (QString Invoice::* field : {&Invoice::name,
+                                     &Invoice::businessName,
+                                     &Invoice::email,
+                                     &Invoice::addressLineOne,
+                                     &Invoice::addressLineTwo,
+                                     &Invoice::addressPostcode,
+                                     &Invoice::addressCity,
+                                     &Invoice::addressState,
+                                     &Invoice::senderName,
+                                     &Invoice::senderBusinessName,
+                                     &Invoice::senderAddressLineOne,
+                                     &Invoice::senderAddressLineTwo,
+                                     &Invoice::senderAddressPostcode,
+                                     &Invoice::senderAddressCity,
+                                     &Invoice::senderAddressState,
+                                     &Invoice::senderEmail,
+                                     &Invoice::senderPhone,
+                                     &Invoice::senderTaxNumber,
+                                     &Invoice::senderVatNumber,
+                                     &Invoice::senderAdditionalNumbers,
+                                     &Invoice::senderBic,
+                                     &Invoice::note})
         invoice.*field = drawnText(draw);
     invoice.senderIban = draw.of(std::vector{QString(), QStringLiteral("DE89 3704\u00a00044 0532 0130 00")});
     invoice.reference = draw.oneIn(3) ? std::nullopt : std::optional(drawnText(draw));
     invoice.addressCountry.code = draw.of(std::vector{QStringLiteral("DE"), QStringLiteral("JP")});
-    invoice.currency.code = draw.of(std::vector{QStringLiteral("EUR"), QStringLiteral("USD"), QStringLiteral("JPY")});
+    invoice.currency.code =
+        draw.of(std::vector{QStringLiteral("EUR"), QStringLiteral("USD"), QStringLiteral("JPY")});
     invoice.date = noon(2020 + draw.below(10), 1 + draw.below(12), 1 + draw.below(28));
     invoice.serviceDateStart = noon(2019, 12, 31);
     if (draw.oneIn(2))
@@ -92,9 +108,8 @@ inline Invoice drawnInvoice(std::uint32_t seed)
     const int count = draw.below(6);
     for (int i = 0; i < count; ++i) {
         const double sign = invoice.type == InvoiceType::cancellation || draw.oneIn(8) ? -1 : 1;
-        Invoice::Item item =
-            sampleItem(drawnText(draw), drawnNumber(draw), static_cast<Unit>(draw.below(5)), sign * drawnNumber(draw),
-                       draw.of(std::vector{19.0, 7.0, 0.0, 7.7}));
+        Invoice::Item item = sampleItem(drawnText(draw), drawnNumber(draw), static_cast<Unit>(draw.below(5)),
+                                        sign * drawnNumber(draw), draw.of(std::vector{19.0, 7.0, 0.0, 7.7}));
         invoice.items.push_back(item);
     }
     return invoice;

@@ -35,17 +35,33 @@ QString kept(const QString& text)
     return isBlank(text.toStdString()) ? QString() : text;
 }
 
-/// The record as a reader of its e-invoice sees it, by the tables of paths: what they do not carry is at its default.
+/// The record as a reader of its e-invoice sees it, by the tables of paths: what they do not carry is at its
+/// default.
 Invoice asRead(const Invoice& invoice, const Invoice& blank)
 {
     Invoice read = blank;
-    for (QString Invoice::*field :
-         {&Invoice::note, &Invoice::senderName, &Invoice::senderBusinessName, &Invoice::senderAdditionalNumbers,
-          &Invoice::senderPhone, &Invoice::senderEmail, &Invoice::senderAddressLineOne,
-          &Invoice::senderAddressLineTwo, &Invoice::senderAddressPostcode, &Invoice::senderAddressCity,
-          &Invoice::senderAddressState, &Invoice::senderTaxNumber, &Invoice::senderVatNumber, &Invoice::senderBic,
-          &Invoice::name, &Invoice::businessName, &Invoice::email, &Invoice::addressLineOne,
-          &Invoice::addressLineTwo, &Invoice::addressPostcode, &Invoice::addressCity, &Invoice::addressState})
+    for (QString Invoice::* field : {&Invoice::note,
+                                     &Invoice::senderName,
+                                     &Invoice::senderBusinessName,
+                                     &Invoice::senderAdditionalNumbers,
+                                     &Invoice::senderPhone,
+                                     &Invoice::senderEmail,
+                                     &Invoice::senderAddressLineOne,
+                                     &Invoice::senderAddressLineTwo,
+                                     &Invoice::senderAddressPostcode,
+                                     &Invoice::senderAddressCity,
+                                     &Invoice::senderAddressState,
+                                     &Invoice::senderTaxNumber,
+                                     &Invoice::senderVatNumber,
+                                     &Invoice::senderBic,
+                                     &Invoice::name,
+                                     &Invoice::businessName,
+                                     &Invoice::email,
+                                     &Invoice::addressLineOne,
+                                     &Invoice::addressLineTwo,
+                                     &Invoice::addressPostcode,
+                                     &Invoice::addressCity,
+                                     &Invoice::addressState})
         read.*field = kept(invoice.*field);
     read.senderIban = QString(invoice.senderIban).removeIf([](QChar c) { return c.isSpace(); });
     read.senderAddressCountry = invoice.senderAddressCountry;
@@ -139,8 +155,9 @@ void RoundTripTest::sumsFollowTheFormulas()
             shares.push_back(cents(discountShare(invoice, group)));
             // Rounded each on its own, basis and share may part by a cent from what they are taken from.
             if (subtotal != 0)
-                QVERIFY(std::abs(group.originalBasis - group.discountedBasis - discountShare(invoice, group)) < 0.0151 +
-                            1e-9 * std::abs(group.originalBasis));
+                QVERIFY(
+                    std::abs(group.originalBasis - group.discountedBasis - discountShare(invoice, group)) <
+                    0.0151 + 1e-9 * std::abs(group.originalBasis));
         }
         QVERIFY(std::abs(wholeBasis - subtotal) <= 1e-9 * std::max(1.0, std::abs(subtotal)));
         const XMLDocument document = parsed(written(invoice));
@@ -150,9 +167,12 @@ void RoundTripTest::sumsFollowTheFormulas()
         };
         QCOMPARE(inCents(valuesOf(*document.root, "ApplicableTradeTax", "BasisAmount")), bases);
         QCOMPARE(inCents(valuesOf(*document.root, "ApplicableTradeTax", "CalculatedAmount")), amounts);
-        const auto allowances = inCents(valuesOf(*document.root, "SpecifiedTradeAllowanceCharge", "ActualAmount"));
+        const auto allowances =
+            inCents(valuesOf(*document.root, "SpecifiedTradeAllowanceCharge", "ActualAmount"));
         QCOMPARE(allowances, invoice.discount() == 0 ? std::vector<double>() : shares);
-        const auto total = [&](const char* name) { return cents(decimalFrom(document.root->textAt(name)).value()); };
+        const auto total = [&](const char* name) {
+            return cents(decimalFrom(document.root->textAt(name)).value());
+        };
         QCOMPARE(total("SpecifiedTradeSettlementHeaderMonetarySummation/LineTotalAmount"), cents(subtotal));
         QCOMPARE(total("AllowanceTotalAmount"), cents(invoice.discount()));
         QCOMPARE(total("GrandTotalAmount"), cents(invoice.total()));
@@ -175,7 +195,8 @@ void RoundTripTest::outputIsClean()
         const QString xml = QString::fromUtf8(written(invoice));
         for (const QRegularExpression& refused : {exponent, negativeZero, control}) {
             const QRegularExpressionMatch match = refused.match(xml);
-            QVERIFY2(!match.hasMatch(), qPrintable(QStringLiteral("seed %1: %2").arg(seed).arg(match.captured())));
+            QVERIFY2(!match.hasMatch(),
+                     qPrintable(QStringLiteral("seed %1: %2").arg(seed).arg(match.captured())));
         }
     }
 }

@@ -53,8 +53,8 @@ Counted counted(const QByteArray& xml)
             found.lines += reader.name() == u"IncludedSupplyChainTradeLineItem" ? 1 : 0;
         } else if (token == QXmlStreamReader::EndElement) {
             path.removeLast();
-        } else if (token == QXmlStreamReader::Characters && path.size() == 3 && path[1] == u"ExchangedDocument" &&
-                   path[2] == u"ID") {
+        } else if (token == QXmlStreamReader::Characters && path.size() == 3 &&
+                   path[1] == u"ExchangedDocument" && path[2] == u"ID") {
             found.number += reader.text();
         }
     }
@@ -86,14 +86,16 @@ void ViewerTest::showsTheInvoice()
     QVERIFY(invoice.differences.empty());
     const QString light = ViewerHTMLGenerator::html(invoice, {});
     for (const char* part :
-         {"Invoice 2026-007", "1 April 2026", "<tr><td>Design<br>logo</td><td>2\u00a0Hours</td><td>€80.00</td><td>€160.00</td></tr>",
+         {"Invoice 2026-007", "1 April 2026",
+          "<tr><td>Design<br>logo</td><td>2\u00a0Hours</td><td>€80.00</td><td>€160.00</td></tr>",
           "<tr><th>19.0&hairsp;%</th><td>€30.40</td></tr><tr><th>Total</th><td>€210.40</td></tr>", "REF-1",
           "Please pay the invoice within 14 days.", "&lt;times&gt;.pdf", "HASPDEHHXXX", "48/123/45678"})
         QVERIFY2(light.contains(QString::fromUtf8(part)), part);
     QVERIFY(!light.contains(QStringLiteral("{{")));
     const QString dark = ViewerHTMLGenerator::html(invoice, {Language::german, ViewerAppearance::dark});
     QVERIFY(dark.contains(QStringLiteral("#161616")) && !light.contains(QStringLiteral("#161616")));
-    QVERIFY(dark.contains(QStringLiteral("Rechnung 2026-007")) && dark.contains(QStringLiteral("19,0&hairsp;%")));
+    QVERIFY(dark.contains(QStringLiteral("Rechnung 2026-007")) &&
+            dark.contains(QStringLiteral("19,0&hairsp;%")));
 }
 
 void ViewerTest::creditNote()
@@ -104,7 +106,8 @@ void ViewerTest::creditNote()
         item.unitPrice = -item.unitPrice;
     const OpenedEInvoice invoice = opened(written(cancellation));
     const QString html = ViewerHTMLGenerator::html(invoice, {});
-    QVERIFY(html.contains(QStringLiteral("Credit Note 2026-007")) && html.contains(QStringLiteral("−2\u00a0Hours")));
+    QVERIFY(html.contains(QStringLiteral("Credit Note 2026-007")) &&
+            html.contains(QStringLiteral("−2\u00a0Hours")));
     QVERIFY(!html.contains(QStringLiteral("Please pay")));
     QCOMPARE(invoice.viewer.typeCode, qint64{381});
 }
@@ -113,9 +116,10 @@ void ViewerTest::markupIsText()
 {
     Invoice invoice = sample();
     const QString attack = QStringLiteral("</title></style><img src=x onerror=alert(1)>\"' {{items}}");
-    for (QString Invoice::*field : {&Invoice::name, &Invoice::senderName, &Invoice::note, &Invoice::senderIban,
-                                    &Invoice::senderTaxNumber, &Invoice::addressCity, &Invoice::senderEmail,
-                                    &Invoice::senderBic, &Invoice::senderAdditionalNumbers, &Invoice::businessName})
+    for (QString Invoice::* field :
+         {&Invoice::name, &Invoice::senderName, &Invoice::note, &Invoice::senderIban,
+          &Invoice::senderTaxNumber, &Invoice::addressCity, &Invoice::senderEmail, &Invoice::senderBic,
+          &Invoice::senderAdditionalNumbers, &Invoice::businessName})
         invoice.*field = attack;
     invoice.reference = attack;
     invoice.currency.code = attack;
@@ -131,7 +135,7 @@ void ViewerTest::markupIsText()
     QCOMPARE(html.count(QStringLiteral("</title>")), qsizetype{1});
     static const QRegularExpression values(QStringLiteral("data-value=\"([^\"]*)\"[^>]*>"));
     for (auto match = values.globalMatch(html); match.hasNext();)
-        QVERIFY(!match.next().captured(0).contains(u'\''+QStringLiteral(" {{items}}\"'")));
+        QVERIFY(!match.next().captured(0).contains(u'\'' + QStringLiteral(" {{items}}\"'")));
 }
 
 void ViewerTest::foreignValues_data()
@@ -168,7 +172,8 @@ void ViewerTest::foreignValues()
 void ViewerTest::statedTotals()
 {
     QByteArray xml = written(sample());
-    xml.replace("<ram:GrandTotalAmount>210.40", "<ram:TotalPrepaidAmount>100.00</ram:TotalPrepaidAmount><ram:GrandTotalAmount>211.40");
+    xml.replace("<ram:GrandTotalAmount>210.40",
+                "<ram:TotalPrepaidAmount>100.00</ram:TotalPrepaidAmount><ram:GrandTotalAmount>211.40");
     xml.replace("<ram:DuePayableAmount>210.40", "<ram:DuePayableAmount>111.4");
     const OpenedEInvoice invoice = opened(xml);
     const std::vector<StatedDifference> expected = {

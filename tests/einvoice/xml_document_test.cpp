@@ -129,7 +129,8 @@ void XmlDocumentTest::fragments_data()
     QTest::newRow("three") << QByteArray("<ram:x>1</ram:x><udt:y/> <z>3</z>")
                            << QByteArray("head party party x y z tail");
     QTest::newRow("broken") << QByteArray("<x>") << QByteArray("head party party slot tail");
-    QTest::newRow("document type") << QByteArray("<!DOCTYPE x><x/>") << QByteArray("head party party slot tail");
+    QTest::newRow("document type") << QByteArray("<!DOCTYPE x><x/>")
+                                   << QByteArray("head party party slot tail");
 }
 
 void XmlDocumentTest::fragments()
@@ -143,7 +144,8 @@ void XmlDocumentTest::fragments()
     QByteArrayList names;
     for (const Element::Child& child : root(document).children) {
         if (const auto* element = std::get_if<std::unique_ptr<Element>>(&child))
-            names += QByteArray((*element)->localName().data(), static_cast<qsizetype>((*element)->localName().size()));
+            names += QByteArray((*element)->localName().data(),
+                                static_cast<qsizetype>((*element)->localName().size()));
     }
     QCOMPARE(names.join(' '), children);
 }
@@ -171,7 +173,9 @@ void XmlDocumentTest::escapes()
     element.children.emplace_back(text);
     element.attributes.push_back({"k", "a\"b<c>&\n\t\r\x02"});
     const QByteArray written = bytesOf(element.serialise(0));
-    QCOMPARE(written, QByteArray("<a k=\"a&quot;b&lt;c&gt;&amp;&#10;&#9;&#13;\">&lt;&amp;&gt;\"' &#13;\n\tü€]]&gt;</a>"));
+    QCOMPARE(
+        written,
+        QByteArray("<a k=\"a&quot;b&lt;c&gt;&amp;&#10;&#9;&#13;\">&lt;&amp;&gt;\"' &#13;\n\tü€]]&gt;</a>"));
     const auto again = XMLDocument::parse(written.toStdString());
     QCOMPARE(bytesOf(root(again).text()), QByteArray("<&>\"' \r\n\tü€]]>"));
     QCOMPARE(bytesOf(root(again).attributes.front().value), QByteArray("a\"b<c>&\n\t\r"));
@@ -193,10 +197,12 @@ void XmlDocumentTest::encodings_data()
     QTest::newRow("UTF-16 without its mark") << encoded(QStringConverter::Utf16BE, "UTF-16", false);
     QTest::newRow("UTF-32") << encoded(QStringConverter::Utf32LE, "UTF-32", true);
     QTest::newRow("UTF-8 that says UTF-16") << encoded(QStringConverter::Utf8, "UTF-16", false);
-    QTest::newRow("windows-1252") << QByteArray("<?xml version='1.0' encoding='windows-1252'?><a>K\xf6ln \x80</a>");
-    QTest::newRow("ISO-8859-15") << QByteArray("<?xml version='1.0' encoding=\"ISO-8859-15\"?><a>K\xf6ln \xa4</a>");
-    QTest::newRow("ISO-8859-1")
-        << QByteArray("<?xml version='1.0' encoding=\"iso-8859-1\"?><a>K\xf6ln &#x20AC;</a>");
+    QTest::newRow("windows-1252") << QByteArray(
+        "<?xml version='1.0' encoding='windows-1252'?><a>K\xf6ln \x80</a>");
+    QTest::newRow("ISO-8859-15") << QByteArray(
+        "<?xml version='1.0' encoding=\"ISO-8859-15\"?><a>K\xf6ln \xa4</a>");
+    QTest::newRow("ISO-8859-1") << QByteArray(
+        "<?xml version='1.0' encoding=\"iso-8859-1\"?><a>K\xf6ln &#x20AC;</a>");
 }
 
 void XmlDocumentTest::encodings()
@@ -217,8 +223,9 @@ void XmlDocumentTest::hostile_data()
     QTest::newRow("nothing") << QByteArray() << false;
     QTest::newRow("only a declaration") << QByteArray("<?xml version='1.0'?>") << false;
     QTest::newRow("text alone") << QByteArray("hello") << false;
-    QTest::newRow("entity bomb")
-        << QByteArray("<!DOCTYPE a [<!ENTITY b 'x'><!ENTITY c '&b;&b;&b;&b;'>]><a>&c;</a>") << false;
+    QTest::newRow("entity bomb") << QByteArray(
+                                        "<!DOCTYPE a [<!ENTITY b 'x'><!ENTITY c '&b;&b;&b;&b;'>]><a>&c;</a>")
+                                 << false;
     QTest::newRow("external entity")
         << QByteArray("<!DOCTYPE a [<!ENTITY b SYSTEM 'file:///etc/passwd'>]><a>&b;</a>") << false;
     QTest::newRow("document type alone") << QByteArray("<!DOCTYPE html><a/>") << false;
@@ -234,7 +241,8 @@ void XmlDocumentTest::hostile_data()
     QTest::newRow("half a UTF-16 file") << QByteArray("\xff\xfe<\0a\0>", 7) << false;
     QTest::newRow("too many elements")
         << "<a>" + repeated("<b/>", static_cast<int>(mostXmlElements)) + "</a>" << false;
-    QTest::newRow("too large") << "<a>" + QByteArray(static_cast<qsizetype>(largestXml), 'x') + "</a>" << false;
+    QTest::newRow("too large") << "<a>" + QByteArray(static_cast<qsizetype>(largestXml), 'x') + "</a>"
+                               << false;
     QByteArray attributes;
     for (std::size_t i = 0; i <= mostXmlAttributes; ++i)
         attributes += " a" + QByteArray::number(i) + "='1'";
@@ -251,7 +259,8 @@ void XmlDocumentTest::hostile()
 
 void XmlDocumentTest::neighbouringRunsAreOneText()
 {
-    const auto document = XMLDocument::parse("<a>one &amp; two\nthree<!-- no --><![CDATA[ <four>]]><?pi?> five</a>");
+    const auto document =
+        XMLDocument::parse("<a>one &amp; two\nthree<!-- no --><![CDATA[ <four>]]><?pi?> five</a>");
     QCOMPARE(root(document).children.size(), std::size_t{1});
     QCOMPARE(bytesOf(root(document).text()), QByteArray("one & two\nthree <four> five"));
 }

@@ -20,7 +20,8 @@ Invoice::Item line(double vat)
     return sampleItem(QStringLiteral("Work"), 3, Unit::hour, 12.5, vat);
 }
 
-XMLDocument generated(const Invoice& invoice, const InvoiceLookup& invoices = [](const QUuid&) { return std::nullopt; })
+XMLDocument
+generated(const Invoice& invoice, const InvoiceLookup& invoices = [](const QUuid&) { return std::nullopt; })
 {
     const QByteArray xml = XMLGenerator::generate(invoice, Profile(), invoices).value();
     return std::move(XMLDocument::parse(xml.toStdString()).value());
@@ -63,7 +64,8 @@ void XmlGeneratorTest::ratesAndCategories()
 
 void XmlGeneratorTest::numbersOfALine()
 {
-    const XMLDocument document = generated(withItems({line(19), sampleItem(QStringLiteral("A"), 2.5, Unit::lumpSum, 1e-5, 7)}));
+    const XMLDocument document =
+        generated(withItems({line(19), sampleItem(QStringLiteral("A"), 2.5, Unit::lumpSum, 1e-5, 7)}));
     QCOMPARE(texts(*document.root, "BilledQuantity"), QByteArray("3.0 2.5"));
     QCOMPARE(document.root->find("BilledQuantity")->attribute("unitCode").value(), std::string_view("HUR"));
     QCOMPARE(texts(*document.root, "ChargeAmount"), QByteArray("12.5000 12.5000 0.0000 0.0000"));
@@ -94,7 +96,8 @@ void XmlGeneratorTest::cancellation()
     QCOMPARE(texts(*named.root, "TypeCode").left(3), QByteArray("381"));
     QCOMPARE(texts(*named.root, "BilledQuantity"), QByteArray("-3.0"));
     QCOMPARE(texts(*named.root, "ChargeAmount"), QByteArray("12.5000 12.5000"));
-    QCOMPARE(QByteArray::fromStdString(named.root->textAt("ExchangedDocument/ID")), QByteArray("STO-2026-007"));
+    QCOMPARE(QByteArray::fromStdString(named.root->textAt("ExchangedDocument/ID")),
+             QByteArray("STO-2026-007"));
     const Element& reference = *named.root->find("AdditionalReferencedDocument");
     QCOMPARE(texts(reference, "IssuerAssignedID"), QByteArray("2026-007"));
     QCOMPARE(texts(reference, "TypeCode"), QByteArray("130"));
@@ -114,7 +117,8 @@ void XmlGeneratorTest::allowances()
     const XMLDocument byPercentage = generated(invoice);
     QCOMPARE(texts(*byPercentage.root, "CalculationPercent"), QByteArray("10.00 10.00"));
     QCOMPARE(texts(*byPercentage.root, "ReasonCode"), QByteArray("95 95"));
-    QCOMPARE(texts(*byPercentage.root->find("SpecifiedTradeAllowanceCharge"), "BasisAmount"), QByteArray("37.50"));
+    QCOMPARE(texts(*byPercentage.root->find("SpecifiedTradeAllowanceCharge"), "BasisAmount"),
+             QByteArray("37.50"));
 }
 
 void XmlGeneratorTest::emptyFieldsVanish()
@@ -137,16 +141,18 @@ void XmlGeneratorTest::missingFields()
 {
     const QStringList all = XMLGenerator::validate(Invoice());
     QCOMPARE(all.join(u'|'),
-             QStringLiteral("Sender name|Sender email|Sender phone number|Sender postcode|Sender city|Sender tax number "
-                            "or VAT ID|Sender IBAN|Sender BIC|Recipient name|Recipient email|Recipient "
-                            "postcode|Recipient city|At least one invoice item"));
+             QStringLiteral(
+                 "Sender name|Sender email|Sender phone number|Sender postcode|Sender city|Sender tax number "
+                 "or VAT ID|Sender IBAN|Sender BIC|Recipient name|Recipient email|Recipient "
+                 "postcode|Recipient city|At least one invoice item"));
     Invoice invoice = withItems({line(19), line(19)});
     invoice.senderPhone = invoice.email = QStringLiteral(" "); // blank is not empty
     invoice.items[1].item.clear();
     QCOMPARE(XMLGenerator::validate(invoice), QStringList(QStringLiteral("Description for item 2")));
-    QCOMPARE(missingFieldsText({QStringLiteral("A"), QStringLiteral("B")}),
-             QStringLiteral("The following required fields for e-invoices are empty:\n\n–\u2002A\n–\u2002B\n\n"
-                            "The exported invoice may not be valid."));
+    QCOMPARE(
+        missingFieldsText({QStringLiteral("A"), QStringLiteral("B")}),
+        QStringLiteral("The following required fields for e-invoices are empty:\n\n–\u2002A\n–\u2002B\n\n"
+                       "The exported invoice may not be valid."));
 }
 
 static const test::RegisterSuite<XmlGeneratorTest> registered("xml_generator_test");

@@ -20,7 +20,8 @@ QByteArray contentOf(const QString& path)
 QMap<QString, QStringList> knownRules()
 {
     QMap<QString, QStringList> known;
-    const QString list = QString::fromUtf8(contentOf(QStringLiteral(LEDRA_TEST_FILES "/einvoice/broken-rules.txt")));
+    const QString list =
+        QString::fromUtf8(contentOf(QStringLiteral(LEDRA_TEST_FILES "/einvoice/broken-rules.txt")));
     for (const QString& line : list.split(u'\n', Qt::SkipEmptyParts)) {
         const QStringList parts = line.split(QStringLiteral(": "));
         if (!line.startsWith(u'#') && parts.size() == 2)
@@ -50,7 +51,8 @@ void BrokenRulesTest::caseFiles_data()
         const QFileInfoList files = QDir(QString::fromUtf8(folder)).entryInfoList({QStringLiteral("*.json")});
         QVERIFY(files.size() > 5);
         for (const QFileInfo& file : files) {
-            if (file.completeBaseName() != u"invoice-consulting-us") // it lacks an account, and is refused before
+            if (file.completeBaseName() !=
+                u"invoice-consulting-us") // it lacks an account, and is refused before
                 QTest::newRow(qPrintable(file.completeBaseName()))
                     << file.filePath() << known.take(file.completeBaseName());
         }

@@ -32,9 +32,10 @@ QByteArray xmlOf(const Invoice& invoice)
 /// A page without anything on it, as another program would make it.
 QByteArray plainPdf()
 {
-    const QByteArray page = "%PDF-1.4\n1 0 obj\n<< /Type /Catalog /Pages 2 0 R >>\nendobj\n2 0 obj\n<< /Type /Pages "
-                            "/Kids [3 0 R] /Count 1 >>\nendobj\n3 0 obj\n<< /Type /Page /Parent 2 0 R /MediaBox [0 0 "
-                            "595 842] >>\nendobj\ntrailer\n<< /Root 1 0 R /Size 4 >>\nstartxref\n0\n%%EOF\n";
+    const QByteArray page =
+        "%PDF-1.4\n1 0 obj\n<< /Type /Catalog /Pages 2 0 R >>\nendobj\n2 0 obj\n<< /Type /Pages "
+        "/Kids [3 0 R] /Count 1 >>\nendobj\n3 0 obj\n<< /Type /Page /Parent 2 0 R /MediaBox [0 0 "
+        "595 842] >>\nendobj\ntrailer\n<< /Root 1 0 R /Size 4 >>\nstartxref\n0\n%%EOF\n";
     return page;
 }
 
@@ -47,13 +48,15 @@ QByteArray withAnnotation(const QString& author, const QString& contents)
 
 QByteArray exported(const Invoice& invoice)
 {
-    return withAnnotation(QStringLiteral("LedraInvoiceData"), QString::fromUtf8(encodeInvoiceForEmbedding(invoice)));
+    return withAnnotation(QStringLiteral("LedraInvoiceData"),
+                          QString::fromUtf8(encodeInvoiceForEmbedding(invoice)));
 }
 
 /// The stores in a home of their own, with a file to import.
 struct Desk
 {
-    explicit Desk(const QByteArray& content, const QString& name = QStringLiteral("in.pdf")) : path(home.path(name))
+    explicit Desk(const QByteArray& content, const QString& name = QStringLiteral("in.pdf"))
+        : path(home.path(name))
     {
         isReady = home.put(path, content);
     }
@@ -93,8 +96,9 @@ void InvoiceImporterTest::exportedPdfComesBackUnchanged()
     const auto second = desk.importer.importPDF(desk.path);
     QVERIFY(!second);
     QCOMPARE(second.error().message,
-             QStringLiteral("There is already another version of this invoice. If you still want to import it, you must "
-                            "first delete the existing one."));
+             QStringLiteral(
+                 "There is already another version of this invoice. If you still want to import it, you must "
+                 "first delete the existing one."));
     QVERIFY(desk.invoices.remove(invoice.id));
     const auto third = desk.importer.importFile(desk.path);
     QVERIFY(third && **third->record == invoice);
@@ -112,13 +116,14 @@ void InvoiceImporterTest::refusals_data()
     const QString record = QString::fromUtf8(encodeInvoiceForEmbedding(sample()));
     QTest::newRow("of another program") << pdf << plainPdf() << foreignPdf;
     QTest::newRow("other author") << pdf << withAnnotation(QStringLiteral("Somebody"), record) << foreignPdf;
-    QTest::newRow("damaged record")
-        << pdf << withAnnotation(QStringLiteral("LedraInvoiceData"), record.left(300)) << foreignPdf;
+    QTest::newRow("damaged record") << pdf
+                                    << withAnnotation(QStringLiteral("LedraInvoiceData"), record.left(300))
+                                    << foreignPdf;
     QTest::newRow("no PDF behind the header") << pdf << QByteArray("%PDF-1.7 and nothing") << unopened;
     QTest::newRow("cut off") << pdf << exported(sample()).left(400) << unopened;
     QTest::newRow("PDF that is not there") << QStringLiteral("none.pdf") << QByteArray() << unopened;
-    QTest::newRow("XML that is not there")
-        << QStringLiteral("none.xml") << QByteArray() << QStringLiteral("Could not read the selected XML file.");
+    QTest::newRow("XML that is not there") << QStringLiteral("none.xml") << QByteArray()
+                                           << QStringLiteral("Could not read the selected XML file.");
     QTest::newRow("not well-formed") << xml << xmlOf(sample()).left(900) << noEInvoice;
     QTest::newRow("another syntax") << xml << QByteArray("<Invoice><ID>1</ID></Invoice>") << noEInvoice;
     QTest::newRow("without a number")
@@ -158,7 +163,8 @@ void InvoiceImporterTest::eInvoiceBecomesADraft_data()
     QTest::newRow("XML") << QStringLiteral("in.xml") << xml;
     QTest::newRow("hybrid of another program") << QStringLiteral("in.pdf") << hybrid;
     // The names have the same length, so that the file stays whole.
-    QTest::newRow("older name") << QStringLiteral("in.pdf") << QByteArray(hybrid).replace("(factur-x.xml)", "(xrechnung.xml)");
+    QTest::newRow("older name") << QStringLiteral("in.pdf")
+                                << QByteArray(hybrid).replace("(factur-x.xml)", "(xrechnung.xml)");
     QTest::newRow("by its content") << QStringLiteral("in.bin") << hybrid;
 }
 

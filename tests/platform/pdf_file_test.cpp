@@ -1,27 +1,14 @@
 #include "platform/pdf_file.h"
+#include "support/pdf_of_objects.h"
 #include "support/test_suite.h"
 
 #include <QRegularExpression>
 #include <QTest>
 
 using namespace ledra;
+using test::pdfOf;
 
 namespace {
-
-/// A PDF of these objects, the first of which is the catalog.
-QByteArray pdfOf(const QList<QByteArray>& objects)
-{
-    QByteArray pdf = "%PDF-1.4\n";
-    QByteArray table = "0000000000 65535 f \n";
-    for (qsizetype i = 0; i < objects.size(); ++i) {
-        table += QByteArray::number(pdf.size()).rightJustified(10, '0') + " 00000 n \n";
-        pdf += QByteArray::number(i + 1) + " 0 obj\n" + objects[i] + "\nendobj\n";
-    }
-    const QByteArray start = QByteArray::number(pdf.size());
-    const QByteArray count = QByteArray::number(objects.size() + 1);
-    return pdf + "xref\n0 " + count + '\n' + table + "trailer\n<< /Root 1 0 R /Size " + count +
-           " >>\nstartxref\n" + start + "\n%%EOF\n";
-}
 
 const QByteArray catalog = "<< /Type /Catalog /Pages 2 0 R >>";
 

@@ -47,6 +47,14 @@ inline QByteArray outputOfPdfTool(const QByteArray& pdf, const QString& tool, co
     return done && process.exitCode() == 0 ? process.readAllStandardOutput() : QByteArray();
 }
 
+/// The same with the options in one line, of which two blanks enclose an empty one.
+inline QByteArray outputOfPdfTool(const QByteArray& pdf, const char* tool, const char* options,
+                                  const QStringList& after = {})
+{
+    const QStringList words = QString::fromLatin1(options).split(u' ');
+    return outputOfPdfTool(pdf, QString::fromLatin1(tool), words, after);
+}
+
 /// The pages of a PDF as another program reads them (pdftotext of poppler-utils); none when it cannot.
 inline std::vector<PdfPage> pagesOfPdf(const QByteArray& pdf)
 {
