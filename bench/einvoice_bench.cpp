@@ -1,5 +1,6 @@
-// Times the work on e-invoices, warm: making the XML of an invoice, putting it onto a finished PDF, and reading a large
-// document beside libxml2. Prints one line "name seconds" for each median, which bench/run makes a table of.
+// Times the work on e-invoices, warm: making the XML of an invoice, putting it onto a finished PDF, and
+// reading a large document beside libxml2. Prints one line "name seconds" for each median, which bench/run
+// makes a table of.
 //   usage: einvoice_bench INVOICE.json PAGE.pdf [XML-FILE]     with XML-FILE the XML is written there as well
 
 #include "einvoice/xml_generator.h"
@@ -43,7 +44,8 @@ QByteArray made(const Invoice& invoice)
 void timeGeneration(const Invoice& invoice)
 {
     qsizetype length = 0;
-    std::printf("einvoice_cii_own %.9f\n", warmMedian(warmRounds, rounds, [&] { length = made(invoice).size(); }));
+    std::printf("einvoice_cii_own %.9f\n",
+                warmMedian(warmRounds, rounds, [&] { length = made(invoice).size(); }));
     require(length > 10'000, "the e-invoice is too short to be one");
 }
 
@@ -73,7 +75,8 @@ void timeReading(Invoice invoice)
         own.push_back(secondsOf([&] { isRead = XMLDocument::parse(text).has_value(); }));
         xmlDocPtr document = nullptr;
         peer.push_back(secondsOf([&] {
-            document = xmlReadMemory(text.data(), static_cast<int>(text.size()), "", "UTF-8", XML_PARSE_NONET);
+            document =
+                xmlReadMemory(text.data(), static_cast<int>(text.size()), "", "UTF-8", XML_PARSE_NONET);
             if (document)
                 xmlFreeDoc(document);
         }));
