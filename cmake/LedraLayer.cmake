@@ -1,14 +1,24 @@
 # Settings that every target of this project shares.
 add_library(ledra_options INTERFACE)
 target_compile_options(ledra_options INTERFACE
-  -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wnon-virtual-dtor -Werror)
+  -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wnon-virtual-dtor)
 target_compile_definitions(ledra_options INTERFACE
   QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_KEYWORDS QT_NO_FOREACH
   QT_DISABLE_DEPRECATED_BEFORE=0x060400)
-if(LEDRA_SANITIZE)
+if(LEDRA_FUZZ)
+  # clang counts changes of sign among the conversions, which GCC does not in C++.
+  target_compile_options(ledra_options INTERFACE -Wno-sign-conversion)
+  set(LEDRA_SANITIZERS fuzzer-no-link,address,undefined)
+else()
+  target_compile_options(ledra_options INTERFACE -Werror)
+  if(LEDRA_SANITIZE)
+    set(LEDRA_SANITIZERS address,undefined)
+  endif()
+endif()
+if(LEDRA_SANITIZERS)
   target_compile_options(ledra_options INTERFACE
-    -fsanitize=address,undefined -fno-omit-frame-pointer -fno-sanitize-recover=undefined)
-  target_link_options(ledra_options INTERFACE -fsanitize=address,undefined)
+    -fsanitize=${LEDRA_SANITIZERS} -fno-omit-frame-pointer -fno-sanitize-recover=undefined)
+  target_link_options(ledra_options INTERFACE -fsanitize=${LEDRA_SANITIZERS})
 endif()
 
 # ledra_layer(NAME LAYERS a b LIBRARIES x y)

@@ -1,7 +1,6 @@
 #include "einvoice/cii_fragments.h"
 
 #include "einvoice/cii_text.h"
-#include "einvoice/cii_units.h"
 #include "einvoice/xml_text.h"
 
 #include <cmath>
@@ -40,60 +39,11 @@ public:
         group("ChargeIndicator", [&] { text_ += "<udt:Indicator>false</udt:Indicator>"; });
     }
 
-    void quantity(std::string_view unit, std::string_view value)
-    {
-        text_.append("<ram:BilledQuantity unitCode=\"").append(unit).append("\">").append(value);
-        text_ += "</ram:BilledQuantity>";
-    }
-
     std::string take() { return std::move(text_); }
-    void reserve(std::size_t bytes) { text_.reserve(bytes); }
 
 private:
     std::string text_;
 };
-
-void writePrices(FragmentWriter& writer, double price)
-{
-    const std::string text = ciiUnitPrice(price);
-    writer.group("GrossPriceProductTradePrice", [&] {
-        writer.element("ChargeAmount", text);
-        writer.group("AppliedTradeAllowanceCharge", [&] {
-            writer.allowanceIndicator();
-            writer.element("ActualAmount", "0.00");
-        });
-    });
-    writer.group("NetPriceProductTradePrice", [&] { writer.element("ChargeAmount", text); });
-}
-
-void writeLineTax(FragmentWriter& writer, const FragmentSource& source, double rate)
-{
-    writer.group("ApplicableTradeTax", [&] {
-        writer.element("TypeCode", "VAT");
-        writer.elementIfPresent("ExemptionReason", source.exemptionReason);
-        writer.element("CategoryCode", vatCategory(rate));
-        writer.element("RateApplicablePercent", ciiPercentage(rate));
-    });
-}
-
-void writeLine(FragmentWriter& writer, const FragmentSource& source, const Invoice::Item& item,
-               std::size_t position)
-{
-    const Invoice& invoice = source.invoice;
-    const bool isCancellation = invoice.type == InvoiceType::cancellation;
-    writer.group("AssociatedDocumentLineDocument",
-                 [&] { writer.element("LineID", std::to_string(position)); });
-    writer.group("SpecifiedTradeProduct", [&] { writer.element("Name", item.item.toStdString()); });
-    writer.group("SpecifiedLineTradeAgreement", [&] { writePrices(writer, netUnitPrice(invoice, item)); });
-    writer.group("SpecifiedLineTradeDelivery", [&] {
-        writer.quantity(unitCode(item.unit), ciiQuantity(isCancellation ? -item.quantity : item.quantity));
-    });
-    writer.group("SpecifiedLineTradeSettlement", [&] {
-        writeLineTax(writer, source, item.vatPercentage);
-        writer.group("SpecifiedTradeSettlementLineMonetarySummation",
-                     [&] { writer.element("LineTotalAmount", ciiAmount(invoice.lineNet(item))); });
-    });
-}
 
 void writeAllowance(FragmentWriter& writer, const Invoice& invoice, const VATGroup& group)
 {
@@ -122,18 +72,6 @@ double netUnitPrice(const Invoice& invoice, const Invoice::Item& item)
 {
     const bool containsVat = invoice.grossPrices && item.vatPercentage > 0;
     return std::abs(containsVat ? item.unitPrice / (1 + item.vatPercentage / 100.0) : item.unitPrice);
-}
-
-std::string lineItems(const FragmentSource& source)
-{
-    constexpr std::size_t usualLine = 1400; // bytes
-    FragmentWriter writer;
-    writer.reserve(source.invoice.items.size() * usualLine);
-    std::size_t position = 0;
-    for (const Invoice::Item& item : source.invoice.items)
-        writer.group("IncludedSupplyChainTradeLineItem",
-                     [&] { writeLine(writer, source, item, ++position); });
-    return writer.take();
 }
 
 std::string vatBreakdown(const FragmentSource& source)

@@ -9,7 +9,7 @@
 
 namespace ledra {
 
-/// What the parts of a Cross Industry Invoice that repeat are made from.
+/// What the elements of a Cross Industry Invoice that are made for each document come from.
 struct FragmentSource
 {
     const Invoice& invoice;
@@ -25,7 +25,6 @@ double netUnitPrice(const Invoice& invoice, const Invoice::Item& item);
 
 // Each gives the text of some elements, without white space between them; empty when there are none.
 
-std::string lineItems(const FragmentSource& source);    ///< IncludedSupplyChainTradeLineItem, one an item
 std::string vatBreakdown(const FragmentSource& source); ///< ApplicableTradeTax, one a rate
 std::string allowances(const FragmentSource& source);   ///< SpecifiedTradeAllowanceCharge, one a rate
 

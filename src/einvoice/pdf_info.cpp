@@ -6,6 +6,9 @@ namespace ledra {
 
 namespace {
 
+// A file has this many objects at most (ISO 32000-1, annex C). What is appended counts on from their number.
+constexpr std::int64_t mostObjects = 8'388'607;
+
 bool isSpace(char c)
 {
     return c == ' ' || c == '\t' || c == '\r' || c == '\n' || c == '\f' || c == '\0';
@@ -119,7 +122,7 @@ std::optional<PDFInfo> readPdfInfo(const QByteArray& pdf)
     const auto size = numberBehind(*entries, "/Size");
     const auto catalog = root && offset ? objectBehind(all, *offset, *root) : std::nullopt;
     const auto body = catalog ? dictionaryBehind(all, *catalog) : std::nullopt;
-    if (!offset || !size || !body)
+    if (!offset || !size || *size > mostObjects || !body)
         return std::nullopt;
     return PDFInfo{*root, *size, *offset, body->toByteArray()};
 }

@@ -129,24 +129,30 @@ void Element::setAttribute(std::string_view path, std::string_view key, std::str
 
 void Element::replaceWithFragment(std::string_view path, std::string_view fragment)
 {
-    const ElementPlace place = locate(*this, parsePath(path));
-    if (!place.parent)
-        return;
-    std::vector<Child>& siblings = place.parent->children;
-    const auto target = siblings.begin() + static_cast<std::ptrdiff_t>(place.index);
     fragment = trimmed(fragment);
     if (fragment.empty()) {
-        siblings.erase(target);
+        replaceChild(path, {});
         return;
     }
     std::string wrapped;
     wrapped.reserve(fragmentStart.size() + fragment.size() + fragmentEnd.size());
     wrapped.append(fragmentStart).append(fragment).append(fragmentEnd);
-    const std::optional<XMLDocument> parsed = XMLDocument::parse(wrapped);
-    if (!parsed)
+    if (const std::optional<XMLDocument> parsed = XMLDocument::parse(wrapped))
+        replaceChild(path, std::move(parsed->root->children));
+}
+
+void Element::replaceWithElements(std::string_view path, std::vector<std::unique_ptr<Element>> elements)
+{
+    replaceChild(path, {std::make_move_iterator(elements.begin()), std::make_move_iterator(elements.end())});
+}
+
+void Element::replaceChild(std::string_view path, std::vector<Child> inserted)
+{
+    const ElementPlace place = locate(*this, parsePath(path));
+    if (!place.parent)
         return;
-    std::vector<Child>& inserted = parsed->root->children;
-    const auto position = siblings.erase(target);
+    std::vector<Child>& siblings = place.parent->children;
+    const auto position = siblings.erase(siblings.begin() + static_cast<std::ptrdiff_t>(place.index));
     siblings.insert(position, std::make_move_iterator(inserted.begin()),
                     std::make_move_iterator(inserted.end()));
 }

@@ -75,6 +75,9 @@ public:
     /// one that is not well-formed changes nothing. The fragment may use the prefixes rsm, ram, udt and qdt.
     void replaceWithFragment(std::string_view path, std::string_view fragment);
 
+    /// Puts elements in the place of the element at a path, which goes if there are none.
+    void replaceWithElements(std::string_view path, std::vector<std::unique_ptr<Element>> elements);
+
     /// Whether nothing would be written: no child but empty elements and blank text. Attributes do not count.
     bool isEmpty() const;
 
@@ -112,6 +115,7 @@ public:
 private:
     friend struct XMLDocument;
 
+    void replaceChild(std::string_view path, std::vector<Child> inserted);
     bool write(int depth, std::string& out) const; ///< whether there was something to write
     void writeStart(std::string& out) const;
     void writeEnd(const std::string* lone, int depth, std::string& out) const;

@@ -1,6 +1,6 @@
 #include "einvoice/xml_generator.h"
 
-#include "einvoice/cii_fragments.h"
+#include "einvoice/cii_line_items.h"
 #include "einvoice/cii_text.h"
 #include "einvoice/missing_fields.h"
 #include "einvoice/resource_text.h"
@@ -113,7 +113,7 @@ QByteArray filled(const XMLDocument& document, const Invoice& invoice, const Pro
                                 exemptionText(invoice.vatExemptionReason, language).toStdString()};
     setHeader(root, invoice, profile);
     setTotals(root, invoice); // before the lines come in, which have totals of the same names
-    root.replaceWithFragment("SupplyChainTradeTransaction/IncludedSupplyChainTradeLineItem",
+    root.replaceWithElements("SupplyChainTradeTransaction/IncludedSupplyChainTradeLineItem",
                              lineItems(source));
     root.replaceWithFragment("ApplicableHeaderTradeSettlement/ApplicableTradeTax", vatBreakdown(source));
     root.replaceWithFragment("ApplicableHeaderTradeSettlement/SpecifiedTradeAllowanceCharge",

@@ -1,6 +1,9 @@
 #include "einvoice/xml_text.h"
 
 #include <QString>
+#include <QStringDecoder>
+
+#include <algorithm>
 
 namespace ledra {
 
@@ -58,9 +61,12 @@ std::size_t forbiddenAt(std::string_view text, std::size_t at)
     return 0;
 }
 
+/// The text with all its characters. QString::fromUtf8() would leave out a byte-order mark at the beginning,
+/// and lengths that are counted in the one would be wrong in the other.
 QString unicode(std::string_view text)
 {
-    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+    QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::ConvertInitialBom);
+    return decoder(QByteArrayView(text.data(), static_cast<qsizetype>(text.size())));
 }
 
 /// The length of the white space at the beginning, in bytes.
@@ -85,6 +91,12 @@ std::size_t trailingSpace(std::string_view text)
 bool isAscii(char c)
 {
     return static_cast<unsigned char>(c) < 0x80;
+}
+
+/// Whether nothing can be seen of a character: white space, and what appendEscaped() leaves out.
+bool isInvisible(QChar c)
+{
+    return c.isSpace() || c < u' ' || (c >= u'\x7f' && c <= u'\x9f') || c >= u'\xfffe';
 }
 
 } // namespace
@@ -142,7 +154,8 @@ bool isBlank(std::string_view text)
     const std::size_t first = text.find_first_not_of(asciiSpaces);
     if (first == std::string_view::npos)
         return true;
-    return !isAscii(text[first]) && trimmed(text).empty();
+    const bool beginsVisibly = text[first] > ' ' && text[first] < 0x7f;
+    return !beginsVisibly && std::ranges::all_of(unicode(text.substr(first)), isInvisible);
 }
 
 std::string_view trimmed(std::string_view text)

@@ -17,7 +17,8 @@ std::string xmlAttributeEscaped(std::string_view text);
 void appendEscaped(std::string& out, std::string_view text);
 void appendAttributeEscaped(std::string& out, std::string_view text);
 
-/// Whether a text is nothing but white space and line breaks, those of Unicode included.
+/// Whether a text is nothing but white space and line breaks, those of Unicode included, and characters that
+/// appendEscaped() leaves out.
 bool isBlank(std::string_view text);
 
 /// Without the white space and line breaks at both ends.
