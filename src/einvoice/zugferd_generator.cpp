@@ -8,6 +8,7 @@
 #include <QColorSpace>
 #include <QCryptographicHash>
 
+#include <algorithm>
 #include <vector>
 
 namespace ledra {
@@ -52,9 +53,7 @@ public:
     QByteArray finish(std::int64_t information)
     {
         const qsizetype section = bytes_.size();
-        const QByteArray identifier = QCryptographicHash::hash(bytes_, QCryptographicHash::Md5)
-                                          .toHex()
-                                          .toUpper(); // names it, guards nothing
+        const QByteArray identifier = identifierText();
         bytes_ += "xref\n" + entriesFor({offsets_.back()}) +
                   entriesFor({offsets_.begin(), std::prev(offsets_.end())});
         bytes_ += "trailer\n<< /Size " + decimal(info_.size + 7) + " /Root " + decimal(info_.rootObj) +
@@ -75,6 +74,17 @@ private:
         std::int64_t object;
         qsizetype offset;
     };
+
+    /// Names the file and guards nothing. Of the original it covers the cross-reference section and the
+    /// trailer, whose places and own identifier differ with all that stands before them.
+    QByteArray identifierText() const
+    {
+        const qsizetype from = std::clamp<qsizetype>(info_.xrefOffset, 0, bytes_.size());
+        const QByteArrayView covered = QByteArrayView(bytes_).sliced(from);
+        QCryptographicHash hash(QCryptographicHash::Md5);
+        hash.addData(covered);
+        return hash.result().toHex().toUpper();
+    }
 
     /// A subsection for objects with consecutive numbers; each entry has twenty bytes.
     static QByteArray entriesFor(const std::vector<Offset>& objects)
@@ -135,7 +145,7 @@ QString ExportError::text() const
 std::expected<QByteArray, ExportError> ZUGFeRDGenerator::withPrintableAnnotations(const QByteArray& pdf)
 {
     // What lacks these is no PDF to build on, even where the library could put the pieces together again.
-    const bool isWhole = pdf.contains("startxref") && pdf.contains("/Root");
+    const bool isWhole = pdf.lastIndexOf("startxref") >= 0 && pdf.lastIndexOf("/Root") >= 0;
     std::expected<PdfFile, PdfError> document =
         isWhole ? PdfFile::open(pdf) : std::unexpected(PdfError{QStringLiteral("it is not whole")});
     if (!document)
