@@ -33,7 +33,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
 {
     const QByteArray file = inputBytes(data, size);
     (void)readPdfInfo(file);
-    if (const auto pdf = PdfFile::open(file)) {
+    if (const auto pdf = PdfFile::openReceived(file)) {
         readRecord(*pdf);
         readAttachments(*pdf);
     }

@@ -109,7 +109,7 @@ void checkRecord(const PdfFile& pdf, Findings& findings)
 std::vector<Finding> checkPdf(const QByteArray& content)
 {
     Findings findings;
-    const std::expected<PdfFile, PdfError> pdf = PdfFile::open(content);
+    const std::expected<PdfFile, PdfError> pdf = PdfFile::openReceived(content);
     if (!pdf) {
         findings.error("pdf", QStringLiteral("the PDF cannot be opened: ") + pdf.error().reason);
         return findings.take();

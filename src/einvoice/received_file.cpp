@@ -71,7 +71,7 @@ std::expected<ReceivedFile, ReceivedFileError> openReceivedFile(const QByteArray
             return std::unexpected(document.error());
         return ReceivedFile{std::move(*document), {}};
     }
-    const std::expected<PdfFile, PdfError> pdf = PdfFile::open(content);
+    const std::expected<PdfFile, PdfError> pdf = PdfFile::openReceived(content);
     if (!pdf)
         return std::unexpected(ReceivedFileError::notAnEInvoice);
     return openReceivedFile(*pdf);

@@ -70,7 +70,7 @@ std::expected<ImportedInvoice, ImportFailure> InvoiceImporter::importFile(const 
 
 std::expected<ImportedInvoice, ImportFailure> InvoiceImporter::takePdf(const QByteArray& content)
 {
-    const std::expected<PdfFile, PdfError> pdf = PdfFile::open(content);
+    const std::expected<PdfFile, PdfError> pdf = PdfFile::openReceived(content);
     if (!pdf)
         return unopenedPdf();
     if (const std::optional<QString> json = pdf->annotationContents(recordAnnotation.toString()))

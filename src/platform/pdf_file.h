@@ -41,6 +41,13 @@ public:
 
     [[nodiscard]] static std::expected<PdfFile, PdfError> open(const QByteArray& content);
 
+    /// As open(), for a file from somebody else: refused if what is packed in it (FlateDecode) unpacks to
+    /// more than `largestUnpacked` bytes in all. The library unpacks cross-reference and object streams whole
+    /// and on its own, so that a small file could otherwise take all memory.
+    [[nodiscard]] static std::expected<PdfFile, PdfError> openReceived(const QByteArray& content);
+
+    static constexpr qint64 largestUnpacked = qint64{512} * 1024 * 1024;
+
     PdfFile(PdfFile&&) noexcept;
     PdfFile& operator=(PdfFile&&) noexcept;
     ~PdfFile();
