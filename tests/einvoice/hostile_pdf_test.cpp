@@ -113,8 +113,8 @@ private Q_SLOTS:
             << attached("<< /Filter 4 0 R /Length 4 0 R >>\nstream\nsmall\nendstream") << false;
         QTest::newRow("cross-references of half a gigabyte") << crossReferenceBomb() << false;
         QTest::newRow("names in a circle")
-            << document("/Names << /EmbeddedFiles 4 0 R >>", {"<< /Kids [4 0 R 5 0 R] >>",
-                                                               "<< /Kids [4 0 R 5 0 R] >>"})
+            << document("/Names << /EmbeddedFiles 4 0 R >>",
+                        {"<< /Kids [4 0 R 5 0 R] >>", "<< /Kids [4 0 R 5 0 R] >>"})
             << false;
         QTest::newRow("names that branch without end")
             << document("/Names << /EmbeddedFiles 4 0 R >>",
@@ -143,7 +143,8 @@ private Q_SLOTS:
         QCOMPARE(wasRead, isRead);
         QVERIFY2(used < 300 * megabyte, qPrintable(QString::number(used))); // the largest attachment, growing
         // What can be opened can be built upon, and what cannot is named as such.
-        const auto hybrid = ZUGFeRDGenerator::createHybrid(file.first(std::min(file.size(), megabyte)), "<a/>");
+        const auto hybrid =
+            ZUGFeRDGenerator::createHybrid(file.first(std::min(file.size(), megabyte)), "<a/>");
         QVERIFY(hybrid || !hybrid.error().text().isEmpty());
     }
 };
