@@ -1,48 +1,15 @@
 #include "einvoice/cii_reader.h"
 
+#include "einvoice/cii_paths.h"
 #include "einvoice/cii_text.h"
 #include "einvoice/cii_units.h"
 #include "einvoice/xml_text.h"
 
-#include <array>
 #include <charconv>
 
 namespace ledra {
 
 namespace {
-
-/// The field that takes the text at a path.
-struct TextPath
-{
-    std::string_view path;
-    QString Invoice::* field;
-};
-
-constexpr std::array textPaths = {
-    TextPath{"ExchangedDocument/IncludedNote/Content", &Invoice::note},
-    TextPath{"SellerTradeParty/Name", &Invoice::senderName},
-    TextPath{"SellerTradeParty/SpecifiedLegalOrganization/TradingBusinessName", &Invoice::senderBusinessName},
-    TextPath{"SellerTradeParty/Description", &Invoice::senderAdditionalNumbers},
-    TextPath{"TelephoneUniversalCommunication/CompleteNumber", &Invoice::senderPhone},
-    TextPath{"EmailURIUniversalCommunication/URIID", &Invoice::senderEmail},
-    TextPath{"SellerTradeParty/PostalTradeAddress/LineOne", &Invoice::senderAddressLineOne},
-    TextPath{"SellerTradeParty/PostalTradeAddress/LineTwo", &Invoice::senderAddressLineTwo},
-    TextPath{"SellerTradeParty/PostalTradeAddress/PostcodeCode", &Invoice::senderAddressPostcode},
-    TextPath{"SellerTradeParty/PostalTradeAddress/CityName", &Invoice::senderAddressCity},
-    TextPath{"SellerTradeParty/PostalTradeAddress/CountrySubDivisionName", &Invoice::senderAddressState},
-    TextPath{"SellerTradeParty/SpecifiedTaxRegistration/ID[schemeID=FC]", &Invoice::senderTaxNumber},
-    TextPath{"SellerTradeParty/SpecifiedTaxRegistration/ID[schemeID=VA]", &Invoice::senderVatNumber},
-    TextPath{"PayeePartyCreditorFinancialAccount/IBANID", &Invoice::senderIban},
-    TextPath{"PayeeSpecifiedCreditorFinancialInstitution/BICID", &Invoice::senderBic},
-    TextPath{"BuyerTradeParty/Name", &Invoice::name},
-    TextPath{"BuyerTradeParty/SpecifiedLegalOrganization/TradingBusinessName", &Invoice::businessName},
-    TextPath{"BuyerTradeParty/URIUniversalCommunication/URIID", &Invoice::email},
-    TextPath{"BuyerTradeParty/PostalTradeAddress/LineOne", &Invoice::addressLineOne},
-    TextPath{"BuyerTradeParty/PostalTradeAddress/LineTwo", &Invoice::addressLineTwo},
-    TextPath{"BuyerTradeParty/PostalTradeAddress/PostcodeCode", &Invoice::addressPostcode},
-    TextPath{"BuyerTradeParty/PostalTradeAddress/CityName", &Invoice::addressCity},
-    TextPath{"BuyerTradeParty/PostalTradeAddress/CountrySubDivisionName", &Invoice::addressState},
-};
 
 QString textAt(const Element& element, std::string_view path)
 {
@@ -102,8 +69,9 @@ CiiHeader readCrossIndustryInvoice(const Element& root, Invoice& invoice, IdSour
     CiiHeader header{textAt(root, "ExchangedDocument/ID"),
                      integerFrom(root.textAt("ExchangedDocument/TypeCode")),
                      dayFrom(root.textAt("DueDateDateTime/DateTimeString"))};
-    for (const TextPath& row : textPaths)
+    for (const TextPath& row : sharedTextPaths)
         invoice.*row.field = textAt(root, row.path);
+    invoice.senderIban = textAt(root, "PayeePartyCreditorFinancialAccount/IBANID");
     readDay(root, "ExchangedDocument/IssueDateTime/DateTimeString", invoice.date);
     readDay(root, "OccurrenceDateTime/DateTimeString", invoice.serviceDateStart);
     const QString reference = textAt(root, "ApplicableHeaderTradeAgreement/BuyerReference");

@@ -1,6 +1,7 @@
 #include "einvoice/xml_generator.h"
 
 #include "einvoice/cii_line_items.h"
+#include "einvoice/cii_paths.h"
 #include "einvoice/cii_text.h"
 #include "einvoice/missing_fields.h"
 #include "einvoice/resource_text.h"
@@ -8,44 +9,17 @@
 #include "model/document_labels.h"
 
 #include <array>
+#include <span>
 
 namespace ledra {
 
 namespace {
 
-/// The value of a path that is one text of the record.
-struct TextPath
-{
-    std::string_view path;
-    QString Invoice::* field;
-};
-
-constexpr std::array textPaths = {
-    TextPath{"ExchangedDocument/IncludedNote/Content", &Invoice::note},
-    TextPath{"SellerTradeParty/Name", &Invoice::senderName},
-    TextPath{"SellerTradeParty/SpecifiedLegalOrganization/TradingBusinessName", &Invoice::senderBusinessName},
-    TextPath{"SellerTradeParty/Description", &Invoice::senderAdditionalNumbers},
+// What stands in a second place; it is not read there.
+constexpr std::array furtherTextPaths = {
     TextPath{"SellerTradeParty/DefinedTradeContact/PersonName", &Invoice::senderName},
-    TextPath{"TelephoneUniversalCommunication/CompleteNumber", &Invoice::senderPhone},
-    TextPath{"EmailURIUniversalCommunication/URIID", &Invoice::senderEmail},
-    TextPath{"SellerTradeParty/PostalTradeAddress/PostcodeCode", &Invoice::senderAddressPostcode},
-    TextPath{"SellerTradeParty/PostalTradeAddress/LineOne", &Invoice::senderAddressLineOne},
-    TextPath{"SellerTradeParty/PostalTradeAddress/LineTwo", &Invoice::senderAddressLineTwo},
-    TextPath{"SellerTradeParty/PostalTradeAddress/CityName", &Invoice::senderAddressCity},
-    TextPath{"SellerTradeParty/PostalTradeAddress/CountrySubDivisionName", &Invoice::senderAddressState},
     TextPath{"SellerTradeParty/URIUniversalCommunication/URIID", &Invoice::senderEmail},
-    TextPath{"SellerTradeParty/SpecifiedTaxRegistration/ID[schemeID=FC]", &Invoice::senderTaxNumber},
-    TextPath{"SellerTradeParty/SpecifiedTaxRegistration/ID[schemeID=VA]", &Invoice::senderVatNumber},
-    TextPath{"BuyerTradeParty/Name", &Invoice::name},
-    TextPath{"BuyerTradeParty/SpecifiedLegalOrganization/TradingBusinessName", &Invoice::businessName},
-    TextPath{"BuyerTradeParty/PostalTradeAddress/PostcodeCode", &Invoice::addressPostcode},
-    TextPath{"BuyerTradeParty/PostalTradeAddress/LineOne", &Invoice::addressLineOne},
-    TextPath{"BuyerTradeParty/PostalTradeAddress/LineTwo", &Invoice::addressLineTwo},
-    TextPath{"BuyerTradeParty/PostalTradeAddress/CityName", &Invoice::addressCity},
-    TextPath{"BuyerTradeParty/PostalTradeAddress/CountrySubDivisionName", &Invoice::addressState},
-    TextPath{"BuyerTradeParty/URIUniversalCommunication/URIID", &Invoice::email},
     TextPath{"PayeePartyCreditorFinancialAccount/AccountName", &Invoice::senderName},
-    TextPath{"PayeeSpecifiedCreditorFinancialInstitution/BICID", &Invoice::senderBic},
 };
 
 std::string withoutWhiteSpace(QString text)
@@ -67,8 +41,12 @@ void setHeader(Element& root, const Invoice& invoice, const Profile& profile)
     root.setText("ExchangedDocument/IssueDateTime/DateTimeString", day(invoice.date));
     root.setText("ApplicableHeaderTradeAgreement/BuyerReference",
                  invoice.reference.value_or(QString()).toStdString());
-    for (const TextPath& row : textPaths)
-        root.setText(row.path, (invoice.*row.field).toStdString());
+    const auto setTexts = [&](std::span<const TextPath> rows) {
+        for (const TextPath& row : rows)
+            root.setText(row.path, (invoice.*row.field).toStdString());
+    };
+    setTexts(sharedTextPaths);
+    setTexts(furtherTextPaths);
     root.setText("SellerTradeParty/PostalTradeAddress/CountryID",
                  invoice.senderAddressCountry.code.toStdString());
     root.setText("BuyerTradeParty/PostalTradeAddress/CountryID", invoice.addressCountry.code.toStdString());

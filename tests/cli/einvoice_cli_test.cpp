@@ -108,8 +108,9 @@ void EInvoiceCliTest::validates()
 
     const ProgramRun wrong = home_.run("validate -q {DIR}/incomplete.json {DIR}/other-total.xml {US}");
     QCOMPARE(wrong.exitCode, 1);
-    for (const char* part : {"incomplete.json: error missing-field: Recipient email\n",
-                             "other-total.xml: error BR-CO-15: ", "us.json: error missing-field: Sender IBAN\n"})
+    for (const char* part :
+         {"incomplete.json: error missing-field: Recipient email\n",
+          "other-total.xml: error BR-CO-15: ", "us.json: error missing-field: Sender IBAN\n"})
         QVERIFY2(wrong.output.contains(part), wrong.output.constData());
 
     const QJsonObject report = home_.json("validate --json {DIR}/other-total.xml")[0].toObject();

@@ -11,8 +11,9 @@ class GlyphCoverageTest : public test::Suite
 private Q_SLOTS:
     void scriptsAreCovered()
     {
-        const QString names = QStringLiteral("Zoë Ωμέγα Жанна שלום أمير अनुराधा สมชาย 東京 山田 김민준 ₪₹₺ → ✓ ½ "
-                                             "e\u0301 \u200d\u2028 \ufe0f");
+        const QString names =
+            QStringLiteral("Zoë Ωμέγα Жанна שלום أمير अनुराधा สมชาย 東京 山田 김민준 ₪₹₺ → ✓ ½ "
+                           "e\u0301 \u200d\u2028 \ufe0f");
         QCOMPARE(charactersWithoutGlyph(names), QStringList());
     }
 
