@@ -4,6 +4,7 @@
 #include "model/html_text.h"
 #include "render/document_address.h"
 #include "render/glyph_coverage.h"
+#include "render/reminder_document.h"
 
 #include <QCoreApplication>
 #include <QFile>
@@ -77,28 +78,47 @@ bool isEInvoice(ExportFormat format)
 /// A document under way.
 struct DocumentExport::Order
 {
-    Order(const Invoice& record, const DocumentSetting& setting, const WebFontManager& fonts,
-          ExportFormat form, EInvoice made, Completion whenDone)
-        : invoice(record),
-          document(record, setting, fonts),
-          format(form),
-          einvoice(std::move(made)),
-          completion(std::move(whenDone))
-    {}
-
-    Invoice invoice;
-    InvoiceDocument document;
-    ExportFormat format;
+    ExportRecord record;
+    std::shared_ptr<const PaginatedDocument> document;
+    QString title;
+    ExportFormat format = ExportFormat::pdf;
     EInvoice einvoice; ///< empty for a format without one
     Completion completion;
 };
 
-void DocumentExport::run(const Invoice& invoice, const DocumentSetting& setting, const WebFontManager& fonts,
-                         ExportFormat format, const Completion& completion)
+namespace {
+
+/// Makes the document of a record in an order, which names its title.
+template <class Order>
+void addDocument(Order& order, const DocumentSetting& setting, const WebFontManager& fonts)
 {
-    std::expected<EInvoice, QString> einvoice;
-    if (isEInvoice(format))
-        einvoice = makeEInvoice(invoice, setting);
+    const auto add = [&](const auto& document) {
+        order.title = document->title();
+        order.document = document;
+    };
+    const ExportRecord& record = order.record;
+    if (record.reminder)
+        add(std::make_shared<const ReminderDocument>(*record.reminder, record.invoice, setting, fonts));
+    else
+        add(std::make_shared<const InvoiceDocument>(record.invoice, setting, fonts));
+}
+
+std::expected<EInvoice, QString> einvoiceOf(const ExportRecord& record, const DocumentSetting& setting,
+                                            ExportFormat format)
+{
+    if (!isEInvoice(format))
+        return EInvoice();
+    if (record.reminder)
+        return std::unexpected(QStringLiteral("a reminder cannot be an e-invoice"));
+    return makeEInvoice(record.invoice, setting);
+}
+
+} // namespace
+
+void DocumentExport::run(const ExportRecord& record, const DocumentSetting& setting,
+                         const WebFontManager& fonts, ExportFormat format, const Completion& completion)
+{
+    const std::expected<EInvoice, QString> einvoice = einvoiceOf(record, setting, format);
     if (!einvoice || format == ExportFormat::xrechnung) {
         std::expected<ExportedDocument, QString> answer = std::unexpected(QString());
         if (einvoice)
@@ -108,14 +128,16 @@ void DocumentExport::run(const Invoice& invoice, const DocumentSetting& setting,
         QTimer::singleShot(0, QCoreApplication::instance(), [answer, completion] { completion(answer); });
         return;
     }
-    const auto order = std::make_shared<const Order>(invoice, setting, fonts, format, *einvoice, completion);
-    const std::shared_ptr<const PaginatedDocument> document(order, &order->document);
-    paginator_.paginate(document, [this, order](const PaginationResult& pages) { makeFile(order, pages); });
+    Order order{record, {}, {}, format, *einvoice, completion};
+    addDocument(order, setting, fonts);
+    const auto kept = std::make_shared<const Order>(std::move(order));
+    paginator_.paginate(kept->document,
+                        [this, kept](const PaginationResult& pages) { makeFile(kept, pages); });
 }
 
 void DocumentExport::makeFile(const std::shared_ptr<const Order>& order, const PaginationResult& pages)
 {
-    const PageFormat paper = order->document.pageFormat();
+    const PageFormat paper = order->document->pageFormat();
     ExportedDocument file{{}, pages.isMeasured, order->einvoice.notices};
     QString text;
     for (const QString& page : pages.pages)
@@ -123,7 +145,7 @@ void DocumentExport::makeFile(const std::shared_ptr<const Order>& order, const P
     if (const QStringList missing = charactersWithoutGlyph(text); !missing.isEmpty())
         file.notices += missingGlyphText(missing);
     if (order->format == ExportFormat::html) {
-        file.content = standaloneHtml(order->document.title(), pages.pages, paper);
+        file.content = standaloneHtml(order->title, pages.pages, paper);
         order->completion(file);
         return;
     }
@@ -137,13 +159,15 @@ void DocumentExport::makeFile(const std::shared_ptr<const Order>& order, const P
 
 void DocumentExport::finishPdf(const Order& order, PdfFile pdf, ExportedDocument file)
 {
-    embedInvoice(pdf, order.invoice, order.document.title());
+    namePdf(pdf, order.title);
+    if (!order.record.reminder)
+        embedInvoice(pdf, order.record.invoice);
     const std::expected<QByteArray, PdfError> bytes = pdf.bytes();
     std::expected<QByteArray, QString> content =
         bytes ? std::expected<QByteArray, QString>(*bytes) : std::unexpected(bytes.error().reason);
     if (content && order.format == ExportFormat::zugferd) {
         content = makeHybrid(*content, order.einvoice.xml);
-        if (const std::optional<QString> problem = pdfAProblem(embeddedText(order.invoice).size()))
+        if (const std::optional<QString> problem = pdfAProblem(embeddedText(order.record.invoice).size()))
             file.notices += *problem;
     }
     if (!content) {

@@ -34,6 +34,13 @@ QString fileExtension(ExportFormat format);
 /// Whether a format carries an e-invoice.
 bool isEInvoice(ExportFormat format);
 
+/// What a document is made of: an invoice, quote or cancellation, or else a reminder of that invoice.
+struct ExportRecord
+{
+    Invoice invoice;
+    std::optional<Reminder> reminder = {};
+};
+
 /// A document ready to be written.
 struct ExportedDocument
 {
@@ -50,8 +57,9 @@ public:
 
     DocumentExport(WebEngine& engine, Console& console);
 
-    /// Answers later, exactly once. Documents may be under way side by side.
-    void run(const Invoice& invoice, const DocumentSetting& setting, const WebFontManager& fonts,
+    /// Answers later, exactly once. Documents may be under way side by side. A reminder is never an
+    /// e-invoice.
+    void run(const ExportRecord& record, const DocumentSetting& setting, const WebFontManager& fonts,
              ExportFormat format, const Completion& completion);
 
 private:

@@ -75,12 +75,12 @@ bool ExportBatch::mayBeWritten(const ExportSource& source, const Invoice& invoic
 
 void ExportBatch::startOne(const ExportSource& source)
 {
-    const std::expected<Invoice, QString> invoice = source.read();
-    if (!invoice) {
-        fail(source, invoice.error());
+    const std::expected<ExportRecord, QString> record = source.read();
+    if (!record) {
+        fail(source, record.error());
         return;
     }
-    if (!mayBeWritten(source, *invoice))
+    if (!mayBeWritten(source, record->invoice))
         return;
     const std::expected<QString, QString> target = targetOf(source);
     if (!target) {
@@ -88,7 +88,7 @@ void ExportBatch::startOne(const ExportSource& source)
         return;
     }
     ++underWay_;
-    export_.run(*invoice, *source.setting, fonts_, order_.format,
+    export_.run(*record, *source.setting, fonts_, order_.format,
                 [this, &source, target = *target](const std::expected<ExportedDocument, QString>& document) {
                     done(source, target, document);
                 });

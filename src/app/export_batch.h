@@ -12,10 +12,10 @@ namespace ledra {
 /// One document of a batch.
 struct ExportSource
 {
-    QString file;                                          ///< where the record comes from
-    QString label;                                         ///< how messages name it
-    QString stem;                                          ///< of the document's file name
-    std::function<std::expected<Invoice, QString>()> read; ///< the error is a complete line
+    QString file;                                               ///< where the record comes from
+    QString label;                                              ///< how messages name it
+    QString stem;                                               ///< of the document's file name
+    std::function<std::expected<ExportRecord, QString>()> read; ///< the error is a complete line
     std::shared_ptr<const DocumentSetting> setting;
 };
 

@@ -1,6 +1,7 @@
 #include "app/export_sources.h"
 
 #include "model/displayed_number.h"
+#include "model/document_labels.h"
 
 #include <QFileInfo>
 #include <QRegularExpression>
@@ -9,8 +10,48 @@ namespace ledra {
 
 namespace {
 
-/// A displayed number as a file name: what separates folders, or means something to other systems, becomes
-/// "-".
+std::function<std::expected<ExportRecord, QString>()> fileReader(BareFiles& files, const QString& path)
+{
+    return [&files, path]() -> std::expected<ExportRecord, QString> {
+        std::expected<Invoice, QString> invoice = files.invoice(path);
+        if (!invoice)
+            return std::unexpected(invoice.error());
+        return ExportRecord{std::move(*invoice)};
+    };
+}
+
+/// What records of the active profile are shown with.
+std::shared_ptr<const DocumentSetting> activeSetting(LedraApp& app)
+{
+    const InvoiceManager& invoices = app.invoiceManager();
+    return std::make_shared<DocumentSetting>(
+        DocumentSetting{.profile = **app.profileManager().activeProfile(),
+                        .styling = **app.stylingManager().styling(),
+                        .invoices =
+                            [&invoices](const QUuid& id) {
+                                const InvoicePtr found = invoices.find(id);
+                                return found ? std::optional(**found) : std::nullopt;
+                            },
+                        .paymentDeadlineDays = app.settings().number("paymentDeadlineDays")});
+}
+
+/// Names that are taken once: of two alike the second gets the beginning of its id as well.
+class Stems
+{
+public:
+    QString take(const QString& stem, const QUuid& id)
+    {
+        const QString free = taken_.contains(stem) ? stem + u'-' + idText(id).left(6) : stem;
+        taken_.insert(free);
+        return free;
+    }
+
+private:
+    QSet<QString> taken_;
+};
+
+} // namespace
+
 QString fileNameOf(const QString& number)
 {
     static const QRegularExpression unsafe(QStringLiteral("[/\\\\:*?\"<>|\\x00-\\x1f]"));
@@ -19,8 +60,6 @@ QString fileNameOf(const QString& number)
         name.remove(0, 1);
     return name.isEmpty() ? QStringLiteral("document") : name;
 }
-
-} // namespace
 
 std::vector<ExportSource> fileSources(const QStringList& paths, BareFiles& files, const Profile& profile,
                                       const Styling& styling)
@@ -37,31 +76,48 @@ std::vector<ExportSource> fileSources(const QStringList& paths, BareFiles& files
                 }});
         const QString stem =
             path == standardStream ? QStringLiteral("document") : QFileInfo(path).completeBaseName();
-        sources.push_back({path, path, stem, [&files, path] { return files.invoice(path); }, setting});
+        sources.push_back({path, path, stem, fileReader(files, path), setting});
     }
     return sources;
 }
 
 std::vector<ExportSource> recordSources(const std::vector<InvoicePtr>& records, LedraApp& app)
 {
-    const InvoiceManager& invoices = app.invoiceManager();
-    const auto setting = std::make_shared<DocumentSetting>(
-        DocumentSetting{.profile = **app.profileManager().activeProfile(),
-                        .styling = **app.stylingManager().styling(),
-                        .invoices = [&invoices](const QUuid& id) {
-                            const InvoicePtr found = invoices.find(id);
-                            return found ? std::optional(**found) : std::nullopt;
-                        }});
+    const auto setting = activeSetting(app);
     std::vector<ExportSource> sources;
-    QSet<QString> stems;
+    sources.reserve(records.size());
+    Stems stems;
     for (const InvoicePtr& record : records) {
+        const QUuid id = (*record)->id;
         const QString number = displayedNumber(**record, setting->profile);
-        QString stem = fileNameOf(number);
-        if (stems.contains(stem))
-            stem += u'-' + idText((*record)->id).left(6);
-        stems.insert(stem);
-        const auto read = [record]() -> std::expected<Invoice, QString> { return **record; };
-        sources.push_back({invoices.filePath((*record)->id), number, stem, read, setting});
+        const auto read = [record]() -> std::expected<ExportRecord, QString> {
+            return ExportRecord{**record};
+        };
+        sources.push_back(
+            {app.invoiceManager().filePath(id), number, stems.take(fileNameOf(number), id), read, setting});
+    }
+    return sources;
+}
+
+std::vector<ExportSource> reminderSources(const std::vector<ReminderPtr>& reminders, LedraApp& app)
+{
+    const auto setting = activeSetting(app);
+    std::vector<ExportSource> sources;
+    sources.reserve(reminders.size());
+    Stems stems;
+    for (const ReminderPtr& reminder : reminders) {
+        const QUuid id = (*reminder)->id;
+        const InvoicePtr invoice = app.invoiceManager().find((*reminder)->invoiceId);
+        if (!invoice)
+            continue;
+        const Language language = (*invoice)->language.value_or(setting->profile.language);
+        const QString title = documentLabel(reminderHeadline((*reminder)->number), language) + u' ' +
+                              displayedNumber(**invoice, setting->profile);
+        const auto read = [reminder, invoice]() -> std::expected<ExportRecord, QString> {
+            return ExportRecord{**invoice, **reminder};
+        };
+        sources.push_back(
+            {app.reminderManager().filePath(id), title, stems.take(fileNameOf(title), id), read, setting});
     }
     return sources;
 }

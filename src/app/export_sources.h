@@ -17,4 +17,11 @@ std::vector<ExportSource> fileSources(const QStringList& paths, BareFiles& files
 /// two with one number the second gets the beginning of its id as well.
 std::vector<ExportSource> recordSources(const std::vector<InvoicePtr>& records, LedraApp& app);
 
+/// The letters of reminders, each named by its headline and the number of its invoice, which must be loaded.
+std::vector<ExportSource> reminderSources(const std::vector<ReminderPtr>& reminders, LedraApp& app);
+
+/// A displayed number as a file name: what separates folders, or means something to other systems, becomes
+/// "-".
+QString fileNameOf(const QString& number);
+
 } // namespace ledra

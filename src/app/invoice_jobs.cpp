@@ -13,22 +13,6 @@ namespace ledra {
 
 namespace {
 
-JobFailure from(const StoreFailure& failure)
-{
-    return {JobFailure::Kind::store, failure.text, failure.isReported};
-}
-
-template <class T>
-JobResult<T> from(std::expected<T, StoreFailure> result)
-{
-    if (!result)
-        return std::unexpected(from(result.error()));
-    if constexpr (std::is_void_v<T>)
-        return {};
-    else
-        return std::move(*result);
-}
-
 /// What may change in a guarded record.
 Invoice withoutFreeFields(Invoice invoice)
 {
@@ -87,13 +71,13 @@ JobResult<InvoicePtr> InvoiceJobs::create(InvoiceType type, const InvoiceManager
 {
     if (const auto problem = writeProblem())
         return std::unexpected(*problem);
-    return from(invoices_.create(type, fill));
+    return jobResult(invoices_.create(type, fill));
 }
 
 JobResult<InvoicePtr> InvoiceJobs::duplicate(const QUuid& id)
 {
     const JobResult<InvoicePtr> record = find(id);
-    return record ? from(invoices_.duplicate(id)) : record;
+    return record ? jobResult(invoices_.duplicate(id)) : record;
 }
 
 JobResult<InvoicePtr> InvoiceJobs::cancel(const QUuid& id)
@@ -103,7 +87,7 @@ JobResult<InvoicePtr> InvoiceJobs::cancel(const QUuid& id)
         return record;
     if ((**record)->type != InvoiceType::invoice)
         return std::unexpected(JobFailure{.text = QStringLiteral("only an invoice can be cancelled")});
-    return from(invoices_.createCancellation(id));
+    return jobResult(invoices_.createCancellation(id));
 }
 
 JobResult<InvoicePtr> InvoiceJobs::convert(const QUuid& id)
@@ -114,7 +98,7 @@ JobResult<InvoicePtr> InvoiceJobs::convert(const QUuid& id)
     if ((**record)->type != InvoiceType::quote)
         return std::unexpected(
             JobFailure{.text = QStringLiteral("only a quote can be made into an invoice")});
-    return from(invoices_.createInvoiceFromQuote(id));
+    return jobResult(invoices_.createInvoiceFromQuote(id));
 }
 
 JobResult<ImportedInvoice> InvoiceJobs::importFile(const QString& path)
@@ -138,7 +122,7 @@ JobResult<void> InvoiceJobs::edit(const QUuid& id, const std::function<void(Invo
     if (force == Force::no && isGuarded(***record) &&
         withoutFreeFields(changed) != withoutFreeFields(***record))
         return std::unexpected(guarded(*record));
-    return from(invoices_.edit(id, change));
+    return jobResult(invoices_.edit(id, change));
 }
 
 JobResult<void> InvoiceJobs::refreshNumberSettings(const QUuid& id, Force force)
@@ -148,13 +132,13 @@ JobResult<void> InvoiceJobs::refreshNumberSettings(const QUuid& id, Force force)
         return std::unexpected(record.error());
     if (force == Force::no && isGuarded(***record))
         return std::unexpected(guarded(*record));
-    return from(invoices_.refreshNumberSettings(id));
+    return jobResult(invoices_.refreshNumberSettings(id));
 }
 
 JobResult<void> InvoiceJobs::setStatus(const QUuid& id, Status status)
 {
     const JobResult<InvoicePtr> record = find(id);
-    return record ? from(invoices_.setStatus(id, status)) : std::unexpected(record.error());
+    return record ? jobResult(invoices_.setStatus(id, status)) : std::unexpected(record.error());
 }
 
 JobResult<void> InvoiceJobs::remove(const QUuid& id, Force force)
@@ -164,7 +148,7 @@ JobResult<void> InvoiceJobs::remove(const QUuid& id, Force force)
         return std::unexpected(record.error());
     if (force == Force::no && isGuarded(***record))
         return std::unexpected(guarded(*record));
-    return from(invoices_.remove(id));
+    return jobResult(invoices_.remove(id));
 }
 
 } // namespace ledra

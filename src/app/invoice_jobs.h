@@ -1,33 +1,13 @@
 #pragma once
 
+#include "app/job_result.h"
 #include "exchange/invoice_importer.h"
 #include "store/invoice_manager.h"
 #include "store/profile_manager.h"
 
-#include <expected>
 #include <functional>
 
 namespace ledra {
-
-/// Whether a record may be changed that has left the house.
-enum class Force { no, yes };
-
-/// Why a job was not done.
-struct JobFailure
-{
-    enum class Kind {
-        guarded, ///< done with Force::yes
-        refused, ///< it makes no sense
-        store,   ///< the store could not
-    };
-
-    Kind kind = Kind::refused;
-    QString text;
-    bool isReported = false; ///< the console has said it already
-};
-
-template <class T>
-using JobResult = std::expected<T, JobFailure>;
 
 /// What users do to invoices, quotes and cancellations. The rules that no front end may forget are kept here:
 ///

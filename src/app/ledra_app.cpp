@@ -46,7 +46,9 @@ LedraApp::LedraApp(const LaunchOptions& options)
         options.loadsInvoices ? InvoiceManager::Loading::atOnce : InvoiceManager::Loading::never);
     filterManager_ = std::make_unique<FilterManager>(*invoiceManager_, *profileManager_, context_.clock);
     stylingManager_ = std::make_unique<StylingManager>(context_, *profileManager_, usage_);
+    reminderManager_ = std::make_unique<ReminderManager>(context_, *profileManager_, *invoiceManager_);
     jobs_ = std::make_unique<InvoiceJobs>(*invoiceManager_, *profileManager_);
+    reminderJobs_ = std::make_unique<ReminderJobs>(*reminderManager_, *invoiceManager_, *jobs_);
     keptFiles_ = std::make_unique<KeptFiles>(context_, *profileManager_, *invoiceManager_);
     connectDelegate();
 }

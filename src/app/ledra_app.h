@@ -4,6 +4,7 @@
 #include "app/filter_manager.h"
 #include "app/invoice_jobs.h"
 #include "app/kept_files.h"
+#include "app/reminder_jobs.h"
 #include "app/settings.h"
 #include "platform/file_device.h"
 #include "store/styling_manager.h"
@@ -71,7 +72,9 @@ public:
     const InvoiceManager& invoiceManager() const { return *invoiceManager_; }
     FilterManager& filterManager() { return *filterManager_; }
     StylingManager& stylingManager() { return *stylingManager_; }
+    ReminderManager& reminderManager() { return *reminderManager_; }
     InvoiceJobs& jobs() { return *jobs_; }
+    ReminderJobs& reminderJobs() { return *reminderJobs_; }
     KeptFiles& keptFiles() { return *keptFiles_; }
     Settings& settings() { return settings_; }
     UpdaterController* updaterController() { return updater_; }
@@ -125,7 +128,9 @@ private:
     std::unique_ptr<InvoiceManager> invoiceManager_;
     std::unique_ptr<FilterManager> filterManager_;
     std::unique_ptr<StylingManager> stylingManager_;
+    std::unique_ptr<ReminderManager> reminderManager_;
     std::unique_ptr<InvoiceJobs> jobs_;
+    std::unique_ptr<ReminderJobs> reminderJobs_;
     std::unique_ptr<KeptFiles> keptFiles_;
     std::optional<QString> launchProblem_;
 };

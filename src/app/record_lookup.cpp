@@ -63,6 +63,46 @@ std::expected<InvoicePtr, QString> lookUpInvoice(const InvoiceManager& invoices,
     return only(candidates, text, describe);
 }
 
+namespace {
+
+/// An invoice's reminder of a stage, or its latest without one; null when it has none.
+ReminderPtr reminderOf(ReminderManager& reminders, const QUuid& invoiceId, std::optional<qlonglong> stage)
+{
+    const std::vector<ReminderPtr> all = reminders.remindersOf(invoiceId);
+    if (!stage)
+        return all.empty() ? nullptr : all.back();
+    const auto found =
+        std::ranges::find(all, *stage, [](const ReminderPtr& each) { return (*each)->number; });
+    return found == all.end() ? nullptr : *found;
+}
+
+} // namespace
+
+std::expected<ReminderPtr, QString> lookUpReminder(ReminderManager& reminders, const InvoiceManager& invoices,
+                                                   const ProfileManager& profiles, const QString& text)
+{
+    if (const ReminderPtr found = reminders.find(QUuid::fromString(text)))
+        return found;
+    const auto startsSo = [&](const ReminderPtr& reminder) {
+        return idText((*reminder)->id).startsWith(text, Qt::CaseInsensitive);
+    };
+    if (const auto candidates = select(reminders.reminders(), startsSo);
+        isIdPrefix(text) && !candidates.empty())
+        return only(candidates, text, [](const ReminderPtr& each) { return idText((*each)->id); });
+    bool hasStage = false;
+    const qlonglong stage = text.section(u':', -1).toLongLong(&hasStage);
+    hasStage = hasStage && text.contains(u':');
+    const QString invoiceText = hasStage ? text.section(u':', 0, -2) : text;
+    const auto invoice = lookUpInvoice(invoices, profiles, invoiceText);
+    const ReminderPtr found =
+        invoice ? reminderOf(reminders, (**invoice)->id, hasStage ? std::optional(stage) : std::nullopt)
+                : nullptr;
+    if (!found)
+        return std::unexpected(invoice ? QStringLiteral("there is no such reminder: ") + text
+                                       : invoice.error());
+    return found;
+}
+
 std::expected<ProfilePtr, QString> lookUpProfile(const ProfileManager& profiles, const QString& text)
 {
     const auto describe = [](const ProfilePtr& profile) {

@@ -29,7 +29,24 @@ const std::array specs = {
     SettingSpec{"appearance", "system", rawValues<Appearance>, "Light or dark windows."},
     SettingSpec{"invoiceDarkMode", "false", truthValues, "Show documents dark in dark windows."},
     SettingSpec{"defaultExportFormat", "pdf", rawValues<ExportFormat>, "The format of the export button."},
+    SettingSpec{"paymentDeadlineDays", "14", nullptr, "Days from a reminder to its payment deadline.", 365},
 };
+
+/// Whether a text is a value of the setting.
+bool isAllowed(const SettingSpec& spec, const QString& text)
+{
+    if (spec.allowed)
+        return spec.allowed().contains(text);
+    bool isNumber = false;
+    const int number = text.toInt(&isNumber);
+    return isNumber && number >= 0 && number <= spec.most;
+}
+
+QString allowedText(const SettingSpec& spec)
+{
+    return spec.allowed ? QStringLiteral("is none of ") + spec.allowed().join(QStringLiteral(", "))
+                        : QStringLiteral("is no whole number from 0 to %1").arg(spec.most);
+}
 
 const SettingSpec* findSetting(const QString& key)
 {
@@ -57,7 +74,7 @@ std::expected<QString, QString> Settings::text(const QString& key) const
         return unknownSetting(key);
     // A value that a newer version or a slip of the hand has left counts as absent.
     const QString stored = defaults_.value(key).toString();
-    return spec->allowed().contains(stored) ? stored : QString::fromLatin1(spec->absent);
+    return isAllowed(*spec, stored) ? stored : QString::fromLatin1(spec->absent);
 }
 
 std::expected<void, QString> Settings::set(const QString& key, const QString& text)
@@ -65,10 +82,11 @@ std::expected<void, QString> Settings::set(const QString& key, const QString& te
     const SettingSpec* spec = findSetting(key);
     if (!spec)
         return unknownSetting(key);
-    if (!spec->allowed().contains(text))
-        return std::unexpected(QStringLiteral("%1: \"%2\" is none of %3")
-                                   .arg(key, text, spec->allowed().join(QStringLiteral(", "))));
-    const bool isTruth = spec->allowed() == truthValues();
+    if (!isAllowed(*spec, text))
+        return std::unexpected(QStringLiteral("%1: \"%2\" %3").arg(key, text, allowedText(*spec)));
+    if (!spec->allowed)
+        return defaults_.setValue(key, text.toInt());
+    const bool isTruth = spec->allowed == truthValues;
     return defaults_.setValue(key, isTruth ? QVariant(text == u"true") : QVariant(text));
 }
 

@@ -32,9 +32,10 @@ inline constexpr std::array enumTexts<Appearance> = {
 struct SettingSpec
 {
     const char* key;
-    const char* absent; ///< the value that holds when none is stored
-    QStringList (*allowed)();
+    const char* absent;       ///< the value that holds when none is stored
+    QStringList (*allowed)(); ///< its values; null for whole numbers from 0 to `most`
     const char* help;
+    int most = 0;
 };
 
 /// All of them, in the order in which they are listed.
@@ -48,6 +49,9 @@ public:
 
     [[nodiscard]] std::expected<QString, QString> text(const QString& key) const;
     [[nodiscard]] std::expected<void, QString> set(const QString& key, const QString& text);
+
+    /// The value of a setting whose values are whole numbers.
+    int number(const char* key) const { return text(QString::fromLatin1(key)).value_or(QString()).toInt(); }
 
     bool boolean(const char* key) const { return text(QString::fromLatin1(key)) == QStringLiteral("true"); }
 

@@ -62,6 +62,9 @@ class Command
 public:
     virtual ~Command() = default;
     virtual const CommandSpec& spec() const = 0;
+
+    /// Whether it lays out documents when it gets these arguments.
+    virtual bool needsWebEngine(const CommandArguments&) const { return spec().needsWebEngine; }
     virtual ExitCode run(const CommandArguments& arguments) = 0;
 };
 

@@ -8,6 +8,7 @@
 #include "cli/list_command.h"
 #include "cli/make_commands.h"
 #include "cli/profile_command.h"
+#include "cli/reminder_command.h"
 #include "cli/settings_command.h"
 #include "cli/show_command.h"
 #include "cli/styling_command.h"
@@ -55,6 +56,7 @@ std::vector<std::unique_ptr<Command>> allCommands()
     commands.push_back(std::make_unique<DeleteCommand>());
     commands.push_back(std::make_unique<TrashCommand>());
     commands.push_back(std::make_unique<ConflictsCommand>());
+    commands.push_back(std::make_unique<ReminderCommand>());
     commands.push_back(std::make_unique<StylingCommand>());
     commands.push_back(std::make_unique<ExportCommand>());
     commands.push_back(std::make_unique<ValidateCommand>());

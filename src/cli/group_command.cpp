@@ -2,13 +2,26 @@
 
 namespace ledra {
 
+const Verb* GroupCommand::verbOf(const CommandArguments& arguments) const
+{
+    const QString name = arguments.positional().value(0);
+    const auto verb = std::ranges::find_if(
+        verbs_, [&](const Verb& candidate) { return name == QLatin1StringView(candidate.name); });
+    return verb == verbs_.end() ? nullptr : &*verb;
+}
+
+bool GroupCommand::needsWebEngine(const CommandArguments& arguments) const
+{
+    const Verb* verb = verbOf(arguments);
+    return verb && verb->needsWebEngine;
+}
+
 ExitCode GroupCommand::run(const CommandArguments& arguments)
 {
     const QString name = arguments.positional().value(0);
     const QStringList operands = arguments.positional().mid(1);
-    const auto verb = std::ranges::find_if(
-        verbs_, [&](const Verb& candidate) { return name == QLatin1StringView(candidate.name); });
-    if (verb == verbs_.end())
+    const Verb* verb = verbOf(arguments);
+    if (!verb)
         return wrongUsage(spec_, name.isEmpty() ? QStringLiteral("what shall it do?")
                                                 : QStringLiteral("unknown action \"%1\"").arg(name));
     if (operands.size() < verb->fewest || operands.size() > verb->most)

@@ -16,6 +16,7 @@ struct Verb
     qsizetype fewest; ///< operands
     qsizetype most;
     Run run;
+    bool needsWebEngine = false;
 };
 
 inline constexpr qsizetype anyNumber = 1'000'000;
@@ -29,9 +30,12 @@ public:
     {}
 
     const CommandSpec& spec() const final { return spec_; }
+    bool needsWebEngine(const CommandArguments& arguments) const final;
     ExitCode run(const CommandArguments& arguments) final;
 
 private:
+    const Verb* verbOf(const CommandArguments& arguments) const;
+
     const CommandSpec& spec_;
     std::span<const Verb> verbs_;
     Session::Needs needs_;

@@ -46,10 +46,10 @@ void showOnlyGraveMessages(QtMsgType type, const QMessageLogContext&, const QStr
 }
 
 /// A command that lays out documents needs the whole application object; the others start without the engine.
-std::unique_ptr<QCoreApplication> makeApplication(const CommandSpec& spec, int& argc, char** argv)
+std::unique_ptr<QCoreApplication> makeApplication(bool needsWebEngine, int& argc, char** argv)
 {
     QCoreApplication::setApplicationName(QStringLiteral("Ledra"));
-    if (!spec.needsWebEngine)
+    if (!needsWebEngine)
         return std::make_unique<QCoreApplication>(argc, argv);
     QtWebEngine::prepare(false);
     return std::make_unique<QApplication>(argc, argv);
@@ -70,8 +70,9 @@ ExitCode runCommand(Command& command, const QStringList& texts, int argc, char**
     if (!parser.isSet(QStringLiteral("verbose")))
         qInstallMessageHandler(showOnlyGraveMessages);
     argc = 1; // the engine reads the program's arguments; it is shown none of ours
-    const auto application = makeApplication(spec, argc, argv);
-    return command.run(CommandArguments(parser, spec));
+    const CommandArguments arguments(parser, spec);
+    const auto application = makeApplication(command.needsWebEngine(arguments), argc, argv);
+    return command.run(arguments);
 }
 
 /// The common options may also stand before the command: they are put behind it.

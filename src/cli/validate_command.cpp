@@ -65,9 +65,9 @@ Report checkFile(const QString& path)
 
 Report checkSource(const ExportSource& source)
 {
-    const std::expected<Invoice, QString> invoice = source.read();
-    return invoice ? Report{source.label, checkInvoice(*invoice, *source.setting)}
-                   : unreadable(source.label, invoice.error());
+    const std::expected<ExportRecord, QString> record = source.read();
+    return record ? Report{source.label, checkInvoice(record->invoice, *source.setting)}
+                  : unreadable(source.label, record.error());
 }
 
 QString line(const Report& report, const Finding& finding)

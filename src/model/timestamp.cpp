@@ -70,4 +70,10 @@ QString dayText(QDate day)
     return text;
 }
 
+std::optional<QDate> dayFromText(const QString& text)
+{
+    const QDate day = QDate::fromString(text, QStringLiteral("yyyy-MM-dd"));
+    return day.isValid() && day.year() >= 1 && day.year() <= 9999 ? std::optional(day) : std::nullopt;
+}
+
 } // namespace ledra

@@ -42,4 +42,7 @@ private:
 /// "yyyy-MM-dd", the form that names files and stands in machine-readable output.
 QString dayText(QDate day);
 
+/// The day of a text in that form, of the years 1 to 9999; nothing for any other text.
+std::optional<QDate> dayFromText(const QString& text);
+
 } // namespace ledra

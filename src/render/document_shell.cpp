@@ -193,6 +193,12 @@ QString DocumentShell::page(const LetterPage& page) const
     return filledTemplate(shell_, values);
 }
 
+double DocumentShell::continuationOffset(const Styling& styling, double rem) const
+{
+    const bool hasLogoOnTop = !styling.marginalColumn && hasLogo_;
+    return hasLogoOnTop ? rem * (styling.logoSize + 1) : 0;
+}
+
 QString DocumentShell::errorPage(const QString& reason)
 {
     return QStringLiteral("<h1>Error Loading Template</h1><p>%1</p>").arg(htmlEscaped(reason));

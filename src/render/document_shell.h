@@ -39,8 +39,8 @@ public:
 
     QString page(const LetterPage& page) const;
 
-    /// Whether a logo is shown.
-    bool hasLogo() const { return hasLogo_; }
+    /// Space for the logo at the top of every page after the first, in pixels.
+    double continuationOffset(const Styling& styling, double rem) const;
 
     /// The page that stands in for a template that could not be loaded.
     static QString errorPage(const QString& reason);

@@ -4,6 +4,7 @@
 #include "model/displayed_number.h"
 #include "model/document_labels.h"
 #include "model/html_text.h"
+#include "render/record_key.h"
 #include "render/templates.h"
 #include "store/invoice_json.h"
 #include "store/styling_json.h"
@@ -19,7 +20,6 @@ namespace {
 
 constexpr int fullTable = 11;          // rows up to which a short table is padded
 constexpr double emptyRowHeight = 0.8; // rem
-constexpr auto encodingFailed = "encoding failed";
 
 /// The words for a type of document.
 struct TypeLabels
@@ -36,12 +36,6 @@ TypeLabels labelsOf(InvoiceType type)
         {"Quote", "Quote Number"},
     }};
     return labels.at(static_cast<std::size_t>(type));
-}
-
-template <class T>
-QByteArray keyText(const T& record)
-{
-    return OrderedJSONEncoder().encode(record).value_or(QByteArray(encodingFailed));
 }
 
 } // namespace
@@ -181,7 +175,7 @@ int InvoiceDocument::expectedBlockCount() const
 std::size_t InvoiceDocument::cacheKey() const
 {
     const Styling& styling = setting_.styling;
-    return qHashMulti(0, keyText(invoice_), keyText(styling), styling.css.has_value(),
+    return qHashMulti(0, recordKey(invoice_), recordKey(styling), styling.css.has_value(),
                       styling.css.value_or(QString()), static_cast<int>(setting_.colorScheme));
 }
 
@@ -192,9 +186,7 @@ std::optional<QString> InvoiceDocument::headerSelector() const
 
 double InvoiceDocument::continuationOffset(double rem) const
 {
-    const Styling& styling = setting_.styling;
-    const bool hasLogoOnTop = !styling.marginalColumn && shell_.hasLogo();
-    return hasLogoOnTop ? rem * (styling.logoSize + 1) : 0;
+    return shell_.continuationOffset(setting_.styling, rem);
 }
 
 /// Only a document of one page is padded: on a longer one the table is full anyway, and the space below the

@@ -3,6 +3,7 @@
 #include "model/invoice.h"
 #include "model/invoice_lookup.h"
 #include "model/profile.h"
+#include "model/reminder_variable.h"
 #include "model/styling.h"
 #include "render/document_shell.h"
 #include "render/item_table.h"
@@ -11,13 +12,14 @@
 
 namespace ledra {
 
-/// What an invoice is shown with.
+/// What an invoice, or a reminder of it, is shown with.
 struct DocumentSetting
 {
     Profile profile;
     Styling styling;
     ColorScheme colorScheme = ColorScheme::light;
     InvoiceLookup invoices = [](const QUuid&) { return std::nullopt; };
+    int paymentDeadlineDays = usualPaymentDeadlineDays; ///< of reminders
 };
 
 /// The HTML of an invoice, a quote or a cancellation. Its blocks are the rows of the main table's body: a row

@@ -71,10 +71,14 @@ QString embeddedText(const Invoice& invoice)
     return ascii;
 }
 
-void embedInvoice(PdfFile& pdf, const Invoice& invoice, const QString& title)
+void namePdf(PdfFile& pdf, const QString& title)
 {
     const auto version = QString::fromUtf8(shortVersion.data(), static_cast<qsizetype>(shortVersion.size()));
     pdf.setInformation(title, QStringLiteral("Ledra ") + version);
+}
+
+void embedInvoice(PdfFile& pdf, const Invoice& invoice)
+{
     pdf.addHiddenAnnotation({embeddedInvoiceAuthor.toString(), embeddedText(invoice)});
 }
 

@@ -43,7 +43,10 @@ inline constexpr QStringView embeddedInvoiceAuthor = u"LedraInvoiceData";
 /// The record as the annotation carries it: compact JSON in ASCII, which takes a byte a character in a PDF.
 QString embeddedText(const Invoice& invoice);
 
-/// Names the program that made the PDF and hides the invoice in it, as JSON, so that it can be read back.
-void embedInvoice(PdfFile& pdf, const Invoice& invoice, const QString& title);
+/// Names the document and the program that made it.
+void namePdf(PdfFile& pdf, const QString& title);
+
+/// Hides the invoice in the PDF, as JSON, so that it can be read back.
+void embedInvoice(PdfFile& pdf, const Invoice& invoice);
 
 } // namespace ledra

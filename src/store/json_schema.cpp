@@ -73,6 +73,18 @@ Decoded<void> decodeInto(QUuid& field, JSONValue& value)
     return {};
 }
 
+Decoded<void> decodeDayIfReadable(QDate& field, JSONValue& value)
+{
+    if (!value.isText())
+        return value.skip();
+    const Decoded<QString> text = value.text();
+    if (!text)
+        return std::unexpected(text.error());
+    if (const std::optional<QDate> day = dayFromText(*text))
+        field = *day;
+    return {};
+}
+
 Decoded<void> decodeInto(Timestamp& field, JSONValue& value)
 {
     if (value.isText()) {

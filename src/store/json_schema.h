@@ -27,6 +27,34 @@ struct JSONKey
 template <class Owner, class Field>
 JSONKey(std::string_view, Field Owner::*) -> JSONKey<Owner, Field>;
 
+// Keys of a special kind. What they do not say themselves they do as a JSONKey does.
+
+/// A key without which a file cannot be read.
+template <class Owner, class Field>
+struct JSONRequiredKey : JSONKey<Owner, Field>
+{
+    static constexpr bool required = true;
+};
+
+template <class Owner, class Field>
+JSONRequiredKey(JSONKey<Owner, Field>) -> JSONRequiredKey<Owner, Field>;
+
+/// A number that is written only when it is greater than zero.
+template <class Owner>
+struct JSONPositiveKey : JSONKey<Owner, double>
+{};
+
+template <class Owner>
+JSONPositiveKey(JSONKey<Owner, double>) -> JSONPositiveKey<Owner>;
+
+/// A calendar day as "2026-03-05". What is no such day leaves the field as it was.
+template <class Owner>
+struct JSONDayKey : JSONKey<Owner, QDate>
+{};
+
+template <class Owner>
+JSONDayKey(JSONKey<Owner, QDate>) -> JSONDayKey<Owner>;
+
 /// A nested object whose keys hold fields of the same record. It must be present on reading if it is
 /// required.
 template <class... Entries>
@@ -66,6 +94,19 @@ void encodeEntry(const JSONKey<T, Field>& key, const T& record, KeyedEncodingCon
         container.encodeIfPresent(key.name, record.*key.field);
     else
         container.encode(key.name, record.*key.field);
+}
+
+template <class T>
+void encodeEntry(const JSONPositiveKey<T>& key, const T& record, KeyedEncodingContainer& container)
+{
+    if (record.*key.field > 0)
+        container.encode(key.name, record.*key.field);
+}
+
+template <class T>
+void encodeEntry(const JSONDayKey<T>& key, const T& record, KeyedEncodingContainer& container)
+{
+    container.encode(key.name, dayText(record.*key.field));
 }
 
 template <class T, class... Entries>
@@ -120,6 +161,9 @@ Decoded<void> decodeInto(Currency& field, JSONValue& value);
 
 /// Takes both date forms: a number of seconds or ISO 8601 text.
 Decoded<void> decodeInto(Timestamp& field, JSONValue& value);
+
+/// Takes a day's text; leaves the field alone for anything else.
+Decoded<void> decodeDayIfReadable(QDate& field, JSONValue& value);
 
 std::unexpected<DecodingError> unknownValue(const QString& text);
 std::unexpected<DecodingError> missingKey(std::string_view key);
@@ -180,6 +224,12 @@ template <class T, class Field>
 Decoded<void> decodeEntry(const JSONKey<T, Field>& key, T& record, JSONValue& value)
 {
     return decodeInto(record.*key.field, value);
+}
+
+template <class T>
+Decoded<void> decodeEntry(const JSONDayKey<T>& key, T& record, JSONValue& value)
+{
+    return decodeDayIfReadable(record.*key.field, value);
 }
 
 template <class T, class... Entries>

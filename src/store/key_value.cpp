@@ -13,6 +13,11 @@ std::unexpected<QString> notA(const char* kind, const QString& text)
     return std::unexpected(QStringLiteral("\"%1\" is not %2").arg(text, QString::fromLatin1(kind)));
 }
 
+std::unexpected<QString> notADay(const QString& text)
+{
+    return notA("a date such as 2026-03-05", text);
+}
+
 std::optional<QString> scalarText(const JSONNode& node)
 {
     if (const auto* text = std::get_if<std::string>(&node))
@@ -119,12 +124,21 @@ Assigned assignText(QUuid& field, const QString& text, const ValueReading&)
 
 Assigned assignText(Timestamp& field, const QString& text, const ValueReading&)
 {
-    const QDate day = QDate::fromString(text, QStringLiteral("yyyy-MM-dd"));
+    const std::optional<QDate> day = dayFromText(text);
     const std::optional<Timestamp> moment =
-        day.isValid() ? Timestamp::fromDateTime(QDateTime(day, QTime(12, 0))) : Timestamp::fromIso8601(text);
+        day ? Timestamp::fromDateTime(QDateTime(*day, QTime(12, 0))) : Timestamp::fromIso8601(text);
     if (!moment || !moment->isInCalendarRange())
-        return notA("a date such as 2026-03-05", text);
+        return notADay(text);
     field = *moment;
+    return {};
+}
+
+Assigned assignText(QDate& field, const QString& text, const ValueReading&)
+{
+    const std::optional<QDate> day = dayFromText(text);
+    if (!day)
+        return notADay(text);
+    field = *day;
     return {};
 }
 

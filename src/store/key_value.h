@@ -33,6 +33,7 @@ Assigned assignText(QUuid& field, const QString& text, const ValueReading& readi
 /// A day ("2026-03-05", meaning noon of it), or a moment in ISO 8601.
 Assigned assignText(Timestamp& field, const QString& text, const ValueReading& reading);
 
+Assigned assignText(QDate& field, const QString& text, const ValueReading& reading);
 Assigned assignText(Country& field, const QString& text, const ValueReading& reading);
 Assigned assignText(Currency& field, const QString& text, const ValueReading& reading);
 
