@@ -20,10 +20,9 @@ JobResult<ReminderPtr> ReminderJobs::create(const QUuid& invoiceId, Force force,
     if (!invoice || (*invoice)->type != InvoiceType::invoice)
         return std::unexpected(noInvoice());
     if (force == Force::no && (*invoice)->status != Status::sent)
-        return std::unexpected(
-            JobFailure{JobFailure::Kind::guarded,
-                       QStringLiteral("the invoice is %1; only a sent one is reminded of")
-                           .arg(displayText((*invoice)->status).toLower())});
+        return std::unexpected(JobFailure{JobFailure::Kind::guarded,
+                                          QStringLiteral("the invoice is %1; only a sent one is reminded of")
+                                              .arg(displayText((*invoice)->status).toLower())});
     return jobResult(reminders_.create(invoiceId, adjust));
 }
 

@@ -21,8 +21,8 @@ struct ReminderSummary
 
 class JSONEncoderState;
 
-/// The keys of the reminder's file, then "headline", "paymentDeadline" (yyyy-MM-dd) and, as long as the invoice
-/// is there, "invoiceNumber", "amount", "interestAmount" and "currency".
+/// The keys of the reminder's file, then "headline", "paymentDeadline" (yyyy-MM-dd) and, as long as the
+/// invoice is there, "invoiceNumber", "amount", "interestAmount" and "currency".
 void encode(const ReminderSummary& summary, JSONEncoderState& state);
 
 } // namespace ledra

@@ -11,8 +11,8 @@ namespace ledra {
 /// How the common options ask for a report.
 ReportStyle reportStyle(const CommandArguments& arguments);
 
-/// Exports documents as the options "format", "output", "force" and "allow-missing" say, as far as the command
-/// has them.
+/// Exports documents as the options "format", "output", "force" and "allow-missing" say, as far as the
+/// command has them.
 ///
 /// @param named how many documents the user asked for: several of them go into a folder
 ExitCode runExport(std::vector<ExportSource> sources, std::size_t named, const CommandArguments& arguments,

@@ -90,8 +90,8 @@ ExitCode list(Session& session, const QStringList& operands, const CommandArgume
     if (arguments.has("json"))
         writeJson(summaries);
     else
-        writeOutput(textTable(rows, {Align::left, Align::right, Align::left, Align::left, Align::left,
-                                     Align::right}));
+        writeOutput(textTable(
+            rows, {Align::left, Align::right, Align::left, Align::left, Align::left, Align::right}));
     return ExitCode::done;
 }
 
@@ -115,9 +115,10 @@ ExitCode create(Session& session, const QStringList& operands, const CommandArgu
     const auto invoice = lookUpInvoice(app.invoiceManager(), app.profileManager(), operands.front());
     if (!invoice)
         return failed(invoice.error());
-    const auto reminder = app.reminderJobs().create(
-        (**invoice)->id, forceFrom(arguments),
-        [&](Reminder& fresh) { (void)applyAll(fresh, *assignments, Session::reading()); }); // tried above
+    const auto reminder =
+        app.reminderJobs().create((**invoice)->id, forceFrom(arguments), [&](Reminder& fresh) {
+            (void)applyAll(fresh, *assignments, Session::reading());
+        }); // tried above
     if (!reminder)
         return failed(reminder.error());
     tell(session, *reminder, arguments, true);
@@ -185,9 +186,8 @@ ExitCode exportLetters(Session& session, const QStringList& operands, const Comm
     }
     if (reminders.empty())
         return ExitCode::failed;
-    const ExitCode code =
-        runExport(reminderSources(reminders, session.app()), static_cast<std::size_t>(operands.size()),
-                  arguments, session.console());
+    const ExitCode code = runExport(reminderSources(reminders, session.app()),
+                                    static_cast<std::size_t>(operands.size()), arguments, session.console());
     return hasMissing ? ExitCode::failed : code;
 }
 

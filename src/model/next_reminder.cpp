@@ -42,9 +42,9 @@ QString usualReminderText(const Reminder& reminder, const Invoice& invoice, Lang
     const auto wording = [&](const QString& key) { return documentLabel(key, language); };
     const QString stage = QString::number(std::clamp<std::int64_t>(reminder.number, 0, lastLetter));
     const bool hasName = !invoice.name.trimmed().isEmpty();
-    QStringList paragraphs = {
-        wording(hasName ? QStringLiteral("Reminder Salutation") : QStringLiteral("Reminder Salutation Nobody")),
-        wording(QStringLiteral("Reminder Opening ") + stage)};
+    QStringList paragraphs = {wording(hasName ? QStringLiteral("Reminder Salutation")
+                                              : QStringLiteral("Reminder Salutation Nobody")),
+                              wording(QStringLiteral("Reminder Opening ") + stage)};
     if (reminder.interestPercentage > 0)
         paragraphs += wording(QStringLiteral("Reminder Interest"));
     if (reminder.fee > 0)

@@ -37,8 +37,8 @@ QString reminderHeadline(std::int64_t stage);
 
 template <>
 inline constexpr std::tuple recordFields<Reminder> = {
-    &Reminder::id,   &Reminder::version,            &Reminder::invoiceId, &Reminder::date, &Reminder::number,
-    &Reminder::text, &Reminder::interestPercentage, &Reminder::fee,
+    &Reminder::id,     &Reminder::version, &Reminder::invoiceId,          &Reminder::date,
+    &Reminder::number, &Reminder::text,    &Reminder::interestPercentage, &Reminder::fee,
 };
 
 } // namespace ledra

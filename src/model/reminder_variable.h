@@ -55,8 +55,8 @@ QString token(ReminderVariable variable);
 /// What a variable stands for, in the invoice's language.
 QString variableValue(ReminderVariable variable, const ReminderFacts& facts);
 
-/// The reminder's text with every token replaced by its variable's value, in one pass: a value that looks like
-/// a token stays as it is.
+/// The reminder's text with every token replaced by its variable's value, in one pass: a value that looks
+/// like a token stays as it is.
 QString expandedReminderText(const ReminderFacts& facts);
 
 } // namespace ledra

@@ -77,8 +77,8 @@ QString ReminderDocument::content(const std::vector<int>& blocks) const
         lines += QStringLiteral("<div class=\"reminder-line\">%1</div>\n").arg(html);
     }
     TemplateValues values = contentValues_;
-    values.insert(QStringLiteral("text"), QStringLiteral("<div class=\"reminder-body\">\n") + lines +
-                                              QStringLiteral("</div>"));
+    values.insert(QStringLiteral("text"),
+                  QStringLiteral("<div class=\"reminder-body\">\n") + lines + QStringLiteral("</div>"));
     return filledTemplate(*text, values);
 }
 

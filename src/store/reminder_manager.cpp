@@ -144,9 +144,8 @@ std::vector<ReminderPtr> ReminderManager::remindersOf(const QUuid& invoiceId)
 {
     ensureLoaded();
     std::vector<ReminderPtr> found;
-    std::ranges::copy_if(reminders_, std::back_inserter(found), [&](const ReminderPtr& reminder) {
-        return (*reminder)->invoiceId == invoiceId;
-    });
+    std::ranges::copy_if(reminders_, std::back_inserter(found),
+                         [&](const ReminderPtr& reminder) { return (*reminder)->invoiceId == invoiceId; });
     std::ranges::stable_sort(found, {}, [](const ReminderPtr& reminder) { return (*reminder)->number; });
     return found;
 }

@@ -150,8 +150,9 @@ bool ReminderManager::takeFile(const QString& name)
     const bool isSecond =
         !entry.fileName.isEmpty() && entry.fileName != name && QFileInfo::exists(path(entry.fileName));
     if (isSecond && name != reminderFileName(found, invoiceStem(found))) {
-        context_.console.failure(QStringLiteral("%1: a second file of the reminder in %2; it is left as it is")
-                                     .arg(path(name), entry.fileName));
+        context_.console.failure(
+            QStringLiteral("%1: a second file of the reminder in %2; it is left as it is")
+                .arg(path(name), entry.fileName));
         return false;
     }
     const ContentMark mark = ContentMark::of(*content);
@@ -178,8 +179,8 @@ bool ReminderManager::dropFile(const QString& name)
     return true;
 }
 
-/// Gives files the names that they would get now: those of an older scheme, and those whose invoice has moved.
-/// A reminder whose invoice is gone keeps any name of today's scheme.
+/// Gives files the names that they would get now: those of an older scheme, and those whose invoice has
+/// moved. A reminder whose invoice is gone keeps any name of today's scheme.
 void ReminderManager::renameEntries()
 {
     for (Entry& entry : entries_) {
@@ -198,10 +199,8 @@ void ReminderManager::moveFile(Entry& entry, const QString& name)
     const auto content = readFile(path(entry.fileName), largestRecordFile);
     if (!content || ContentMark::of(*content) != entry.mark)
         return; // somebody else is at it; the watcher will tell
-    const auto moved = context_.writer.write({.path = path(name),
-                                              .content = *content,
-                                              .known = entry.mark,
-                                              .moved = path(entry.fileName)});
+    const auto moved = context_.writer.write(
+        {.path = path(name), .content = *content, .known = entry.mark, .moved = path(entry.fileName)});
     if (!moved) {
         context_.console.failure(QStringLiteral("Error saving reminder: ") + moved.error().text());
         return;
