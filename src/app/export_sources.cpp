@@ -10,14 +10,11 @@ namespace ledra {
 
 namespace {
 
-std::function<std::expected<ExportRecord, QString>()> fileReader(BareFiles& files, const QString& path)
+std::expected<ExportRecord, QString> recordFrom(std::expected<Invoice, QString> invoice)
 {
-    return [&files, path]() -> std::expected<ExportRecord, QString> {
-        std::expected<Invoice, QString> invoice = files.invoice(path);
-        if (!invoice)
-            return std::unexpected(invoice.error());
-        return ExportRecord{std::move(*invoice)};
-    };
+    if (!invoice)
+        return std::unexpected(invoice.error());
+    return ExportRecord{std::move(*invoice)};
 }
 
 /// What records of the active profile are shown with.
@@ -68,15 +65,15 @@ std::vector<ExportSource> fileSources(const QStringList& paths, BareFiles& files
     QHash<QString, std::shared_ptr<const DocumentSetting>> settings; // by folder
     for (const QString& path : paths) {
         const QString folder = QFileInfo(path).absolutePath();
-        std::shared_ptr<const DocumentSetting>& setting = settings[folder];
-        if (!setting)
-            setting = std::make_shared<DocumentSetting>(DocumentSetting{
-                .profile = profile, .styling = styling, .invoices = [&files, folder](const QUuid& id) {
-                    return files.findInvoice(folder, id);
-                }});
+        if (!settings.contains(folder))
+            settings.insert(folder,
+                            std::make_shared<const DocumentSetting>(
+                                profile, styling, ColorScheme::light,
+                                [&files, folder](const QUuid& id) { return files.findInvoice(folder, id); }));
         const QString stem =
             path == standardStream ? QStringLiteral("document") : QFileInfo(path).completeBaseName();
-        sources.push_back({path, path, stem, fileReader(files, path), setting});
+        sources.push_back({path, path, stem, [&files, path] { return recordFrom(files.invoice(path)); },
+                           settings.value(folder)});
     }
     return sources;
 }

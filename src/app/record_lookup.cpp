@@ -81,7 +81,7 @@ ReminderPtr reminderOf(ReminderManager& reminders, const QUuid& invoiceId, std::
 std::expected<ReminderPtr, QString> lookUpReminder(ReminderManager& reminders, const InvoiceManager& invoices,
                                                    const ProfileManager& profiles, const QString& text)
 {
-    if (const ReminderPtr found = reminders.find(QUuid::fromString(text)))
+    if (ReminderPtr found = reminders.find(QUuid::fromString(text)))
         return found;
     const auto startsSo = [&](const ReminderPtr& reminder) {
         return idText((*reminder)->id).startsWith(text, Qt::CaseInsensitive);
@@ -94,7 +94,7 @@ std::expected<ReminderPtr, QString> lookUpReminder(ReminderManager& reminders, c
     hasStage = hasStage && text.contains(u':');
     const QString invoiceText = hasStage ? text.section(u':', 0, -2) : text;
     const auto invoice = lookUpInvoice(invoices, profiles, invoiceText);
-    const ReminderPtr found =
+    ReminderPtr found =
         invoice ? reminderOf(reminders, (**invoice)->id, hasStage ? std::optional(stage) : std::nullopt)
                 : nullptr;
     if (!found)

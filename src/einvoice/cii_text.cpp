@@ -92,7 +92,7 @@ std::optional<QDate> dayFrom(std::string_view text)
     if (text.size() != length || text.find_first_not_of("0123456789") != std::string_view::npos)
         return std::nullopt;
     int digits = 0;
-    std::from_chars(text.data(), text.data() + length, digits);
+    std::from_chars(text.data(), text.data() + text.size(), digits);
     const QDate day(digits / 10000, digits / 100 % 100, digits % 100);
     return day.isValid() ? std::optional(day) : std::nullopt;
 }

@@ -81,7 +81,7 @@ std::string cancelledNumber(const Invoice& invoice, const Profile& profile, cons
     return cancelled ? displayedNumber(*cancelled, profile).toStdString() : std::string();
 }
 
-/// Fills a fresh copy of a template and writes it.
+/// Fills a template, of which the caller keeps a copy if it needs one, and writes it.
 QByteArray filled(const XMLDocument& document, const Invoice& invoice, const Profile& profile,
                   const InvoiceLookup& invoices)
 {
@@ -116,8 +116,8 @@ const std::optional<XMLDocument>& shippedTemplate()
 std::optional<QByteArray> XMLGenerator::generate(const Invoice& invoice, const Profile& profile,
                                                  const InvoiceLookup& invoices, std::string_view templateText)
 {
-    std::optional<XMLDocument> document = XMLDocument::parse(templateText);
-    return document ? std::optional(filled(std::move(*document), invoice, profile, invoices)) : std::nullopt;
+    const std::optional<XMLDocument> document = XMLDocument::parse(templateText);
+    return document ? std::optional(filled(*document, invoice, profile, invoices)) : std::nullopt;
 }
 
 std::optional<QByteArray> XMLGenerator::generate(const Invoice& invoice, const Profile& profile,

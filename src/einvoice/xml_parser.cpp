@@ -104,8 +104,7 @@ std::unique_ptr<Element> parseElements(std::string_view text)
         return nullptr;
     SAXDelegate delegate(parser.get());
     connect(parser.get(), delegate);
-    const auto length = static_cast<int>(text.size());
-    if (XML_Parse(parser.get(), text.data(), length, XML_TRUE) != XML_STATUS_OK)
+    if (XML_Parse(parser.get(), text.data(), static_cast<int>(text.size()), XML_TRUE) != XML_STATUS_OK)
         return nullptr;
     return std::move(delegate.root);
 }

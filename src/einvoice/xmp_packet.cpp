@@ -1,5 +1,7 @@
 #include "einvoice/xmp_packet.h"
 
+#include <array>
+
 namespace ledra {
 
 namespace {

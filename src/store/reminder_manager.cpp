@@ -106,7 +106,7 @@ QString ReminderManager::fileNameFor(const Entry& entry) const
     const auto isFree = [&](const QString& name) {
         return name == entry.fileName || (!idOfFile_.contains(name) && !QFileInfo::exists(path(name)));
     };
-    const QString proper = reminderFileName(reminder, invoiceStem(reminder));
+    QString proper = reminderFileName(reminder, invoiceStem(reminder));
     if (isFree(proper))
         return proper;
     return entry.fileName.isEmpty() ? reminderFileName(reminder, QString()) : entry.fileName;

@@ -78,9 +78,10 @@ void ReminderTest::variables()
              QStringLiteral("Erika Muster|2026-007|1 April 2026|€1,000.00|11 July 2026|15 April 2026|€18.00|"
                             "9.00|€40.00"));
     invoice.language = Language::german;
-    QCOMPARE(expanded(invoice, all, reminder),
-             QStringLiteral("Erika Muster|2026-007|1. April 2026|1.000,00\u00a0€|11. Juli 2026|15. April 2026|"
-                            "18,00\u00a0€|9.00|40,00\u00a0€"));
+    QCOMPARE(
+        expanded(invoice, all, reminder),
+        QStringLiteral("Erika Muster|2026-007|1. April 2026|1.000,00\u00a0€|11. Juli 2026|15. April 2026|"
+                       "18,00\u00a0€|9.00|40,00\u00a0€"));
     for (const EnumText<ReminderVariable>& row : enumTexts<ReminderVariable>)
         QVERIFY2(all.contains(token(row.value)), row.rawValue.data());
 }

@@ -46,7 +46,8 @@ struct Desk
 
 QByteArray json(const QString& reminderId, const char* rest)
 {
-    return "{\"id\": \"" + reminderId.toLatin1() + "\", \"invoiceId\": \"" + id.toLatin1() + "\"" + rest + "}";
+    return "{\"id\": \"" + reminderId.toLatin1() + "\", \"invoiceId\": \"" + id.toLatin1() + "\"" + rest +
+           "}";
 }
 
 } // namespace
@@ -133,8 +134,7 @@ void ReminderManagerTest::olderNamesAreRenamed()
     QVERIFY(desk.put("Reminder 2 of 9F2C4100.json", old));
     QVERIFY(desk.put("reminder-broken.json", "{"));
     QCOMPARE(desk.reminders->reminders().size(), std::size_t{1});
-    QCOMPARE(desk.names(),
-             QStringLiteral("2026-03-05-9F2C41-reminder-2.json reminder-broken.json"));
+    QCOMPARE(desk.names(), QStringLiteral("2026-03-05-9F2C41-reminder-2.json reminder-broken.json"));
     QCOMPARE(readFile(desk.file(QStringLiteral("2026-03-05-9F2C41-reminder-2.json")), 10'000).value(), old);
     QCOMPARE(desk.home.console.failures.size(), 1);
     QVERIFY(desk.home.console.failures.front().contains(u"reminder-broken.json"));
@@ -153,8 +153,9 @@ void ReminderManagerTest::deletedInvoice()
         QVERIFY(desk.reminders->save((*reminder)->id));
     const QString friendlyId = idText((*friendly)->id).left(6);
     const QString firstId = idText((*first)->id).left(6);
-    QCOMPARE(desk.names(), QStringLiteral("2026-03-05-reminder-1-%1.json 2026-03-05-reminder-%2.json")
-                               .arg(firstId, friendlyId));
+    QCOMPARE(
+        desk.names(),
+        QStringLiteral("2026-03-05-reminder-1-%1.json 2026-03-05-reminder-%2.json").arg(firstId, friendlyId));
 }
 
 void ReminderManagerTest::namesFollowTheInvoice()
@@ -179,7 +180,8 @@ void ReminderManagerTest::twoOfOneStage()
     QCOMPARE(desk.names(), // the second keeps its name: neither is written over
              QStringLiteral("2026-03-05-9F2C41-reminder-1.json 2026-03-05-9F2C41-reminder.json"));
     // A sync service's copy of one of them is reported and left alone.
-    const QByteArray copy = readFile(desk.file(QStringLiteral("2026-03-05-9F2C41-reminder.json")), 9999).value();
+    const QByteArray copy =
+        readFile(desk.file(QStringLiteral("2026-03-05-9F2C41-reminder.json")), 9999).value();
     QVERIFY(desk.put("2026-03-05-9F2C41-reminder (2).json", copy));
     desk.reminders->load();
     QCOMPARE(desk.reminders->reminders().size(), std::size_t{2});
