@@ -53,7 +53,7 @@ QByteArray standaloneHtml(const QString& title, const std::vector<QString>& page
 }
 
 DocumentExport::DocumentExport(WebEngine& engine, Console& console)
-    : paginator_(engine, console), renderer_(engine, console)
+    : console_(console), paginator_(engine, console), renderer_(engine, console)
 {}
 
 QString fileExtension(ExportFormat format)
@@ -149,11 +149,14 @@ void DocumentExport::makeFile(const std::shared_ptr<const Order>& order, const P
         order->completion(file);
         return;
     }
-    renderer_.render(pages, paper, [order, file](std::optional<PdfFile> pdf) {
-        if (pdf)
+    renderer_.render(pages, paper, [this, order, file](std::optional<PdfFile> pdf) {
+        if (pdf) {
             finishPdf(*order, std::move(*pdf), file);
-        else
-            order->completion(std::unexpected(QStringLiteral("the PDF could not be made")));
+            return;
+        }
+        if (order->format == ExportFormat::zugferd)
+            console_.information(QStringLiteral("Failed to create PDF for ZUGFeRD export"));
+        order->completion(std::unexpected(QStringLiteral("the PDF could not be made")));
     });
 }
 

@@ -68,6 +68,7 @@ private:
     void makeFile(const std::shared_ptr<const Order>& order, const PaginationResult& pages);
     static void finishPdf(const Order& order, PdfFile pdf, ExportedDocument file);
 
+    Console& console_;
     DocumentPaginator paginator_;
     PDFRenderer renderer_;
 };

@@ -17,9 +17,27 @@ constexpr int mostUnderWay = 24;
 
 } // namespace
 
+ExportLog exportLog(ExportFormat format)
+{
+    switch (format) {
+    case ExportFormat::zugferd:
+        return {"ZUGFeRD PDF saved to ", "ZUGFeRD export failed: "};
+    case ExportFormat::xrechnung:
+        return {"XML saved to ", "Error exporting XML: "};
+    case ExportFormat::pdf:
+    case ExportFormat::html:
+        break;
+    }
+    return {};
+}
+
 ExportBatch::ExportBatch(ExportOrder order, WebEngine& engine, WebFontManager& fonts, Console& console,
                          ExportObserver& observer)
-    : order_(std::move(order)), fonts_(fonts), export_(engine, console), observer_(observer)
+    : order_(std::move(order)),
+      fonts_(fonts),
+      export_(engine, console),
+      console_(console),
+      observer_(observer)
 {
     std::set<const DocumentSetting*> settings;
     for (const ExportSource& source : order_.sources) {
@@ -98,10 +116,12 @@ void ExportBatch::done(const ExportSource& source, const QString& target,
                        const std::expected<ExportedDocument, QString>& document)
 {
     --underWay_;
-    if (document)
+    if (document) {
         write(source, target, *document);
-    else
+    } else {
+        logFailure(document.error());
         fail(source, source.label + QStringLiteral(": ") + document.error());
+    }
     startMore();
 }
 
@@ -110,9 +130,12 @@ void ExportBatch::write(const ExportSource& source, const QString& target, const
     if (target == standardStream) {
         observer_.content(document.content);
     } else if (const auto written = writeExport(target, document.content, order_.overwrite); !written) {
+        logFailure(written.error().text());
         fail(source, source.label + QStringLiteral(": ") + written.error().text());
         return;
     }
+    if (*order_.log.saved != '\0')
+        console_.information(QString::fromLatin1(order_.log.saved) + target);
     observer_.written(source.file, target);
     for (const QString& notice : document.notices)
         observer_.warned(source.file, source.label + QStringLiteral(": ") + notice);
@@ -123,6 +146,12 @@ void ExportBatch::write(const ExportSource& source, const QString& target, const
                              QStringLiteral(": the pages could not be measured; check the breaks in ") +
                              target);
     }
+}
+
+void ExportBatch::logFailure(const QString& error)
+{
+    if (*order_.log.failed != '\0')
+        console_.information(QString::fromLatin1(order_.log.failed) + error);
 }
 
 void ExportBatch::fail(const ExportSource& source, const QString& line)

@@ -19,6 +19,16 @@ struct ExportSource
     std::shared_ptr<const DocumentSetting> setting;
 };
 
+/// What the log says of the files of a batch, before a path or an error; an empty text says nothing.
+struct ExportLog
+{
+    const char* saved = "";
+    const char* failed = "";
+};
+
+/// The log of exports that a user asks for.
+ExportLog exportLog(ExportFormat format);
+
 /// What a batch writes and where.
 struct ExportOrder
 {
@@ -27,6 +37,7 @@ struct ExportOrder
     QString target; ///< a folder, a file for a single document, or "-" for the standard output
     Overwrite overwrite = Overwrite::refuse;
     bool allowMissing = false; ///< e-invoices are written with fields missing as well
+    ExportLog log = {};
 };
 
 /// How a batch tells what happens to its documents, which it names by the files of their records. A line is
@@ -66,12 +77,14 @@ private:
               const std::expected<ExportedDocument, QString>& document);
     void write(const ExportSource& source, const QString& target, const ExportedDocument& document);
     void fail(const ExportSource& source, const QString& line);
+    void logFailure(const QString& error);
     bool mayBeWritten(const ExportSource& source, const Invoice& invoice);
     std::expected<QString, QString> targetOf(const ExportSource& source);
 
     ExportOrder order_;
     WebFontManager& fonts_;
     DocumentExport export_;
+    Console& console_;
     ExportObserver& observer_;
     std::size_t next_ = 0;
     int underWay_ = 0;

@@ -13,8 +13,9 @@ namespace {
 using Column = CSVExporter::Column;
 
 constexpr std::array ownOptions = {
-    OptionSpec{"columns", "", "NAMES",
-               "Of name,address,date,invoiceNumber,net,vat,gross,currency,status; all unless said otherwise."},
+    OptionSpec{
+        "columns", "", "NAMES",
+        "Of name,address,date,invoiceNumber,net,vat,gross,currency,status; all unless said otherwise."},
     OptionSpec{"output", "o", "FILE", "Where to write; the standard output unless said otherwise."},
     OptionSpec{"guard-formulas", "", "",
                "Put an apostrophe before texts that a spreadsheet would run as a formula."},

@@ -68,6 +68,7 @@ ExitCode runExport(std::vector<ExportSource> sources, std::size_t named, const C
         if (const std::optional<QString> problem = prepareFolder(order.target))
             return failed(*problem);
     }
+    order.log = exportLog(order.format);
     return runBatch(std::move(order), console, reportStyle(arguments));
 }
 

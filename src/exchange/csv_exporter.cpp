@@ -15,9 +15,9 @@ using Reader = CSVExporter::Reader;
 
 constexpr QChar separator = u';';
 
-/// As the locale writes it. Spreadsheets take numbers with a point or a comma between the thousands, but those
-/// with a blank or an apostrophe for texts: there is nothing between them then. The minus is the ASCII one for
-/// the same reason.
+/// As the locale writes it. Spreadsheets take numbers with a point or a comma between the thousands, but
+/// those with a blank or an apostrophe for texts: there is nothing between them then. The minus is the ASCII
+/// one for the same reason.
 QString amountField(double amount, QLocale locale)
 {
     if (!std::isfinite(amount))

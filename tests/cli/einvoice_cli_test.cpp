@@ -54,6 +54,8 @@ void EInvoiceCliTest::initTestCase()
     home_.ids[QStringLiteral("US")] = test::example(QStringLiteral("invoice-consulting-us.json"));
     QVERIFY(incompleteInvoice() != contentOf(home_.ids[QStringLiteral("GOOD")]));
     QVERIFY(writeFile(file("incomplete.json"), incompleteInvoice()));
+    const ProgramRun logged = home_.run("export {GOOD} --verbose --format xrechnung -o {DIR}/logged.xml");
+    QVERIFY(logged.errors.contains(QStringLiteral("XML saved to ") + file("logged.xml")));
     QVERIFY(home_.succeeds("export {GOOD} -q --format xrechnung -o {DIR}/good.xml"));
     QVERIFY(home_.succeeds("export {GOOD} -q --format zugferd -o {DIR}/good.pdf"));
     QByteArray charged = contentOf(file("good.xml"));

@@ -124,9 +124,9 @@ void ReminderCliTest::editing()
 void ReminderCliTest::csv()
 {
     test::RunSetting german{.locale = QStringLiteral("de_DE.UTF-8"), .variables = home_.variables()};
-    const auto run = test::runProgram({QStringLiteral("csv"), QStringLiteral("--columns"),
-                                       QStringLiteral("gross,invoiceNumber,status")},
-                                      german);
+    const auto run = test::runProgram(
+        {QStringLiteral("csv"), QStringLiteral("--columns"), QStringLiteral("gross,invoiceNumber,status")},
+        german);
     QCOMPARE(run.output, QByteArray("Rechnungsnummer;Brutto;Status\n\"2026-001\";1.000,00;\"Versendet\"\n"));
     QVERIFY(home_.succeeds("csv --status paid -q -o {DIR}/list.csv"));
     QCOMPARE(contentOf(home_.path(QStringLiteral("list.csv"))).count('\n'), 1);
@@ -134,8 +134,8 @@ void ReminderCliTest::csv()
     QVERIFY(again.exitCode == 1 && again.errors.size() == 1 &&
             again.errors.front().startsWith(QStringLiteral("Error writing CSV: ")));
     const ProgramRun told = home_.run("csv --force --verbose -o {DIR}/list.csv");
-    QVERIFY(told.errors.contains(QStringLiteral("CSV exported to: ") +
-                                 home_.path(QStringLiteral("list.csv"))));
+    QVERIFY(
+        told.errors.contains(QStringLiteral("CSV exported to: ") + home_.path(QStringLiteral("list.csv"))));
 }
 
 void ReminderCliTest::wrongInput_data()
