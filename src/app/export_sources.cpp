@@ -78,7 +78,8 @@ std::vector<ExportSource> fileSources(const QStringList& paths, BareFiles& files
     return sources;
 }
 
-std::vector<ExportSource> recordSources(const std::vector<InvoicePtr>& records, LedraApp& app)
+std::vector<ExportSource> recordSources(const std::vector<InvoicePtr>& records, LedraApp& app,
+                                        const QString& wordKey)
 {
     const auto setting = activeSetting(app);
     std::vector<ExportSource> sources;
@@ -87,6 +88,8 @@ std::vector<ExportSource> recordSources(const std::vector<InvoicePtr>& records, 
     for (const InvoicePtr& record : records) {
         const QUuid id = (*record)->id;
         const QString number = displayedNumber(**record, setting->profile);
+        const Language language = (*record)->language.value_or(setting->profile.language);
+        const QString name = wordKey.isEmpty() ? number : documentLabel(wordKey, language) + u' ' + number;
         const auto read = [record]() -> std::expected<ExportRecord, QString> {
             return ExportRecord{**record};
         };

@@ -15,7 +15,10 @@ std::vector<ExportSource> fileSources(const QStringList& paths, BareFiles& files
 
 /// The documents of records, with the active profile and its styling. A document is named by its number; of
 /// two with one number the second gets the beginning of its id as well.
-std::vector<ExportSource> recordSources(const std::vector<InvoicePtr>& records, LedraApp& app);
+///
+/// @param wordKey a label that stands before the number, in the document's language; empty for none
+std::vector<ExportSource> recordSources(const std::vector<InvoicePtr>& records, LedraApp& app,
+                                        const QString& wordKey = {});
 
 /// The letters of reminders, each named by its headline and the number of its invoice, which must be loaded.
 std::vector<ExportSource> reminderSources(const std::vector<ReminderPtr>& reminders, LedraApp& app);

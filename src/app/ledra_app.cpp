@@ -50,6 +50,11 @@ LedraApp::LedraApp(const LaunchOptions& options)
     jobs_ = std::make_unique<InvoiceJobs>(*invoiceManager_, *profileManager_);
     reminderJobs_ = std::make_unique<ReminderJobs>(*reminderManager_, *invoiceManager_, *jobs_);
     keptFiles_ = std::make_unique<KeptFiles>(context_, *profileManager_, *invoiceManager_);
+    backupManager_ = std::make_unique<BackupManager>(
+        context_, [this](const QString& target) -> std::expected<void, QString> {
+            const auto written = profileExporter().writeAll(target, Overwrite::refuse);
+            return written ? std::expected<void, QString>() : std::unexpected(written.error().text());
+        });
     connectDelegate();
 }
 
@@ -78,6 +83,25 @@ void LedraApp::connectDelegate()
             windows_->openSettings();
         Q_EMIT openPluginSettings();
     });
+}
+
+std::expected<ImportedProfiles, ArchiveFailure> LedraApp::restoreBackup(const QString& path)
+{
+    return ledra::restoreBackup(context_, *profileManager_, path);
+}
+
+AutoExportFolder LedraApp::autoExportFolder()
+{
+    const ProfilePtr& profile = profileManager_->activeProfile();
+    return {defaults_, context_.console, profile ? (*profile)->id : QUuid()};
+}
+
+void LedraApp::keepBackups()
+{
+    using namespace std::chrono_literals;
+    connect(&backupTimer_, &QTimer::timeout, this, [this] { (void)backupManager_->backUpIfDue(); });
+    backupTimer_.start(1h); // the day may turn, and the computer may sleep, while the program runs
+    (void)backupManager_->backUpIfDue(); // failures are told on the console
 }
 
 void LedraApp::reveal(const QUuid& id)

@@ -1,15 +1,21 @@
 #pragma once
 
 #include "app/app_delegate.h"
+#include "app/auto_export_folder.h"
+#include "app/backup_restore.h"
 #include "app/filter_manager.h"
 #include "app/invoice_jobs.h"
 #include "app/kept_files.h"
 #include "app/reminder_jobs.h"
 #include "app/settings.h"
+#include "exchange/profile_exporter.h"
+#include "exchange/styling_archives.h"
 #include "platform/file_device.h"
+#include "store/backup_manager.h"
 #include "store/styling_manager.h"
 
 #include <QObject>
+#include <QTimer>
 
 #include <memory>
 #include <optional>
@@ -76,6 +82,22 @@ public:
     InvoiceJobs& jobs() { return *jobs_; }
     ReminderJobs& reminderJobs() { return *reminderJobs_; }
     KeptFiles& keptFiles() { return *keptFiles_; }
+    BackupManager& backupManager() { return *backupManager_; }
+    Console& console() { return context_.console; }
+
+    // Files that hold profiles or a styling.
+    ProfileExporter profileExporter() { return {*profileManager_, writer_}; }
+    ProfileImporter profileImporter() { return {context_, *profileManager_}; }
+    StylingExporter stylingExporter() { return StylingExporter(*profileManager_); }
+    StylingImporter stylingImporter() { return {context_, *stylingManager_}; }
+    std::expected<ImportedProfiles, ArchiveFailure> restoreBackup(const QString& path);
+
+    /// That of the active profile.
+    AutoExportFolder autoExportFolder();
+
+    /// Makes backups from now on when they are due, at once and then every hour; for a program that stays.
+    void keepBackups();
+
     Settings& settings() { return settings_; }
     UpdaterController* updaterController() { return updater_; }
     const Clock& clock() const { return context_.clock; }
@@ -132,6 +154,8 @@ private:
     std::unique_ptr<InvoiceJobs> jobs_;
     std::unique_ptr<ReminderJobs> reminderJobs_;
     std::unique_ptr<KeptFiles> keptFiles_;
+    std::unique_ptr<BackupManager> backupManager_;
+    QTimer backupTimer_;
     std::optional<QString> launchProblem_;
 };
 

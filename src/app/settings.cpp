@@ -1,6 +1,7 @@
 #include "app/settings.h"
 
 #include "app/document_export.h"
+#include "store/backup_manager.h"
 
 namespace ledra {
 
@@ -29,6 +30,12 @@ const std::array specs = {
     SettingSpec{"appearance", "system", rawValues<Appearance>, "Light or dark windows."},
     SettingSpec{"invoiceDarkMode", "false", truthValues, "Show documents dark in dark windows."},
     SettingSpec{"defaultExportFormat", "pdf", rawValues<ExportFormat>, "The format of the export button."},
+    SettingSpec{"backupFrequency", "1", rawValues<BackupFrequency>, "Days between backups."},
+    SettingSpec{"backupRetention", "thirty", rawValues<BackupRetention>, "How many backups are kept."},
+    SettingSpec{"autoExportInvoicesEnabled", "false", truthValues,
+                "Write the PDF of each final invoice into the profile's folder for that."},
+    SettingSpec{"autoExportInvoicesXMLEnabled", "false", truthValues, "The same for its XRechnung."},
+    SettingSpec{"autoExportInvoicesZUGFeRDEnabled", "false", truthValues, "The same for its ZUGFeRD PDF."},
     SettingSpec{"paymentDeadlineDays", "14", nullptr, "Days from a reminder to its payment deadline.", 365},
 };
 

@@ -1,5 +1,7 @@
 #include "cli/command_table.h"
 
+#include "cli/autoexport_command.h"
+#include "cli/backup_command.h"
 #include "cli/conflicts_command.h"
 #include "cli/csv_command.h"
 #include "cli/data_command.h"
@@ -60,10 +62,12 @@ std::vector<std::unique_ptr<Command>> allCommands()
     commands.push_back(std::make_unique<ReminderCommand>());
     commands.push_back(std::make_unique<StylingCommand>());
     commands.push_back(std::make_unique<ExportCommand>());
+    commands.push_back(std::make_unique<AutoExportCommand>());
     commands.push_back(std::make_unique<CsvCommand>());
     commands.push_back(std::make_unique<ValidateCommand>());
     commands.push_back(std::make_unique<ViewCommand>());
     commands.push_back(std::make_unique<ImportCommand>());
+    commands.push_back(std::make_unique<BackupCommand>());
     return commands;
 }
 

@@ -1,6 +1,8 @@
 #include "cli/profile_command.h"
 
+#include "app/received_invoice.h"
 #include "app/record_lookup.h"
+#include "cli/archive_output.h"
 #include "cli/assignments.h"
 #include "cli/json_output.h"
 #include "cli/text_table.h"
@@ -10,12 +12,19 @@ namespace ledra {
 
 namespace {
 
+constexpr std::array options = {
+    OptionSpec{"all", "", "", "export: all profiles."},
+    OptionSpec{
+        "output", "o", "FILE|FOLDER",
+        "export: the data file; in the current folder, with the day in its name, unless said otherwise."},
+    OptionSpec{"force", "", "", "export: overwrite an existing file."},
+};
+
 constexpr CommandSpec profileSpec = {
     "profile",
-    "list | show [P] | create NAME | rename P NAME | use P | set P KEY=VALUE… | delete P",
-    "List, make, change and switch profiles.",
-    {},
-    false};
+    "list | show [P] | create NAME | rename P NAME | use P | set P KEY=VALUE… | delete P | "
+    "export [P…|--all] | import FILE",
+    "List, make, change and switch profiles, and move them as data files.", options, false};
 
 /// What "list" says of a profile.
 struct Row
@@ -148,9 +157,56 @@ ExitCode remove(Session& session, const QStringList& operands, const CommandArgu
     return result(session.app().profileManager().removeProfile((**profile)->id));
 }
 
+/// The profiles to be exported: the named ones, all, or the active one.
+std::expected<std::vector<ProfilePtr>, ExitCode> chosen(Session& session, const QStringList& names,
+                                                        const CommandArguments& arguments)
+{
+    const ProfileManager& profiles = session.app().profileManager();
+    if (arguments.has("all"))
+        return profiles.profiles();
+    if (names.isEmpty())
+        return std::vector{profiles.activeProfile()};
+    std::vector<ProfilePtr> found;
+    for (const QString& name : names) {
+        const auto profile = named(session, name);
+        if (!profile)
+            return std::unexpected(profile.error());
+        found.push_back(*profile);
+    }
+    return found;
+}
+
+ExitCode exportProfiles(Session& session, const QStringList& operands, const CommandArguments& arguments)
+{
+    if (arguments.has("all") && !operands.isEmpty())
+        return wrongUsage(profileSpec, QStringLiteral("either single profiles or --all"));
+    const auto profiles = chosen(session, operands, arguments);
+    if (!profiles)
+        return profiles.error();
+    const QDate today = session.now().localDate();
+    const QString name = profiles->size() == 1 && !arguments.has("all")
+                             ? ProfileExporter::fileName(**profiles->front(), today)
+                             : ProfileExporter::fileNameForAll(today, readerLanguage());
+    const QString target = archiveTarget(arguments, name);
+    const auto written = session.app().profileExporter().write(*profiles, target, overwriteFrom(arguments));
+    return toldArchive(target, written, arguments);
+}
+
+ExitCode importProfiles(Session& session, const QStringList& operands, const CommandArguments& arguments)
+{
+    return toldImport(operands.front(), session.app().profileImporter().importFile(operands.front()),
+                      arguments);
+}
+
 constexpr std::array verbs = {
-    Verb{"list", 0, 0, list},     Verb{"show", 0, 1, show}, Verb{"create", 1, 1, create},
-    Verb{"rename", 2, 2, rename}, Verb{"use", 1, 1, use},   Verb{"set", 2, anyNumber, set},
+    Verb{"export", 0, anyNumber, exportProfiles},
+    Verb{"import", 1, 1, importProfiles},
+    Verb{"list", 0, 0, list},
+    Verb{"show", 0, 1, show},
+    Verb{"create", 1, 1, create},
+    Verb{"rename", 2, 2, rename},
+    Verb{"use", 1, 1, use},
+    Verb{"set", 2, anyNumber, set},
     Verb{"delete", 1, 1, remove},
 };
 

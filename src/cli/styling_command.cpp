@@ -1,19 +1,27 @@
 #include "cli/styling_command.h"
 
+#include "cli/archive_output.h"
 #include "cli/assignments.h"
 #include "cli/json_output.h"
 #include "cli/text_table.h"
 #include "store/styling_json.h"
 
+#include <QFileInfo>
+
 namespace ledra {
 
 namespace {
 
-constexpr CommandSpec stylingSpec = {"styling",
-                                     "show | set KEY=VALUE… | logo FILE | css FILE",
-                                     "Show and change the look of a profile's documents.",
-                                     {},
-                                     false};
+constexpr std::array options = {
+    OptionSpec{"output", "o", "FILE|FOLDER",
+               "export: the style file; in the current folder unless said otherwise."},
+    OptionSpec{"force", "", "",
+               "export: overwrite an existing file. import: replace a styling of one's own."},
+};
+
+constexpr CommandSpec stylingSpec = {
+    "styling", "show | set KEY=VALUE… | logo FILE | css FILE | export | import FILE",
+    "Show, change and hand on the look of a profile's documents.", options, false};
 
 ExitCode show(Session& session, const QStringList&, const CommandArguments& arguments)
 {
@@ -59,8 +67,30 @@ ExitCode css(Session& session, const QStringList& operands, const CommandArgumen
     return result(session.app().stylingManager().importStyleSheet(operands.front()));
 }
 
-constexpr std::array verbs = {Verb{"show", 0, 0, show}, Verb{"set", 1, anyNumber, set},
-                              Verb{"logo", 1, 1, logo}, Verb{"css", 1, 1, css}};
+ExitCode exportStyling(Session& session, const QStringList&, const CommandArguments& arguments)
+{
+    const Profile& profile = session.profile();
+    const QString target = archiveTarget(arguments, profile.displayName() + styleFileExtension.toString());
+    return toldArchive(target,
+                       session.app().stylingExporter().write(profile.id, target, overwriteFrom(arguments)),
+                       arguments);
+}
+
+/// A styling is work: one that was made is replaced only with force.
+ExitCode importStyling(Session& session, const QStringList& operands, const CommandArguments& arguments)
+{
+    const QString folder =
+        session.app().profileManager().profileFolder(session.profile()).value_or(QString());
+    if (!arguments.has("force") && QFileInfo::exists(folder + QStringLiteral("/styling.json")))
+        return failed(QStringLiteral("the profile has a styling of its own (--force replaces it)"));
+    const auto imported = session.app().stylingImporter().importFile(operands.front());
+    return imported ? ExitCode::done
+                    : failed(operands.front() + QStringLiteral(": ") + imported.error().text());
+}
+
+constexpr std::array verbs = {
+    Verb{"show", 0, 0, show}, Verb{"set", 1, anyNumber, set},      Verb{"logo", 1, 1, logo},
+    Verb{"css", 1, 1, css},   Verb{"export", 0, 0, exportStyling}, Verb{"import", 1, 1, importStyling}};
 
 } // namespace
 

@@ -1,6 +1,6 @@
 #include "platform/file_device.h"
 
-#include "platform/folder_tree.h"
+#include "platform/descriptor.h"
 
 #include <QDir>
 #include <QFile>
@@ -21,48 +21,14 @@ std::unexpected<FileError> systemError(const QString& path)
     return std::unexpected(FileError{path, QString::fromLocal8Bit(std::strerror(errno))});
 }
 
-/// An open file descriptor that closes itself.
-class Descriptor
+Descriptor openPath(const QString& path, int flags)
 {
-public:
-    Descriptor(const QString& path, int flags)
-        : number_(::open(QFile::encodeName(path).constData(), flags | O_CLOEXEC, 0644))
-    {}
-    ~Descriptor()
-    {
-        if (number_ >= 0)
-            ::close(number_);
-    }
-    Descriptor(const Descriptor&) = delete;
-    Descriptor& operator=(const Descriptor&) = delete;
-
-    bool isOpen() const { return number_ >= 0; }
-    bool sync() const
-    {
-        errno = syncDescriptor(number_);
-        return errno == 0;
-    }
-
-    bool writeAll(const QByteArray& content) const
-    {
-        qsizetype written = 0;
-        while (written < content.size()) {
-            const ssize_t count = ::write(number_, content.constData() + written,
-                                          static_cast<std::size_t>(content.size() - written));
-            if (count < 0 && errno != EINTR)
-                return false;
-            written += count > 0 ? count : 0;
-        }
-        return true;
-    }
-
-private:
-    int number_;
-};
+    return Descriptor(::open(QFile::encodeName(path).constData(), flags | O_CLOEXEC, 0644));
+}
 
 std::expected<void, FileError> syncPath(const QString& path, int flags)
 {
-    const Descriptor file(path, flags);
+    const Descriptor file = openPath(path, flags);
     if (!file.isOpen() || !file.sync())
         return systemError(path);
     return {};
@@ -82,7 +48,7 @@ std::expected<std::optional<QByteArray>, FileError> SystemFileDevice::read(const
 
 std::expected<void, FileError> SystemFileDevice::write(const QString& path, const QByteArray& content)
 {
-    const Descriptor file(path, O_WRONLY | O_CREAT | O_TRUNC);
+    const Descriptor file = openPath(path, O_WRONLY | O_CREAT | O_TRUNC);
     if (!file.isOpen() || !file.writeAll(content))
         return systemError(path);
     return {};

@@ -28,14 +28,28 @@ std::expected<QByteArray, FileError> readFile(const QString& path, qint64 limit)
 std::expected<void, FileError> writeExport(const QString& path, const QByteArray& content,
                                            Overwrite overwrite)
 {
+    const auto write = [&](QFileDevice& file) -> std::expected<void, FileError> {
+        if (file.write(content) != content.size())
+            return fileProblem(path, file.errorString());
+        return {};
+    };
+    return writeExport(path, write, overwrite);
+}
+
+std::expected<void, FileError> writeExport(const QString& path, const ExportWriter& write,
+                                           Overwrite overwrite)
+{
     if (overwrite == Overwrite::refuse && QFileInfo::exists(path))
         return fileProblem(path, QStringLiteral("exists already (--force overwrites it)"));
     if (QFileInfo::exists(path) && !QFileInfo(path).isFile()) // a pipe or a device is not to become a file
         return fileProblem(path, QStringLiteral("not a file"));
-    QSaveFile file(path);
+    QSaveFile file(path); // which goes without a trace unless it is committed
+    if (!file.open(QIODevice::WriteOnly))
+        return fileProblem(path, file.errorString());
+    if (const auto written = write(file); !written)
+        return written;
     // commit() does not look at what becomes of the bytes that are still buffered.
-    if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size() || !file.flush() ||
-        !file.commit())
+    if (!file.flush() || !file.commit())
         return fileProblem(path, file.errorString());
     return {};
 }

@@ -4,6 +4,9 @@
 #include <QString>
 
 #include <expected>
+#include <functional>
+
+class QFileDevice;
 
 namespace ledra {
 
@@ -28,6 +31,13 @@ enum class Overwrite { refuse, replace };
 /// Writes an export: the content goes to a temporary file beside the target, is made durable and takes the
 /// target's name in one step, so that no half-written export is ever seen. Every export goes through here.
 [[nodiscard]] std::expected<void, FileError> writeExport(const QString& path, const QByteArray& content,
+                                                         Overwrite overwrite);
+
+/// Writes what an export consists of into an open file, in any order.
+using ExportWriter = std::function<std::expected<void, FileError>(QFileDevice& file)>;
+
+/// The same for content that is made while it is written. If the writer fails, so does the export.
+[[nodiscard]] std::expected<void, FileError> writeExport(const QString& path, const ExportWriter& write,
                                                          Overwrite overwrite);
 
 } // namespace ledra

@@ -102,23 +102,23 @@ int keepAttributes(const struct stat& original, int copy)
 }
 
 /// Completes a copied file or folder and makes it durable.
-Result settle(const struct stat& original, const fs::path& copy)
+Result settle(const struct stat& original, const fs::path& copy, Durability durability)
 {
     const int number = ::open(copy.c_str(), O_RDONLY | O_NOFOLLOW | O_CLOEXEC);
     if (number < 0)
         return fileError(copy, errno);
     int code = keepAttributes(original, number);
-    if (code == 0)
+    if (code == 0 && durability == Durability::each)
         code = syncDescriptor(number);
     ::close(number);
     return code == 0 ? Result() : fileError(copy, code);
 }
 
-Result copyFile(const fs::path& from, const struct stat& original, const fs::path& to)
+Result copyFile(const fs::path& from, const struct stat& original, const fs::path& to, Durability durability)
 {
     if (const Result copied = copyContent(from, to); !copied)
         return copied;
-    return settle(original, to);
+    return settle(original, to, durability);
 }
 
 Result copyLink(const fs::path& from, const struct stat& original, const fs::path& to)
@@ -134,7 +134,8 @@ Result copyLink(const fs::path& from, const struct stat& original, const fs::pat
     return {};
 }
 
-Result copyFolder(const fs::path& from, const struct stat& original, const fs::path& to)
+Result copyFolder(const fs::path& from, const struct stat& original, const fs::path& to,
+                  Durability durability)
 {
     if (::mkdir(to.c_str(), S_IRWXU) != 0)
         return fileError(to, errno);
@@ -142,10 +143,10 @@ Result copyFolder(const fs::path& from, const struct stat& original, const fs::p
     if (!names)
         return std::unexpected(names.error());
     for (const fs::path& name : *names) {
-        if (const Result copied = copyTree(from / name, to / name); !copied)
+        if (const Result copied = copyTree(from / name, to / name, durability); !copied)
             return copied;
     }
-    return settle(original, to);
+    return settle(original, to, durability);
 }
 
 Result compareFolders(const fs::path& original, const fs::path& copy)
@@ -165,18 +166,32 @@ Result compareFolders(const fs::path& original, const fs::path& copy)
 
 } // namespace
 
-Result copyTree(const fs::path& from, const fs::path& to)
+fs::path nativePath(const QString& path)
+{
+    return QFile::encodeName(path).toStdString();
+}
+
+Result copyTree(const fs::path& from, const fs::path& to, Durability durability)
 {
     const auto original = statusOf(from);
     if (!original)
         return std::unexpected(original.error());
     if (S_ISREG(original->st_mode))
-        return copyFile(from, *original, to);
+        return copyFile(from, *original, to, durability);
     if (S_ISLNK(original->st_mode))
         return copyLink(from, *original, to);
     if (S_ISDIR(original->st_mode))
-        return copyFolder(from, *original, to);
+        return copyFolder(from, *original, to, durability);
     return std::unexpected(FileError{text(from), QStringLiteral("neither a file nor a folder")});
+}
+
+Result syncFileSystem(const fs::path& folder)
+{
+    const int number = ::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    const int code = number >= 0 && ::syncfs(number) == 0 ? 0 : errno;
+    if (number >= 0)
+        ::close(number);
+    return code == 0 ? Result() : fileError(folder, code);
 }
 
 Result compareTrees(const fs::path& original, const fs::path& copy)

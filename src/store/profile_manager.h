@@ -63,6 +63,15 @@ public:
 
     std::expected<ProfilePtr, StoreFailure> createProfile(const QString& name);
 
+    /// Takes in a copy of a profile's folder from elsewhere under a name that is free; it appears in one
+    /// step. The "profile.json" in it must have an id of its own.
+    std::expected<ProfilePtr, StoreFailure> adoptFolder(const QString& folder, const QString& name);
+
+    /// A display name that no profile has: the one asked for, or that with " Copy", " Copy 2" and so on.
+    ///
+    /// @param apart a profile that does not count
+    QString uniqueName(const QString& name, const std::optional<QUuid>& apart = {}) const;
+
     /// One more than the largest number prefix of the folders; 1 without any.
     std::int64_t nextFolderNumber() const;
 

@@ -181,8 +181,6 @@ std::expected<void, StylingError> StylingManager::import(const QString& path, co
     const auto content = readFile(path, limit);
     if (!content)
         return std::unexpected(StylingError{content.error().text()});
-    QStringList earlier = QDir(folder_).entryList(QDir::Files, QDir::Name);
-    earlier.removeIf([&](const QString& name) { return !isOfKind(name) || name == target; });
     const QString targetPath = folder_ + u'/' + target;
     const auto before = readFile(targetPath, limit); // what the user replaces is no conflict
     const auto written = context_.writer.writeAtomically(
@@ -191,11 +189,50 @@ std::expected<void, StylingError> StylingManager::import(const QString& path, co
          .known = before ? std::optional(ContentMark::of(*before)) : std::nullopt});
     if (!written)
         return std::unexpected(StylingError{written.error().text()});
-    for (const QString& name : std::as_const(earlier)) {
+    if (auto discarded = discard(isOfKind, target); !discarded)
+        return discarded;
+    loadAssets();
+    return {};
+}
+
+/// Moves the files of a kind to the trash.
+std::expected<void, StylingError> StylingManager::discard(bool (*isOfKind)(const QString&),
+                                                          const QString& except)
+{
+    for (const QString& name : QDir(folder_).entryList(QDir::Files, QDir::Name)) {
+        if (!isOfKind(name) || name == except)
+            continue;
         if (const auto trashed = context_.trash.put(folder_ + u'/' + name); !trashed)
             return std::unexpected(StylingError{trashed.error().text()});
     }
+    return {};
+}
+
+std::expected<void, StylingError> StylingManager::replace(const Styling& styling, const QString& logo,
+                                                          const QString& styleSheet)
+{
+    if (!styling_)
+        return std::unexpected(StylingError{QStringLiteral("No active profile selected")});
+    for (bool (*isOfKind)(const QString&) : {isLogoFile, isStyleSheetFile}) {
+        if (auto discarded = discard(isOfKind); !discarded)
+            return discarded;
+    }
+    if (auto imported = logo.isEmpty() ? std::expected<void, StylingError>() : importLogo(logo); !imported)
+        return imported;
+    if (auto imported =
+            styleSheet.isEmpty() ? std::expected<void, StylingError>() : importStyleSheet(styleSheet);
+        !imported)
+        return imported;
     loadAssets();
+    const auto done = edit([&](Styling& own) {
+        const Styling before = own;
+        own = styling;
+        own.id = before.id;
+        own.logo = before.logo; // these come from the files
+        own.css = before.css;
+    });
+    if (!done)
+        return std::unexpected(StylingError{done.error().text});
     return {};
 }
 

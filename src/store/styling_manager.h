@@ -58,6 +58,11 @@ public:
     std::expected<void, StylingError> importLogo(const QString& path);
     std::expected<void, StylingError> importStyleSheet(const QString& path);
 
+    /// Takes over another styling under this one's id, with its logo and style sheet, each the path of a file
+    /// or empty for none; what was there of these goes to the trash.
+    std::expected<void, StylingError> replace(const Styling& styling, const QString& logo,
+                                              const QString& styleSheet);
+
     /// To be called when the font catalogue has loaded: style sheets are made anew.
     void fontCatalogDidLoad();
 
@@ -69,6 +74,7 @@ private:
     void follow(const FolderChanges& changes);
     void loadAssets();
     void touch();
+    std::expected<void, StylingError> discard(bool (*isOfKind)(const QString&), const QString& except = {});
     std::expected<void, StylingError> import(const QString& path, const QString& target,
                                              bool (*isOfKind)(const QString&), qint64 limit);
 

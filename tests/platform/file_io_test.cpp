@@ -1,4 +1,5 @@
 #include "platform/file_io.h"
+#include "support/full_disk.h"
 #include "support/test_suite.h"
 
 #include <QDir>
@@ -6,38 +7,9 @@
 #include <QTemporaryDir>
 #include <QTest>
 
-#include <sys/resource.h>
 #include <sys/stat.h>
 
-#include <csignal>
-
 using namespace ledra;
-
-namespace {
-
-/// As long as it lives, files of this process cannot grow beyond a size, as on a full disk.
-class FullDisk
-{
-public:
-    explicit FullDisk(rlim_t bytes)
-    {
-        getrlimit(RLIMIT_FSIZE, &before_);
-        const rlimit limit{bytes, before_.rlim_max};
-        setrlimit(RLIMIT_FSIZE, &limit);
-        handler_ = std::signal(SIGXFSZ, SIG_IGN);
-    }
-    ~FullDisk()
-    {
-        setrlimit(RLIMIT_FSIZE, &before_);
-        std::signal(SIGXFSZ, handler_);
-    }
-
-private:
-    rlimit before_{};
-    void (*handler_)(int) = SIG_DFL;
-};
-
-} // namespace
 
 class FileIoTest : public test::Suite
 {
@@ -82,7 +54,7 @@ private Q_SLOTS:
         QVERIFY(QDir(folder.path()).mkdir(QStringLiteral("folder")));
         QCOMPARE(mkfifo(QFile::encodeName(folder.filePath(QStringLiteral("pipe"))).constData(), 0600), 0);
         {
-            const FullDisk disk(space);
+            const test::FullDisk disk(space);
             const auto written =
                 writeExport(folder.filePath(name), QByteArray(size, 'x'), Overwrite::replace);
             QVERIFY(!written && !written.error().reason.isEmpty());

@@ -2,7 +2,9 @@
 #include "platform/folder_bookmark.h"
 #include "platform/trash_bin.h"
 #include "platform/user_defaults.h"
+#include "platform/working_folder.h"
 #include "support/program_run.h"
+#include "support/shell.h"
 #include "support/test_suite.h"
 
 #include <QDir>
@@ -31,14 +33,10 @@ QString in(const QTemporaryDir& folder, const char* name)
     return folder.filePath(QString::fromUtf8(name));
 }
 
-/// What a script wrote, "" when all went well and it had nothing to say.
+/// See test::shell().
 QByteArray shell(const QTemporaryDir& folder, const QByteArray& script)
 {
-    QProcess process;
-    process.setWorkingDirectory(folder.path());
-    process.start(QStringLiteral("sh"), {QStringLiteral("-ec"), QString::fromUtf8(script)});
-    const bool isFine = process.waitForFinished() && process.exitCode() == 0;
-    return isFine ? process.readAllStandardOutput() : "failed: " + process.readAllStandardError();
+    return test::shell(folder.path(), script);
 }
 
 /// What is to be moved: all kinds of things, one under a name that is no text.
@@ -105,6 +103,26 @@ private Q_SLOTS:
             }
         }
         QCOMPARE(shell(root, removeThings), "");
+    }
+
+    void workingFoldersGo()
+    {
+        const QTemporaryDir place;
+        const auto temporary = variable("TMPDIR", place.path());
+        QCOMPARE(shell(place, "mkdir outside; echo > outside/file"), "");
+        const QByteArray before = shell(place, listThings);
+        {
+            auto folder = WorkingFolder::create(QStringLiteral("Ledra")).value();
+            const auto other = WorkingFolder::create(QStringLiteral("Ledra"));
+            QCOMPARE(test::shell(folder.path(), makeThings + "; ln -s ../outside folder/locked.d"), "");
+            QCOMPARE(test::shell(folder.path(), "chmod 0 folder; find . -maxdepth 0 -printf %m"), "700");
+            const WorkingFolder moved = std::move(folder);
+            const QRegularExpression name(QStringLiteral("^%1/Ledra-[0-9A-F-]{36}$").arg(place.path()));
+            QVERIFY(name.match(moved.path()).hasMatch() && name.match(other->path()).hasMatch());
+            QVERIFY(QFileInfo::exists(moved.path()) && other->path() != moved.path());
+        }
+        QCOMPARE(shell(place, listThings), before);
+        QVERIFY(!WorkingFolder::create(QStringLiteral("none/Ledra")));
     }
 
     void trashGivesBack_data()

@@ -1,0 +1,119 @@
+#include "exchange/styling_archives.h"
+
+#include "platform/working_folder.h"
+#include "platform/zip_archive.h"
+#include "store/styling_folder.h"
+#include "store/styling_json.h"
+
+#include <QDir>
+#include <QFile>
+
+namespace ledra {
+
+namespace {
+
+const QString stylingFile = QStringLiteral("styling.json");
+
+std::unexpected<ArchiveFailure> failed(const char* message, const QString& detail = {})
+{
+    return std::unexpected(ArchiveFailure{QString::fromUtf8(message), detail});
+}
+
+/// The files of a styling in a folder: its record, and the logo and the style sheet that it is shown with.
+QStringList filesOf(const QString& folder)
+{
+    QStringList files = {stylingFile};
+    const QStringList names = QDir(folder).entryList(QDir::Files, QDir::Name);
+    for (bool (*isOfKind)(const QString&) : {isLogoFile, isStyleSheetFile}) {
+        const auto found = std::ranges::find_if(names, isOfKind);
+        if (found != names.end())
+            files += *found;
+    }
+    return files;
+}
+
+/// What a style file holds, unpacked.
+struct StyleFiles
+{
+    Styling styling;
+    QString logo;       ///< its path; empty without one
+    QString styleSheet; ///< the same
+};
+
+/// The folder that holds the record: the working folder itself, or one in it.
+QString folderOfRecord(const QString& working)
+{
+    if (QFile::exists(working + u'/' + stylingFile))
+        return working;
+    for (const QString& name : QDir(working).entryList(QDir::Dirs | QDir::NoDotAndDotDot, QDir::Name)) {
+        if (QFile::exists(working + u'/' + name + u'/' + stylingFile))
+            return working + u'/' + name;
+    }
+    return {};
+}
+
+std::expected<StyleFiles, ArchiveFailure> readStyle(const QString& working, const NewRecordValues& values)
+{
+    const QString folder = folderOfRecord(working);
+    if (folder.isEmpty())
+        return failed("The Style file doesn’t contain any styling.");
+    const auto content = readFile(folder + u'/' + stylingFile, largestRecordFile);
+    const Decoded<Styling> styling =
+        content ? decodeStyling(*content, values) : std::unexpected(DecodingError{});
+    if (!styling)
+        return failed("The selected file is not a valid Style file.",
+                      content ? styling.error().text() : content.error().reason);
+    StyleFiles files{*styling, {}, {}};
+    for (const QString& name : filesOf(folder)) {
+        if (isLogoFile(name))
+            files.logo = folder + u'/' + name;
+        else if (isStyleSheetFile(name))
+            files.styleSheet = folder + u'/' + name;
+    }
+    return files;
+}
+
+} // namespace
+
+std::expected<void, ArchiveFailure> StylingExporter::write(const QUuid& profileId, const QString& target,
+                                                           Overwrite overwrite) const
+{
+    const ProfilePtr profile = profiles_.find(profileId);
+    const std::optional<QString> folder = profile ? profiles_.profileFolder(**profile) : std::nullopt;
+    if (!folder)
+        return failed("The profile could not be found.");
+    if (!QFile::exists(*folder + u'/' + stylingFile))
+        return failed("This profile has no styling to export yet.");
+    const auto working = WorkingFolder::create(QStringLiteral("LedraStyleExport"));
+    if (!working)
+        return failed("Failed to create the Style file.", working.error().text());
+    for (const QString& name : filesOf(*folder)) {
+        if (!QFile::copy(*folder + u'/' + name, working->path() + u'/' + name))
+            return failed("Failed to create the Style file.", name + QStringLiteral(" cannot be copied"));
+    }
+    if (const auto written = writeArchive(working->path(), target, overwrite); !written)
+        return failed("Failed to create the Style file.", written.error().text());
+    return {};
+}
+
+std::expected<void, ArchiveFailure> StylingImporter::importFile(const QString& path)
+{
+    const auto working = WorkingFolder::create(QStringLiteral("LedraStyleImport"));
+    if (!working)
+        return failed("Failed to extract the Style file.", working.error().text());
+    if (const auto extracted = extractArchive(path, working->path()); !extracted)
+        return failed(extracted.error().fault == ArchiveFault::notAnArchive
+                          ? "The selected file is not a valid Style file."
+                          : "Failed to extract the Style file.",
+                      extracted.error().reason);
+    const auto files = readStyle(working->path(), context_.newRecordValues());
+    if (!files)
+        return std::unexpected(files.error());
+    if (!stylings_.styling())
+        return failed("The profile could not be found.");
+    if (const auto replaced = stylings_.replace(files->styling, files->logo, files->styleSheet); !replaced)
+        return failed("Failed to extract the Style file.", replaced.error().text);
+    return {};
+}
+
+} // namespace ledra

@@ -1,0 +1,75 @@
+#include "platform/tree_copy.h"
+#include "store/profile_directory_watcher.h"
+#include "store/profile_manager.h"
+
+#include <QDir>
+#include <QScopedValueRollback>
+
+#include <filesystem>
+#include <system_error>
+
+namespace ledra {
+
+namespace {
+
+// Hidden, so that nobody takes it for a profile while it is being copied.
+const QString staging = QStringLiteral(".import-");
+
+/// What an import left behind that was killed. Only under the lock: else it may be somebody's at work.
+void removeLeftovers(const QString& data)
+{
+    const QDir::Filters filters = QDir::Dirs | QDir::Hidden | QDir::NoDotAndDotDot;
+    for (const QString& name : QDir(data).entryList({staging + u'*'}, filters)) {
+        std::error_code ignored; // it is tried again next time
+        std::filesystem::remove_all(nativePath(data + u'/' + name), ignored);
+    }
+}
+
+} // namespace
+
+QString ProfileManager::uniqueName(const QString& name, const std::optional<QUuid>& apart) const
+{
+    const auto isTaken = [&](const QString& candidate) {
+        return std::ranges::any_of(profiles_, [&](const ProfilePtr& profile) {
+            return (*profile)->id != apart && (*profile)->displayName() == candidate;
+        });
+    };
+    if (!isTaken(name))
+        return name;
+    QString candidate = name + QStringLiteral(" Copy");
+    for (int count = 2; isTaken(candidate); ++count)
+        candidate = name + QStringLiteral(" Copy ") + QString::number(count);
+    return candidate;
+}
+
+std::expected<ProfilePtr, StoreFailure> ProfileManager::adoptFolder(const QString& folder, const QString& name)
+{
+    if (const std::optional<QString> problem = profileNameProblem(name))
+        return std::unexpected(StoreFailure{*problem});
+    const QScopedValueRollback mutation(isPerformingProfileMutation_, true);
+    const InterprocessLock::Guard guard = context_.writer.lock();
+    const QString data = dataFolder();
+    removeLeftovers(data);
+    const QString temporary = data + u'/' + staging + idText(context_.ids.newId());
+    const QString folderName = QString::number(nextFolderNumber()) + u'_' + name;
+    auto copied = copyTree(nativePath(folder), nativePath(temporary), Durability::none);
+    if (copied)
+        copied = syncFileSystem(nativePath(data));
+    if (copied && !QDir().rename(temporary, data + u'/' + folderName))
+        copied = std::unexpected(FileError{data + u'/' + folderName, QStringLiteral("cannot be made")});
+    if (!copied) {
+        removeLeftovers(data);
+        return std::unexpected(StoreFailure{copied.error().text()});
+    }
+    profiles_ = loadProfiles();
+    listChanged();
+    if (directoryWatcher_)
+        directoryWatcher_->watch(dataFolder());
+    const auto adopted = std::ranges::find_if(
+        profiles_, [&](const ProfilePtr& profile) { return (*profile)->profileName == folderName; });
+    if (adopted == profiles_.end())
+        return std::unexpected(StoreFailure{folderName + QStringLiteral(": cannot be read")});
+    return *adopted;
+}
+
+} // namespace ledra
