@@ -31,8 +31,8 @@ public:
     /// From now on every final invoice that is saved is exported a moment later.
     void follow();
 
-    /// Exports all final invoices of the active profile. Says finished() when that is done, also when there is
-    /// nothing to do.
+    /// Exports all final invoices of the active profile. Says finished() when that is done, also when there
+    /// is nothing to do.
     void exportAllEligible();
 
     bool hasFailures() const { return hasFailures_; }

@@ -23,9 +23,9 @@ std::optional<QString> AutoExportFolder::path() const
     if (isThere)
         return resolved->path;
     const QString remembered = defaults_.value(key("autoExportInvoicesFolderPath_")).toString();
-    console_.failure(QStringLiteral("AutoExportHelper: Failed to resolve bookmark: ") +
-                     (resolved ? remembered + QStringLiteral(" is another folder, or gone")
-                               : resolved.error()));
+    console_.failure(
+        QStringLiteral("AutoExportHelper: Failed to resolve bookmark: ") +
+        (resolved ? remembered + QStringLiteral(" is another folder, or gone") : resolved.error()));
     return std::nullopt;
 }
 
@@ -34,7 +34,8 @@ std::expected<void, QString> AutoExportFolder::choose(const QString& folder)
     const QString path = QDir(folder).absolutePath();
     if (!QFileInfo(path).isDir())
         return std::unexpected(path + QStringLiteral(": no such folder"));
-    const auto stored = defaults_.setValue(key("autoExportInvoicesFolderBookmark_"), makeFolderBookmark(path));
+    const auto stored =
+        defaults_.setValue(key("autoExportInvoicesFolderBookmark_"), makeFolderBookmark(path));
     return stored ? defaults_.setValue(key("autoExportInvoicesFolderPath_"), path) : stored;
 }
 

@@ -11,8 +11,8 @@
 
 namespace ledra {
 
-/// The folder into which a profile's final invoices are exported by themselves. It is remembered by what it is,
-/// so that another folder that comes to stand at its path is not taken for it.
+/// The folder into which a profile's final invoices are exported by themselves. It is remembered by what it
+/// is, so that another folder that comes to stand at its path is not taken for it.
 class AutoExportFolder
 {
 public:

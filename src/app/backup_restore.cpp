@@ -18,8 +18,8 @@ bool isUntouched(const ProfileManager& profiles, const QString& region)
            (!invoices.exists() || invoices.isEmpty());
 }
 
-std::expected<ImportedProfiles, ArchiveFailure>
-restoreBackup(StoreContext& context, ProfileManager& profiles, const QString& path)
+std::expected<ImportedProfiles, ArchiveFailure> restoreBackup(StoreContext& context, ProfileManager& profiles,
+                                                              const QString& path)
 {
     const bool isFresh = isUntouched(profiles, context.region);
     const std::optional<QUuid> standIn =

@@ -94,7 +94,7 @@ std::vector<ExportSource> recordSources(const std::vector<InvoicePtr>& records, 
             return ExportRecord{**record};
         };
         sources.push_back(
-            {app.invoiceManager().filePath(id), number, stems.take(fileNameOf(number), id), read, setting});
+            {app.invoiceManager().filePath(id), number, stems.take(fileNameOf(name), id), read, setting});
     }
     return sources;
 }

@@ -41,10 +41,10 @@ ExitCode show(Session& session, const QStringList&, const CommandArguments& argu
         writeJson(place);
         return ExitCode::done;
     }
-    writeOutput(QStringLiteral("%1\n%2\n").arg(
-        place.folder.value_or(QStringLiteral("no folder is chosen")),
-        place.formats.isEmpty() ? QStringLiteral("no format is switched on")
-                                : place.formats.join(QStringLiteral(", "))));
+    writeOutput(QStringLiteral("%1\n%2\n")
+                    .arg(place.folder.value_or(QStringLiteral("no folder is chosen")),
+                         place.formats.isEmpty() ? QStringLiteral("no format is switched on")
+                                                 : place.formats.join(QStringLiteral(", "))));
     return ExitCode::done;
 }
 

@@ -11,7 +11,10 @@ struct ArchiveFailure
     QString detail;  ///< what exactly, where that is known
 
     /// One line.
-    QString text() const { return detail.isEmpty() ? message : QStringLiteral("%1 (%2)").arg(message, detail); }
+    QString text() const
+    {
+        return detail.isEmpty() ? message : QStringLiteral("%1 (%2)").arg(message, detail);
+    }
 };
 
 } // namespace ledra

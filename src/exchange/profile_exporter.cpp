@@ -35,8 +35,8 @@ std::expected<void, ArchiveFailure> ProfileExporter::write(const std::vector<Pro
             const QString folder = profiles_.dataFolder() + u'/' + name;
             if (!QDir(folder).exists())
                 return failed(QStringLiteral("Profile directory not found: ") + folder);
-            const auto copied = copyTree(nativePath(folder), nativePath(working->path() + u'/' + name),
-                                         Durability::none);
+            const auto copied =
+                copyTree(nativePath(folder), nativePath(working->path() + u'/' + name), Durability::none);
             if (!copied)
                 return failed(copied.error().text());
         }
@@ -53,7 +53,8 @@ QString ProfileExporter::fileName(const Profile& profile, QDate today)
 
 QString ProfileExporter::fileNameForAll(QDate today, Language language)
 {
-    return documentLabel(QStringLiteral("Profiles"), language) + u' ' + dayText(today) + dataFileExtension.toString();
+    return documentLabel(QStringLiteral("Profiles"), language) + u' ' + dayText(today) +
+           dataFileExtension.toString();
 }
 
 } // namespace ledra

@@ -20,8 +20,8 @@ public:
         : profiles_(profiles), writer_(writer)
     {}
 
-    [[nodiscard]] std::expected<void, ArchiveFailure>
-    write(const std::vector<ProfilePtr>& chosen, const QString& target, Overwrite overwrite) const;
+    [[nodiscard]] std::expected<void, ArchiveFailure> write(const std::vector<ProfilePtr>& chosen,
+                                                            const QString& target, Overwrite overwrite) const;
 
     /// All profiles that there are.
     [[nodiscard]] std::expected<void, ArchiveFailure> writeAll(const QString& target,

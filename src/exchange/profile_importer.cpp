@@ -96,8 +96,8 @@ std::expected<ProfilePtr, StoreFailure> ProfileImporter::take(const QString& fol
     return profiles_.adoptFolder(folder, profiles_.uniqueName(nameFrom(folder), apart));
 }
 
-std::expected<ImportedProfiles, ArchiveFailure>
-ProfileImporter::importFile(const QString& path, const std::optional<QUuid>& apart)
+std::expected<ImportedProfiles, ArchiveFailure> ProfileImporter::importFile(const QString& path,
+                                                                            const std::optional<QUuid>& apart)
 {
     const auto working = WorkingFolder::create(QStringLiteral("LedraDataImport"));
     if (!working)

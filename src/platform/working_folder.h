@@ -10,7 +10,8 @@
 namespace ledra {
 
 /// A fresh folder among the temporary files that only this user can look into. It is removed with everything
-/// in it when the object goes; links in it are removed and not followed.
+/// in it when the object goes; links in it are removed and not followed. One that a killed process has left
+/// goes when the next of its kind is made.
 class WorkingFolder
 {
 public:
@@ -18,7 +19,9 @@ public:
     [[nodiscard]] static std::expected<WorkingFolder, FileError> create(const QString& prefix);
 
     ~WorkingFolder() { remove(); }
-    WorkingFolder(WorkingFolder&& other) noexcept : path_(std::exchange(other.path_, {})) {}
+    WorkingFolder(WorkingFolder&& other) noexcept
+        : path_(std::exchange(other.path_, {})), descriptor_(std::exchange(other.descriptor_, -1))
+    {}
     WorkingFolder& operator=(WorkingFolder&& other) noexcept;
     WorkingFolder(const WorkingFolder&) = delete;
     WorkingFolder& operator=(const WorkingFolder&) = delete;
@@ -26,10 +29,11 @@ public:
     QString path() const { return path_; }
 
 private:
-    explicit WorkingFolder(QString path) : path_(std::move(path)) {}
+    WorkingFolder(QString path, int descriptor) : path_(std::move(path)), descriptor_(descriptor) {}
     void remove() const;
 
-    QString path_; ///< empty after a move
+    QString path_;        ///< empty after a move
+    int descriptor_ = -1; ///< holds a lock on the folder, which tells that somebody is using it
 };
 
 } // namespace ledra

@@ -128,9 +128,8 @@ void BackupManager::prune()
     for (std::size_t position = kept.value_or(existing.size()); position < existing.size(); ++position) {
         QFile file(existing[position].path);
         if (!file.remove())
-            context_.console.failure(
-                QStringLiteral("BackupManager: Failed to remove excess backups: %1: %2")
-                    .arg(file.fileName(), file.errorString()));
+            context_.console.failure(QStringLiteral("BackupManager: Failed to remove excess backups: %1: %2")
+                                         .arg(file.fileName(), file.errorString()));
     }
 }
 

@@ -42,7 +42,8 @@ QString ProfileManager::uniqueName(const QString& name, const std::optional<QUui
     return candidate;
 }
 
-std::expected<ProfilePtr, StoreFailure> ProfileManager::adoptFolder(const QString& folder, const QString& name)
+std::expected<ProfilePtr, StoreFailure> ProfileManager::adoptFolder(const QString& folder,
+                                                                    const QString& name)
 {
     if (const std::optional<QString> problem = profileNameProblem(name))
         return std::unexpected(StoreFailure{*problem});

@@ -154,8 +154,8 @@ void ArchivesTest::importFailures_data()
     QTest::newRow("no profile") << archive
                                 << QStringLiteral("No valid profiles found in the Ledra Data file.");
     QTest::newRow("half of it") << archive.first(archive.size() / 2) << invalid;
-    QTest::newRow("out of the folder") << QByteArray(archive).replace("readme.txt", "../eme.txt")
-                                       << extraction;
+    QTest::newRow("out of the folder")
+        << QByteArray(archive).replace("readme.txt", "../eme.txt") << extraction;
 }
 
 void ArchivesTest::importFailures()
@@ -181,8 +181,8 @@ void ArchivesTest::someProfilesFail()
     QCOMPARE(imported->profiles.size(), std::size_t{1});
     QCOMPARE(imported->summary(),
              QStringLiteral("Successfully imported 1 profile(s).\nFailed to import 1 profile(s)."));
-    QVERIFY(desk.home.console.failures.join(u'|').contains(
-        u"Warning: Could not update profile ID and name: "));
+    QVERIFY(
+        desk.home.console.failures.join(u'|').contains(u"Warning: Could not update profile ID and name: "));
     QCOMPARE(desk.displayNames(), QStringLiteral("Default|Good"));
 }
 
@@ -191,7 +191,8 @@ void ArchivesTest::unpacking()
     Desk desk;
     QVERIFY(desk.exporter.writeAll(desk.archive(), Overwrite::refuse));
     const QString place = desk.home.path(QStringLiteral("elsewhere/data"));
-    QCOMPARE(ProfileImporter::unpack(desk.archive(), place).value(), QStringList{QStringLiteral("1_Default")});
+    QCOMPARE(ProfileImporter::unpack(desk.archive(), place).value(),
+             QStringList{QStringLiteral("1_Default")});
     QCOMPARE(test::contentOf(place + QStringLiteral("/1_Default/profile.json")),
              test::contentOf(desk.folder(QStringLiteral("1_Default/profile.json")))); // ids and all
     QVERIFY(!ProfileImporter::unpack(desk.archive(), place)); // never into a folder with something in it
@@ -201,7 +202,8 @@ void ArchivesTest::stylings()
 {
     Desk desk;
     StylingManager stylings(desk.home.context, desk.profiles, desk.usage);
-    QVERIFY(desk.home.put(desk.home.path(QStringLiteral("a.svg")), "<svg xmlns=\"http://www.w3.org/2000/svg\"/>"));
+    QVERIFY(desk.home.put(desk.home.path(QStringLiteral("a.svg")),
+                          "<svg xmlns=\"http://www.w3.org/2000/svg\"/>"));
     QVERIFY(desk.home.put(desk.home.path(QStringLiteral("a.css")), "h1 { color: red }"));
     QVERIFY(stylings.importLogo(desk.home.path(QStringLiteral("a.svg"))));
     QVERIFY(stylings.importStyleSheet(desk.home.path(QStringLiteral("a.css"))));

@@ -123,6 +123,15 @@ private Q_SLOTS:
         }
         QCOMPARE(shell(place, listThings), before);
         QVERIFY(!WorkingFolder::create(QStringLiteral("none/Ledra")));
+
+        // Of older ones those go that nobody holds.
+        const auto held = WorkingFolder::create(QStringLiteral("Ledra"));
+        QCOMPARE(shell(place, "mkdir -p Ledra-KILLED/a Ledra-YOUNG Other-OLD; touch -d '2 minutes ago' "
+                              "Ledra-[0-9A-F]* Ledra-KILLED Other-OLD"),
+                 "");
+        const auto next = WorkingFolder::create(QStringLiteral("Ledra"));
+        QCOMPARE(shell(place, "ls | grep -c '^Ledra-[0-9A-F]*-'; ls -d Ledra-[K-Z]* Other*"),
+                 "2\nLedra-YOUNG\nOther-OLD\n");
     }
 
     void trashGivesBack_data()

@@ -2,7 +2,6 @@
 #include "support/store_home.h"
 #include "support/test_suite.h"
 
-
 using namespace ledra;
 using Outcome = BackupManager::Outcome;
 using test::StoreHome;
@@ -72,7 +71,7 @@ void BackupManagerTest::due_data()
     row("1", "", true);
     row("30", "", true);
     row("1", "2026-03-04", true);
-    row("", "2026-03-04", true); // not chosen: daily
+    row("", "2026-03-04", true);  // not chosen: daily
     row("5", "2026-03-04", true); // none of the choices: daily
     row("3", "2026-03-03", false);
     row("3", "2026-03-02", true);
@@ -187,10 +186,13 @@ void BackupManagerTest::creationDates()
     QVERIFY(home.put(file, "x"));
     QFile changed(file);
     QVERIFY(changed.open(QIODevice::ReadWrite));
-    QVERIFY(changed.setFileTime(QDateTime(QDate(1999, 1, 1), QTime(0, 0)), QFileDevice::FileModificationTime));
-    // As the file system says, or the day in the name where that keeps none; never the time of the last change.
+    QVERIFY(
+        changed.setFileTime(QDateTime(QDate(1999, 1, 1), QTime(0, 0)), QFileDevice::FileModificationTime));
+    // As the file system says, or the day in the name where that keeps none; never the time of the last
+    // change.
     const QDateTime created = creationDate(file);
-    QVERIFY2(created > before || created.date() == QDate(2020, 2, 3), qPrintable(created.toString(Qt::ISODate)));
+    QVERIFY2(created > before || created.date() == QDate(2020, 2, 3),
+             qPrintable(created.toString(Qt::ISODate)));
 }
 
 const ledra::test::RegisterSuite<BackupManagerTest> registration("backup_manager_test");
