@@ -7,7 +7,7 @@
 #include "app/ledra_app.h"
 #include "platform/folder_listing.h"
 #include "process_memory.h"
-#include "sample_invoices.h"
+#include "scratch_home.h"
 #include "timing.h"
 
 #include <QCoreApplication>
@@ -26,45 +26,15 @@ namespace {
 using namespace ledra;
 using bench::median;
 using bench::require;
+using bench::say;
 using bench::secondsOf;
 
 constexpr int rounds = 7;
 constexpr int someInvoices = 10'000;
 constexpr int manyInvoices = 100'000;
 
-void say(const char* name, double value)
-{
-    std::printf("%s %.6f\n", name, value);
-    std::fflush(stdout);
-}
-
-/// What the application finds in its scratch home.
-struct Home
-{
-    explicit Home(const QString& folder)
-    {
-        qputenv("XDG_DATA_HOME", (folder + QStringLiteral("/data")).toUtf8());
-        qputenv("XDG_CONFIG_HOME", (folder + QStringLiteral("/config")).toUtf8());
-        LedraApp app({.console = console, .watchesFolders = false}); // the first start makes the profile
-        invoices = *app.profileManager().subfolder(**app.profileManager().activeProfile(),
-                                                   QStringLiteral("Invoices"), true);
-    }
-
-    /// Puts as many invoice files there as there are to be.
-    void fill(int count) const
-    {
-        for (const Invoice& invoice : bench::sampleInvoices(count)) {
-            QFile file(invoices + u'/' + invoiceFileName(invoice));
-            require(file.open(QIODevice::WriteOnly) && file.write(fileText(invoice)) > 0, "cannot write");
-        }
-    }
-
-    CommandConsole console{CommandConsole::Verbosity::quiet};
-    QString invoices;
-};
-
 /// Start-up and the list in its order. The application lives on: putting it away is no part of it.
-std::vector<InvoicePtr> startAndList(Home& home, std::unique_ptr<LedraApp>& app)
+std::vector<InvoicePtr> startAndList(bench::ScratchHome& home, std::unique_ptr<LedraApp>& app)
 {
     app = std::make_unique<LedraApp>(LaunchOptions{.console = home.console, .watchesFolders = false});
     return app->filterManager().filtered({});
@@ -92,7 +62,7 @@ std::size_t bareLoop(const QString& folder)
     return parsed;
 }
 
-void measureStart(Home& home)
+void measureStart(bench::ScratchHome& home)
 {
     std::vector<double> own;
     std::vector<double> text;
@@ -114,7 +84,7 @@ void measureStart(Home& home)
 }
 
 /// One file rewritten by somebody else until its change is in the list.
-void measureOneChange(Home& home)
+void measureOneChange(bench::ScratchHome& home)
 {
     LedraApp app({.console = home.console, .watchesFolders = true});
     const InvoicePtr record = app.invoiceManager().invoices().front();
@@ -134,7 +104,7 @@ void measureOneChange(Home& home)
     say("store_one_change", median(times));
 }
 
-void measureMany(Home& home)
+void measureMany(bench::ScratchHome& home)
 {
     const std::int64_t before = bench::proportionalMemory().value_or(0);
     std::unique_ptr<LedraApp> app;
@@ -171,7 +141,7 @@ int main(int argc, char** argv)
 {
     const QCoreApplication application(argc, argv);
     require(argc == 2, "usage: store_bench FOLDER");
-    Home home(QDir(QString::fromLocal8Bit(argv[1])).absolutePath());
+    bench::ScratchHome home(QDir(QString::fromLocal8Bit(argv[1])).absolutePath());
     home.fill(someInvoices);
     measureStart(home);
     measureOneChange(home);

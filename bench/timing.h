@@ -31,4 +31,11 @@ inline void require(bool holds, const char* what)
     std::exit(EXIT_FAILURE);
 }
 
+/// One figure for bench/run.
+inline void say(const char* name, double value)
+{
+    std::printf("%s %.6f\n", name, value);
+    std::fflush(stdout);
+}
+
 } // namespace ledra::bench

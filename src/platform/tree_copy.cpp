@@ -1,5 +1,6 @@
 #include "platform/tree_copy.h"
 
+#include "platform/descriptor.h"
 #include "platform/folder_tree.h"
 
 #include <QFile>
@@ -8,6 +9,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <system_error>
@@ -50,26 +52,6 @@ std::expected<QByteArray, FileError> nextBlock(QFile& file, const fs::path& path
     return block;
 }
 
-Result copyContent(const fs::path& from, const fs::path& to)
-{
-    QFile source;
-    QFile target;
-    if (const Result opened = openFile(source, from, O_RDONLY, QIODevice::ReadOnly); !opened)
-        return opened;
-    if (const Result opened = openFile(target, to, O_WRONLY | O_CREAT | O_EXCL, QIODevice::WriteOnly);
-        !opened)
-        return opened;
-    for (;;) {
-        const auto block = nextBlock(source, from);
-        if (!block)
-            return std::unexpected(block.error());
-        if (block->isEmpty())
-            return {};
-        if (target.write(*block) != block->size())
-            return std::unexpected(FileError{text(to), target.errorString()});
-    }
-}
-
 Result compareContent(const fs::path& original, const fs::path& copy)
 {
     QFile first;
@@ -101,24 +83,41 @@ int keepAttributes(const struct stat& original, int copy)
     return kept || errno == EPERM || errno == ENOTSUP ? 0 : errno;
 }
 
-/// Completes a copied file or folder and makes it durable.
-Result settle(const struct stat& original, const fs::path& copy, Durability durability)
+/// Completes a copied file or folder.
+int settle(const struct stat& original, int copy, Durability durability)
 {
-    const int number = ::open(copy.c_str(), O_RDONLY | O_NOFOLLOW | O_CLOEXEC);
-    if (number < 0)
-        return fileError(copy, errno);
-    int code = keepAttributes(original, number);
-    if (code == 0 && durability == Durability::each)
-        code = syncDescriptor(number);
-    ::close(number);
-    return code == 0 ? Result() : fileError(copy, code);
+    const int code = keepAttributes(original, copy);
+    return code == 0 && durability == Durability::each ? syncDescriptor(copy) : code;
+}
+
+/// Copies what is left to be read; returns 0 or the number of the error.
+int copyContent(const Descriptor& from, const Descriptor& to)
+{
+    std::array<char, 65'536> block; // left as it is: clearing it for ten thousand small files takes longer
+    for (;;) {
+        const ssize_t length = ::read(from.number(), block.data(), block.size());
+        if (length == 0)
+            return 0;
+        if (length < 0 && errno != EINTR)
+            return errno;
+        if (!to.writeAll({block.data(), std::max<ssize_t>(length, 0)}))
+            return errno;
+    }
 }
 
 Result copyFile(const fs::path& from, const struct stat& original, const fs::path& to, Durability durability)
 {
-    if (const Result copied = copyContent(from, to); !copied)
-        return copied;
-    return settle(original, to, durability);
+    const Descriptor source(::open(from.c_str(), O_RDONLY | O_NOFOLLOW | O_CLOEXEC));
+    if (!source.isOpen())
+        return fileError(from, errno);
+    const Descriptor target(
+        ::open(to.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, S_IRUSR | S_IWUSR));
+    if (!target.isOpen())
+        return fileError(to, errno);
+    if (const int code = copyContent(source, target); code != 0)
+        return fileError(to, code);
+    const int code = settle(original, target.number(), durability);
+    return code == 0 ? Result() : fileError(to, code);
 }
 
 Result copyLink(const fs::path& from, const struct stat& original, const fs::path& to)
@@ -146,7 +145,9 @@ Result copyFolder(const fs::path& from, const struct stat& original, const fs::p
         if (const Result copied = copyTree(from / name, to / name, durability); !copied)
             return copied;
     }
-    return settle(original, to, durability);
+    const Descriptor copy(::open(to.c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
+    const int code = copy.isOpen() ? settle(original, copy.number(), durability) : errno;
+    return code == 0 ? Result() : fileError(to, code);
 }
 
 Result compareFolders(const fs::path& original, const fs::path& copy)

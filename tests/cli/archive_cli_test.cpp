@@ -5,7 +5,6 @@
 #include <QJsonObject>
 #include <QRandomGenerator>
 
-
 using namespace ledra;
 using test::contentOf;
 using test::filesBelow;
@@ -67,8 +66,9 @@ void ArchiveCliTest::profilesMove()
 {
     QVERIFY(home_.succeeds("profile export --all -q -o {DIR}/all.ledradata"));
     const ProgramRun one = home_.run("profile export Werkstatt -o {DIR}");
-    QVERIFY(QString::fromUtf8(one.output).contains(QRegularExpression(
-        QStringLiteral("/Werkstatt \\d{4}-\\d\\d-\\d\\d\\.ledradata\n$"))));
+    QVERIFY(
+        QString::fromUtf8(one.output)
+            .contains(QRegularExpression(QStringLiteral("/Werkstatt \\d{4}-\\d\\d-\\d\\d\\.ledradata\n$"))));
     ProgramHome other;
     other.ids = home_.ids;
     const ProgramRun imported = other.run("profile import {DIR}/all.ledradata");
@@ -159,8 +159,8 @@ void ArchiveCliTest::automaticExport()
 {
     const ProgramRun off = home_.run("autoexport run");
     QVERIFY(off.exitCode == 1 && off.errors.value(0).contains(u"no format is switched on"));
-    for (const char* setting : {"autoExportInvoicesEnabled", "autoExportInvoicesXMLEnabled",
-                                "autoExportInvoicesZUGFeRDEnabled"})
+    for (const char* setting :
+         {"autoExportInvoicesEnabled", "autoExportInvoicesXMLEnabled", "autoExportInvoicesZUGFeRDEnabled"})
         QVERIFY(home_.succeeds("settings set", {QString::fromLatin1(setting), QStringLiteral("true")}));
     QVERIFY(home_.run("autoexport run").errors.value(0).contains(u"no folder is chosen"));
     QVERIFY(QDir().mkpath(home_.path(QStringLiteral("office"))));
@@ -176,9 +176,10 @@ void ArchiveCliTest::automaticExport()
         for (const char* line : {"Auto-export: PDF saved to ", "Auto-export: e-invoice XML saved to ",
                                  "Auto-export: ZUGFeRD PDF saved to "})
             QVERIFY2(log.contains(QLatin1StringView(line)), qPrintable(log));
-        QCOMPARE(namesBelow(home_, "office"), // the hybrid is told from the plain PDF by its name
-                 QStringList({QStringLiteral("E-Rechnung 2026-001.pdf"), QStringLiteral("E-Rechnung 2026-001.xml"),
-                              QStringLiteral("Rechnung 2026-001.pdf")}));
+        QCOMPARE(
+            namesBelow(home_, "office"), // the hybrid is told from the plain PDF by its name
+            QStringList({QStringLiteral("E-Rechnung 2026-001.pdf"), QStringLiteral("E-Rechnung 2026-001.xml"),
+                         QStringLiteral("Rechnung 2026-001.pdf")}));
     }
     QVERIFY(QDir(home_.path(QStringLiteral("office"))).removeRecursively());
     const ProgramRun gone = home_.run("autoexport run");
@@ -192,11 +193,10 @@ void ArchiveCliTest::wrongInput_data()
     for (const char* line : {"profile import", "profile export Default --all", "styling import", "backup",
                              "backup restore", "backup again", "autoexport", "autoexport folder"})
         QTest::newRow(line) << 2;
-    for (const char* line :
-         {"profile import {DIR}/text.txt", "profile import {DIR}/none.ledradata", "profile export Nobody",
-          "profile export -o /nowhere/x.ledradata", "profile export -o {DIR}/text.txt",
-          "styling import {DIR}/text.txt --force", "backup restore {DIR}/text.txt",
-          "autoexport folder {DIR}/none"})
+    for (const char* line : {"profile import {DIR}/text.txt", "profile import {DIR}/none.ledradata",
+                             "profile export Nobody", "profile export -o /nowhere/x.ledradata",
+                             "profile export -o {DIR}/text.txt", "styling import {DIR}/text.txt --force",
+                             "backup restore {DIR}/text.txt", "autoexport folder {DIR}/none"})
         QTest::newRow(line) << 1;
 }
 
