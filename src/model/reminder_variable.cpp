@@ -8,12 +8,13 @@ namespace ledra {
 
 namespace {
 
-/// A day within a sentence: "5. März 2026" in German, "5 March 2026" in English.
+/// A day within a sentence: "5. März 2026" in German, "5 March 2026" in English. Day and month stay on one
+/// line.
 QString sentenceDate(QDate day, Language language)
 {
     const bool isGerman = language == Language::german;
-    return documentLocale(language).toString(day, isGerman ? QStringLiteral("d. MMMM yyyy")
-                                                           : QStringLiteral("d MMMM yyyy"));
+    return documentLocale(language).toString(day, isGerman ? QStringLiteral("d.\u00a0MMMM yyyy")
+                                                           : QStringLiteral("d\u00a0MMMM yyyy"));
 }
 
 } // namespace

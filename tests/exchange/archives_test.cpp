@@ -7,6 +7,7 @@
 #include "support/program_run.h"
 #include "support/store_home.h"
 #include "support/test_suite.h"
+#include "support/zip_of_entries.h"
 
 using namespace ledra;
 using test::filesBelow;
@@ -70,6 +71,7 @@ private Q_SLOTS:
     void exportFailures();
     void importFailures_data();
     void importFailures();
+    void hostileArchivesChangeNothing();
     void someProfilesFail();
     void unpacking();
     void stylings();
@@ -169,6 +171,38 @@ void ArchivesTest::importFailures()
     QCOMPARE(imported.error().message, message);
     QVERIFY(filesBelow(desk.home.path({})) == before);
     QVERIFY(!desk.importer.importFile(desk.home.path(QStringLiteral("nothing.ledradata"))));
+}
+
+/// Whatever is wrong with an archive, the importers say it in their own words and nothing else is different.
+void ArchivesTest::hostileArchivesChangeNothing()
+{
+    using test::ZipEntry;
+    const ZipEntry profile{"1_Good/profile.json", profileJson(QStringLiteral("A")), 8};
+    QList<QByteArray> archives;
+    for (const ZipEntry& entry : {ZipEntry{"../x"}, ZipEntry{"/tmp/x"}, ZipEntry{profile.name},
+                                  ZipEntry{"link", "/etc", 0, 0, 0120777}, ZipEntry{"x", "secret", 0, 1},
+                                  ZipEntry{"bomb", QByteArray(70 << 20, '\0'), 8}, ZipEntry{"x", "x", 99},
+                                  ZipEntry{"short", "1234", 8, 0, 0, 9}})
+        archives += test::zipOf({profile, entry});
+    const QByteArray whole = test::zipOf({profile, {"styling.json", "{}"}});
+    for (qsizetype size = 0; size < whole.size(); size += 64)
+        archives += whole.first(size);
+
+    Desk desk;
+    StylingManager stylings(desk.home.context, desk.profiles, desk.usage);
+    StylingImporter styleImporter(desk.home.context, stylings);
+    const QStringList folders = workingFolders();
+    for (const QByteArray& archive : std::as_const(archives)) {
+        QVERIFY(desk.home.put(desk.archive(), archive));
+        const auto before = filesBelow(desk.home.path({}));
+        const auto imported = desk.importer.importFile(desk.archive());
+        QVERIFY(!imported && (imported.error().message.endsWith(u"Ledra Data file.")));
+        const auto styled = styleImporter.importFile(desk.archive());
+        QVERIFY(!styled && (styled.error().message.endsWith(u"Style file.")));
+        QVERIFY(filesBelow(desk.home.path({})) == before && workingFolders() == folders);
+    }
+    QVERIFY(desk.home.put(desk.archive(), whole)); // which is a good one
+    QVERIFY(desk.importer.importFile(desk.archive()) && styleImporter.importFile(desk.archive()));
 }
 
 void ArchivesTest::someProfilesFail()

@@ -74,14 +74,17 @@ void ReminderTest::variables()
                                        "{{payment-deadline}}|{{due-date}}|{{interest-amount}}|"
                                        "{{interest-rate}}|{{fee-amount}}");
     const Reminder reminder = reminderOn(QDate(2026, 6, 27));
-    QCOMPARE(expanded(invoice, all, reminder),
-             QStringLiteral("Erika Muster|2026-007|1 April 2026|€1,000.00|11 July 2026|15 April 2026|€18.00|"
-                            "9.00|€40.00"));
+    QCOMPARE(
+        expanded(invoice, all, reminder),
+        QStringLiteral(
+            "Erika Muster|2026-007|1\u00a0April 2026|€1,000.00|11\u00a0July 2026|15\u00a0April 2026|€18.00|"
+            "9.00|€40.00"));
     invoice.language = Language::german;
     QCOMPARE(
         expanded(invoice, all, reminder),
-        QStringLiteral("Erika Muster|2026-007|1. April 2026|1.000,00\u00a0€|11. Juli 2026|15. April 2026|"
-                       "18,00\u00a0€|9.00|40,00\u00a0€"));
+        QStringLiteral(
+            "Erika Muster|2026-007|1.\u00a0April 2026|1.000,00\u00a0€|11.\u00a0Juli 2026|15.\u00a0April 2026|"
+            "18,00\u00a0€|9.00|40,00\u00a0€"));
     for (const EnumText<ReminderVariable>& row : enumTexts<ReminderVariable>)
         QVERIFY2(all.contains(token(row.value)), row.rawValue.data());
 }
