@@ -113,7 +113,7 @@ void AutoExport::start(const std::vector<InvoicePtr>& invoices)
         order.log = row.log;
         orders_.push_back(std::move(order));
     }
-    QMetaObject::invokeMethod(this, &AutoExport::runNext, Qt::QueuedConnection);
+    QTimer::singleShot(0, this, &AutoExport::runNext);
 }
 
 /// One batch after the other: they would only take the engine's pages from each other.

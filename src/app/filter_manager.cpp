@@ -33,6 +33,7 @@ std::vector<InvoicePtr> FilterManager::filtered(const InvoiceFilter& filter)
         const bool passes = (!filter.type || invoice.type == *filter.type) &&
                             (!filter.status || invoice.status == *filter.status) &&
                             (!filter.year || (invoice.date >= begin && invoice.date < end)) &&
+                            (!filter.leavesOutQuotes || invoice.type != InvoiceType::quote) &&
                             (!searches || found[i]) && (!filter.overdueOnly || invoice.isOverdue(now));
         if (passes)
             passed.push_back(all[i]);

@@ -18,6 +18,7 @@ struct InvoiceFilter
     std::optional<InvoiceType> type = {};
     std::optional<Status> status = {};
     bool overdueOnly = false;
+    bool leavesOutQuotes = false;
     std::optional<int> year = {}; ///< of the record's date
     QString search = {};          ///< words that all occur somewhere in the record
 

@@ -1,7 +1,7 @@
 #include "cli/edit_commands.h"
 
+#include "app/item_text.h"
 #include "cli/assignments.h"
-#include "cli/item_argument.h"
 #include "store/invoice_json.h"
 
 namespace ledra {

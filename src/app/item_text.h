@@ -1,0 +1,30 @@
+#pragma once
+
+#include "model/clock.h"
+#include "model/invoice.h"
+#include "model/profile.h"
+#include "store/key_value.h"
+
+#include <QString>
+
+#include <expected>
+#include <vector>
+
+namespace ledra {
+
+/// Reads "TEXT;QUANTITY;UNIT;PRICE;VAT", the form in which items are typed. Fields that are empty or left out
+/// at the end take what a new line of the profile has; a field with a semicolon is quoted as in CSV (RFC
+/// 4180).
+[[nodiscard]] std::expected<Invoice::Item, QString> itemFrom(const QString& text, const Profile& profile,
+                                                             IdSource& ids, const ValueReading& reading);
+
+/// Reads lines as they are copied from a spreadsheet: cells with tabs between them in the same order, one
+/// line an item. Cells that hold tabs or line breaks are quoted. Empty lines, and a first line whose quantity
+/// and price are no numbers (titles), are left out; a price may have a currency sign or code.
+[[nodiscard]] std::expected<std::vector<Invoice::Item>, QString>
+itemsFromTable(const QString& text, const Profile& profile, IdSource& ids, const ValueReading& reading);
+
+/// The same lines for pasting into a spreadsheet, with numbers as the locale writes them.
+QString tableOf(const std::vector<Invoice::Item>& items, const QLocale& locale);
+
+} // namespace ledra
