@@ -17,7 +17,8 @@ public:
     /// @param invoices the newest first, as InvoiceManager has them
     explicit EarlierEntries(const std::vector<InvoicePtr>& invoices);
 
-    /// Recipients that match, those of the newest records first. Two that differ in case or blanks only are one.
+    /// Recipients that match, those of the newest records first. Two that differ in case or blanks only are
+    /// one.
     std::vector<Recipient> recipients(const QString& text, std::size_t most) const;
 
     /// Items whose description matches, each with its latest unit, price and rate. The ids are null.

@@ -112,7 +112,8 @@ JobResult<ImportedInvoice> InvoiceJobs::importFile(const QString& path)
     return std::move(*imported);
 }
 
-JobResult<void> InvoiceJobs::edit(const QUuid& id, const std::function<void(Invoice&)>& change, Force force)
+JobResult<void> InvoiceJobs::mayEdit(const QUuid& id, const std::function<void(Invoice&)>& change,
+                                     Force force) const
 {
     const JobResult<InvoicePtr> record = find(id);
     if (!record)
@@ -122,7 +123,22 @@ JobResult<void> InvoiceJobs::edit(const QUuid& id, const std::function<void(Invo
     if (force == Force::no && isGuarded(***record) &&
         withoutFreeFields(changed) != withoutFreeFields(***record))
         return std::unexpected(guarded(*record));
-    return jobResult(invoices_.edit(id, change));
+    return {};
+}
+
+JobResult<void> InvoiceJobs::edit(const QUuid& id, const std::function<void(Invoice&)>& change, Force force)
+{
+    const JobResult<void> allowed = mayEdit(id, change, force);
+    return allowed ? jobResult(invoices_.edit(id, change)) : allowed;
+}
+
+JobResult<void> InvoiceJobs::editSoon(const QUuid& id, const std::function<void(Invoice&)>& change,
+                                      Force force)
+{
+    JobResult<void> allowed = mayEdit(id, change, force);
+    if (allowed)
+        invoices_.editSoon(id, change);
+    return allowed;
 }
 
 JobResult<void> InvoiceJobs::refreshNumberSettings(const QUuid& id, Force force)

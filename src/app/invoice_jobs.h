@@ -31,6 +31,10 @@ public:
     JobResult<ImportedInvoice> importFile(const QString& path);
 
     JobResult<void> edit(const QUuid& id, const std::function<void(Invoice&)>& change, Force force);
+
+    /// The same for a change of many, such as typing: it is seen at once and written a little later.
+    JobResult<void> editSoon(const QUuid& id, const std::function<void(Invoice&)>& change, Force force);
+
     JobResult<void> refreshNumberSettings(const QUuid& id, Force force);
     JobResult<void> setStatus(const QUuid& id, Status status);
 
@@ -43,6 +47,7 @@ public:
 private:
     JobResult<InvoicePtr> find(const QUuid& id) const;
     JobFailure guarded(const InvoicePtr& record) const;
+    JobResult<void> mayEdit(const QUuid& id, const std::function<void(Invoice&)>& change, Force force) const;
 
     InvoiceManager& invoices_;
     const ProfileManager& profiles_;

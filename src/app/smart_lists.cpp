@@ -33,10 +33,9 @@ void add(SmartListContent& content, const Invoice& invoice, double total)
     const bool isQuote = invoice.type == InvoiceType::quote;
     if (isQuote && content.list.kind != Kind::quotes)
         return;
-    const auto sum = std::ranges::lower_bound(content.sums, invoice.currency.code, {},
-                                              [](const SmartListContent::Sum& each) -> const QString& {
-                                                  return each.currency.code;
-                                              });
+    const auto sum = std::ranges::lower_bound(
+        content.sums, invoice.currency.code, {},
+        [](const SmartListContent::Sum& each) -> const QString& { return each.currency.code; });
     if (sum != content.sums.end() && sum->currency == invoice.currency)
         sum->total += total;
     else
@@ -69,9 +68,7 @@ std::vector<SmartListContent> smartLists(const std::vector<InvoicePtr>& invoices
     for (const Kind kind : kinds)
         lists.push_back({.list = {kind}, .count = 0, .sums = {}});
     std::map<int, SmartListContent, std::greater<>> years;
-    const auto listOf = [&](Kind kind) -> SmartListContent& {
-        return lists[static_cast<std::size_t>(kind)];
-    };
+    const auto listOf = [&](Kind kind) -> SmartListContent& { return lists[static_cast<std::size_t>(kind)]; };
     for (const InvoicePtr& record : invoices) {
         const Invoice& invoice = **record;
         const double total = invoice.total();

@@ -13,7 +13,7 @@ namespace {
 /// A line "GROUP.NAME;PARAMETER=VALUE:CONTENT".
 struct Property
 {
-    QString name; ///< upper case
+    QString name;       ///< upper case
     QString parameters; ///< upper case, with a semicolon before each
     QByteArray content;
 
@@ -128,8 +128,7 @@ Country countryNamed(const QString& text, const Country& otherwise)
         return matches(facts.englishName) || matches(facts.germanName);
     };
     const auto found = std::ranges::find_if(countryTable(), isNamed);
-    return found == countryTable().end() ? otherwise
-                                         : Country{QString::fromLatin1(found->code.data(), 2)};
+    return found == countryTable().end() ? otherwise : Country{QString::fromLatin1(found->code.data(), 2)};
 }
 
 /// Box, extension and street; place, region, postcode and country (RFC 6350, 6.3.1).

@@ -61,16 +61,18 @@ void WindowListsTest::smartLists()
             invoice.currency.code = QString::fromLatin1(currency);
         });
     };
-    const std::vector<InvoicePtr> invoices = {
-        with(Status::draft),     with(Status::sent),
-        with(Status::sent, InvoiceType::invoice, 2025, "USD"),
-        with(Status::paid),      with(Status::cancelled),
-        with(Status::draft, InvoiceType::quote),
-        with(Status::sent, InvoiceType::quote, 2025)};
+    const std::vector<InvoicePtr> invoices = {with(Status::draft),
+                                              with(Status::sent),
+                                              with(Status::sent, InvoiceType::invoice, 2025, "USD"),
+                                              with(Status::paid),
+                                              with(Status::cancelled),
+                                              with(Status::draft, InvoiceType::quote),
+                                              with(Status::sent, InvoiceType::quote, 2025)};
     const auto lists = ledra::smartLists(invoices, test::noon(2026, 4, 10));
     // All, drafts, sent, overdue, paid, cancelled, quotes, and the years.
-    QCOMPARE(textOf(lists), QStringLiteral("7 EUR400 USD100 | 1 EUR100 | 2 EUR100 USD100 | 1 USD100 | 1 EUR100 | "
-                                           "1 EUR100 | 2 EUR200 | 2026: 5 EUR400 | 2025: 2 USD100"));
+    QCOMPARE(textOf(lists),
+             QStringLiteral("7 EUR400 USD100 | 1 EUR100 | 2 EUR100 USD100 | 1 USD100 | 1 EUR100 | "
+                            "1 EUR100 | 2 EUR200 | 2026: 5 EUR400 | 2025: 2 USD100"));
     QCOMPARE(textOf(ledra::smartLists({}, Timestamp())), QStringLiteral("0 | 0 | 0 | 0 | 0 | 0 | 0"));
 
     // A list shows as many records as it counts.
@@ -94,8 +96,9 @@ void WindowListsTest::recipients()
             invoice.addressCity = QString::fromUtf8(city);
         });
     };
-    const EarlierEntries entries({to("Jürgen Weiß", "Weiß & Söhne", "Köln"), to("jürgen weiß", "Weiß & Söhne", "Köln"),
-                                  to("Zoë Brückner", "", "Weimar"), to("", "", "Bonn")});
+    const EarlierEntries entries({to("Jürgen Weiß", "Weiß & Söhne", "Köln"),
+                                  to("jürgen weiß", "Weiß & Söhne", "Köln"), to("Zoë Brückner", "", "Weimar"),
+                                  to("", "", "Bonn")});
     const auto found = [&](const char* text) {
         QStringList cities;
         for (const Recipient& recipient : entries.recipients(QString::fromUtf8(text), 5))
@@ -121,7 +124,8 @@ void WindowListsTest::items()
             invoice.items = {sampleItem(QString::fromUtf8(text), 3, Unit::day, price, 7)};
         });
     };
-    const EarlierEntries entries({sold("Entwurf für Café", 90), sold("entwurf FÜR cafe", 80), sold("Druck", 5)});
+    const EarlierEntries entries(
+        {sold("Entwurf für Café", 90), sold("entwurf FÜR cafe", 80), sold("Druck", 5)});
     const auto found = entries.items(QStringLiteral("ent caf"), 5);
     QCOMPARE(found.size(), std::size_t{1});
     QVERIFY(found.front().unitPrice == 90 && found.front().unit == Unit::day && found.front().id.isNull());

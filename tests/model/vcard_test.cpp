@@ -12,8 +12,9 @@ QString textOf(const std::optional<Recipient>& recipient)
     if (!recipient)
         return QStringLiteral("none");
     const Recipient& r = *recipient;
-    return QStringList{r.name,         r.businessName,    r.addressLineOne,      r.addressLineTwo, r.addressPostcode,
-                       r.addressCity,  r.addressState,    r.addressCountry.code, r.email}
+    return QStringList{r.name,           r.businessName,        r.addressLineOne,
+                       r.addressLineTwo, r.addressPostcode,     r.addressCity,
+                       r.addressState,   r.addressCountry.code, r.email}
         .join(u'|');
 }
 
@@ -37,8 +38,7 @@ private Q_SLOTS:
             "VERSION:4.0\nFN:Jonas Ahlers\nN:Ahlers;Jonas;;;\nORG:Rösterei Ahlers;Einkauf\n"
             "ADR;TYPE=work:;;Ufergasse 5;Lübeck;SH;23552;Germany\nEMAIL:jonas@example.de",
             "Jonas Ahlers|Rösterei Ahlers|Ufergasse 5||23552|Lübeck|SH|DE|jonas@example.de");
-        row("name in parts, other country",
-            "N:Muster;Erika\nADR:;Hof 2;Weg 1;Wien;;1010;Österreich",
+        row("name in parts, other country", "N:Muster;Erika\nADR:;Hof 2;Weg 1;Wien;;1010;Österreich",
             "Erika Muster||Weg 1|Hof 2|1010|Wien||AT|");
         row("escapes and groups",
             "item1.FN:A\\, B\\; C\\\\D\nitem2.ADR;TYPE=\"home;x:y\":;;Weg 1\\nHaus 2;X;;1;us",
@@ -55,8 +55,9 @@ private Q_SLOTS:
         row("business", "FN:Rösterei GmbH\nORG:Rösterei GmbH", "|Rösterei GmbH||||||DE|");
         row("unknown country", "FN:A\nADR:;;;;;;Atlantis", "A|||||||DE|");
         row("nobody", "VERSION:4.0\nNOTE:nothing", "none");
-        QTest::newRow("only the first") << QByteArray("BEGIN:VCARD\nFN:A\nEND:VCARD\nBEGIN:VCARD\nFN:B\nEND:VCARD")
-                                        << QStringLiteral("A|||||||DE|");
+        QTest::newRow("only the first")
+            << QByteArray("BEGIN:VCARD\nFN:A\nEND:VCARD\nBEGIN:VCARD\nFN:B\nEND:VCARD")
+            << QStringLiteral("A|||||||DE|");
         QTest::newRow("not ended") << QByteArray("begin:vcard\nFN:A\nORG") << QStringLiteral("A|||||||DE|");
         QTest::newRow("no card") << QByteArray("FN:A\n\x00\xff=\n=", 10) << QStringLiteral("none");
     }

@@ -1,0 +1,193 @@
+#include "app/undoable_jobs.h"
+
+#include <QUndoCommand>
+
+#include <bitset>
+#include <tuple>
+
+namespace ledra {
+
+namespace {
+
+constexpr std::size_t fieldCount = std::tuple_size_v<std::remove_const_t<decltype(recordFields<Invoice>)>>;
+using Fields = std::bitset<fieldCount>;
+
+/// Calls a function with each stored field and its position.
+template <class Visit>
+void forEachField(const Visit& visit)
+{
+    std::apply(
+        [&](auto... member) {
+            std::size_t position = 0;
+            (visit(position++, member), ...);
+        },
+        recordFields<Invoice>);
+}
+
+Fields changedFields(const Invoice& before, const Invoice& after)
+{
+    Fields fields;
+    forEachField([&](std::size_t position, auto member) {
+        fields.set(position, !(before.*member == after.*member));
+    });
+    return fields;
+}
+
+void copyFields(const Invoice& from, Invoice& to, const Fields& fields)
+{
+    forEachField([&](std::size_t position, auto member) {
+        if (fields.test(position))
+            to.*member = from.*member;
+    });
+}
+
+/// A change of fields, which has been made when the command is pushed.
+class EditCommand final : public QUndoCommand
+{
+public:
+    EditCommand(InvoiceManager& invoices, Invoice before, Invoice after, EditKind kind)
+        : invoices_(invoices),
+          before_(std::move(before)),
+          after_(std::move(after)),
+          fields_(changedFields(before_, after_)),
+          kind_(kind)
+    {
+        setText(QStringLiteral("Edit"));
+    }
+
+    void undo() override { apply(before_); }
+    void redo() override
+    {
+        if (std::exchange(isMade_, false))
+            return;
+        apply(after_);
+    }
+
+    int id() const override { return kind_ == EditKind::typing ? 1 : -1; }
+
+    bool mergeWith(const QUndoCommand* other) override
+    {
+        const auto* next = static_cast<const EditCommand*>(other); // of the same id(), so of the same class
+        if (next->before_.id != before_.id || next->fields_ != fields_)
+            return false;
+        after_ = next->after_;
+        fields_ = changedFields(before_, after_);
+        setObsolete(fields_.none());
+        return true;
+    }
+
+private:
+    void apply(const Invoice& state) const
+    {
+        if (invoices_.find(state.id))
+            invoices_.editSoon(state.id, [&](Invoice& invoice) { copyFields(state, invoice, fields_); });
+    }
+
+    InvoiceManager& invoices_;
+    Invoice before_;
+    Invoice after_;
+    Fields fields_;
+    EditKind kind_;
+    bool isMade_ = true;
+};
+
+/// A record that was made or deleted, which has happened when the command is pushed.
+class PresenceCommand final : public QUndoCommand
+{
+public:
+    PresenceCommand(InvoiceManager& invoices, Invoice record, bool isPresent, const char* text)
+        : invoices_(invoices), record_(std::move(record)), isPresent_(isPresent)
+    {
+        setText(QString::fromLatin1(text));
+    }
+
+    void undo() override { apply(!isPresent_); }
+    void redo() override
+    {
+        if (std::exchange(isMade_, false))
+            return;
+        apply(isPresent_);
+    }
+
+private:
+    /// What fails has been told by the store or shows in the list.
+    void apply(bool isPresent)
+    {
+        const InvoicePtr present = invoices_.find(record_.id);
+        if (isPresent && !present) {
+            (void)invoices_.insert(record_);
+        } else if (!isPresent && present) {
+            record_ = **present; // as it is by now
+            (void)invoices_.remove(record_.id);
+        }
+    }
+
+    InvoiceManager& invoices_;
+    Invoice record_;
+    bool isPresent_; ///< after the command
+    bool isMade_ = true;
+};
+
+} // namespace
+
+JobResult<void> UndoableJobs::edit(const QUuid& id, const std::function<void(Invoice&)>& change, EditKind kind,
+                                   Force force)
+{
+    const InvoicePtr record = invoices_.find(id);
+    const Invoice before = record ? **record : Invoice();
+    if (const JobResult<void> edited = jobs_.editSoon(id, change, force); !edited)
+        return edited;
+    if (before != **record)
+        invoices_.undoStack().push(new EditCommand(invoices_, before, **record, kind)); // the stack owns it
+    return {};
+}
+
+JobResult<InvoicePtr> UndoableJobs::made(JobResult<InvoicePtr> record, const char* text)
+{
+    if (record)
+        invoices_.undoStack().push(new PresenceCommand(invoices_, ***record, true, text));
+    return record;
+}
+
+JobResult<InvoicePtr> UndoableJobs::create(InvoiceType type)
+{
+    return made(jobs_.create(type), type == InvoiceType::quote ? "New Quote" : "New Invoice");
+}
+
+JobResult<InvoicePtr> UndoableJobs::duplicate(const QUuid& id)
+{
+    return made(jobs_.duplicate(id), "Duplicate");
+}
+
+JobResult<InvoicePtr> UndoableJobs::convert(const QUuid& id)
+{
+    return made(jobs_.convert(id), "Make Invoice");
+}
+
+JobResult<InvoicePtr> UndoableJobs::cancel(const QUuid& id)
+{
+    const InvoicePtr original = invoices_.find(id);
+    const Invoice before = original ? **original : Invoice();
+    JobResult<InvoicePtr> cancellation = jobs_.cancel(id);
+    if (!cancellation)
+        return cancellation;
+    QUndoStack& stack = invoices_.undoStack();
+    stack.beginMacro(QStringLiteral("Cancel Invoice"));
+    if (before != **original)
+        stack.push(new EditCommand(invoices_, before, **original, EditKind::single));
+    cancellation = made(std::move(cancellation), "Cancel Invoice");
+    stack.endMacro();
+    return cancellation;
+}
+
+JobResult<void> UndoableJobs::remove(const QUuid& id, Force force)
+{
+    const InvoicePtr record = invoices_.find(id);
+    const Invoice before = record ? **record : Invoice();
+    if (const JobResult<void> removed = jobs_.remove(id, force); !removed)
+        return removed;
+    invoices_.undoStack().push(new PresenceCommand(invoices_, before, false, "Delete"));
+    return {};
+}
+
+} // namespace ledra
