@@ -17,19 +17,9 @@ std::expected<ExportRecord, QString> recordFrom(std::expected<Invoice, QString> 
     return ExportRecord{std::move(*invoice)};
 }
 
-/// What records of the active profile are shown with.
 std::shared_ptr<const DocumentSetting> activeSetting(LedraApp& app)
 {
-    const InvoiceManager& invoices = app.invoiceManager();
-    return std::make_shared<DocumentSetting>(
-        DocumentSetting{.profile = **app.profileManager().activeProfile(),
-                        .styling = **app.stylingManager().styling(),
-                        .invoices =
-                            [&invoices](const QUuid& id) {
-                                const InvoicePtr found = invoices.find(id);
-                                return found ? std::optional(**found) : std::nullopt;
-                            },
-                        .paymentDeadlineDays = app.settings().number("paymentDeadlineDays")});
+    return std::make_shared<const DocumentSetting>(app.documentSetting());
 }
 
 /// Names that are taken once: of two alike the second gets the beginning of its id as well.

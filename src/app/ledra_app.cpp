@@ -90,6 +90,19 @@ std::expected<ImportedProfiles, ArchiveFailure> LedraApp::restoreBackup(const QS
     return ledra::restoreBackup(context_, *profileManager_, path);
 }
 
+DocumentSetting LedraApp::documentSetting()
+{
+    const InvoiceManager& invoices = *invoiceManager_;
+    return {.profile = **profileManager_->activeProfile(),
+            .styling = **stylingManager_->styling(),
+            .invoices =
+                [&invoices](const QUuid& id) {
+                    const InvoicePtr found = invoices.find(id);
+                    return found ? std::optional(**found) : std::nullopt;
+                },
+            .paymentDeadlineDays = settings_.number("paymentDeadlineDays")};
+}
+
 AutoExportFolder LedraApp::autoExportFolder()
 {
     const ProfilePtr& profile = profileManager_->activeProfile();

@@ -8,9 +8,11 @@
 #include "app/kept_files.h"
 #include "app/reminder_jobs.h"
 #include "app/settings.h"
+#include "app/undoable_jobs.h"
 #include "exchange/profile_exporter.h"
 #include "exchange/styling_archives.h"
 #include "platform/file_device.h"
+#include "render/invoice_document.h"
 #include "store/backup_manager.h"
 #include "store/styling_manager.h"
 
@@ -80,10 +82,16 @@ public:
     StylingManager& stylingManager() { return *stylingManager_; }
     ReminderManager& reminderManager() { return *reminderManager_; }
     InvoiceJobs& jobs() { return *jobs_; }
+    UndoableJobs undoableJobs() { return {*invoiceManager_, *jobs_}; }
+    QUndoStack& undoStack() { return invoiceManager_->undoStack(); }
     ReminderJobs& reminderJobs() { return *reminderJobs_; }
     KeptFiles& keptFiles() { return *keptFiles_; }
     BackupManager& backupManager() { return *backupManager_; }
     Console& console() { return context_.console; }
+    UserDefaults& defaults() { return defaults_; }
+
+    /// What records of the active profile are shown with.
+    DocumentSetting documentSetting();
 
     // Files that hold profiles or a styling.
     ProfileExporter profileExporter() { return {*profileManager_, writer_}; }

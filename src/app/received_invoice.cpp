@@ -6,7 +6,6 @@
 #include "store/json_schema.h"
 
 #include <QFileInfo>
-#include <QLocale>
 
 namespace ledra {
 
@@ -72,11 +71,6 @@ std::expected<OpenedEInvoice, ReceivedFileError> openReceivedInvoice(const QStri
     if (!content)
         return std::unexpected(ReceivedFileError::unreadable);
     return parser.parse(QFileInfo(path).fileName(), *content);
-}
-
-Language readerLanguage()
-{
-    return QLocale::system().language() == QLocale::German ? Language::german : Language::english;
 }
 
 QString receivedText(const OpenedEInvoice& opened, Timestamp now)

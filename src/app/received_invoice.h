@@ -11,9 +11,6 @@ namespace ledra {
 [[nodiscard]] std::expected<OpenedEInvoice, ReceivedFileError>
 openReceivedInvoice(const QString& path, const ViewerXMLParser& parser);
 
-/// German for readers whose system speaks it, English for all others.
-Language readerLanguage();
-
 /// A received invoice for the terminal: what a record's summary shows, then other totals and attachments.
 QString receivedText(const OpenedEInvoice& opened, Timestamp now);
 

@@ -27,9 +27,8 @@ void forEachField(const Visit& visit)
 Fields changedFields(const Invoice& before, const Invoice& after)
 {
     Fields fields;
-    forEachField([&](std::size_t position, auto member) {
-        fields.set(position, !(before.*member == after.*member));
-    });
+    forEachField(
+        [&](std::size_t position, auto member) { fields.set(position, !(before.*member == after.*member)); });
     return fields;
 }
 
@@ -130,8 +129,8 @@ private:
 
 } // namespace
 
-JobResult<void> UndoableJobs::edit(const QUuid& id, const std::function<void(Invoice&)>& change, EditKind kind,
-                                   Force force)
+JobResult<void> UndoableJobs::edit(const QUuid& id, const std::function<void(Invoice&)>& change,
+                                   EditKind kind, Force force)
 {
     const InvoicePtr record = invoices_.find(id);
     const Invoice before = record ? **record : Invoice();

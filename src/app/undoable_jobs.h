@@ -9,12 +9,13 @@ namespace ledra {
 /// How a change comes about, which decides what one step back takes back.
 enum class EditKind {
     single, ///< a choice, a date, a pasted text: a step of its own
-    typing, ///< letter by letter: changes of the same fields of a record are one step while nothing else happens
+    typing, ///< letter by letter: changes of the same fields of a record are one step while nothing else
+            ///< happens
 };
 
-/// What users do to records in a window, each with its way back on the undo stack in force: InvoiceJobs with a
-/// memory. A step takes back the fields that it changed and no others, so that what somebody else has changed
-/// meanwhile stays. A step whose record is gone does nothing.
+/// What users do to records in a window, each with its way back on the undo stack in force: InvoiceJobs with
+/// a memory. A step takes back the fields that it changed and no others, so that what somebody else has
+/// changed meanwhile stays. A step whose record is gone does nothing.
 class UndoableJobs
 {
 public:

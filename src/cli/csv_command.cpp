@@ -1,6 +1,6 @@
 #include "cli/csv_command.h"
 
-#include "app/received_invoice.h"
+#include "app/reader_language.h"
 #include "cli/list_options.h"
 #include "cli/session.h"
 #include "exchange/csv_exporter.h"

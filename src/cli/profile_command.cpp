@@ -1,6 +1,6 @@
 #include "cli/profile_command.h"
 
-#include "app/received_invoice.h"
+#include "app/reader_language.h"
 #include "app/record_lookup.h"
 #include "cli/archive_output.h"
 #include "cli/assignments.h"

@@ -1,5 +1,6 @@
 #include "cli/view_command.h"
 
+#include "app/reader_language.h"
 #include "app/received_invoice.h"
 #include "cli/session.h"
 #include "platform/file_io.h"

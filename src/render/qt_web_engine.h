@@ -27,6 +27,12 @@ public:
     void measure(const QString& html, PageFormat format, const QString& script, Answered answered) override;
     void print(const QString& html, PageFormat format, Printed printed) override;
 
+    /// A page for a view of the user interface. It must go before the engine.
+    std::unique_ptr<QWebEnginePage> newPage();
+
+    /// Serves what such pages show.
+    DocumentSchemeHandler& pages() { return handler_; }
+
 private:
     struct PrintJob
     {
@@ -35,7 +41,6 @@ private:
         Printed printed;
     };
 
-    std::unique_ptr<QWebEnginePage> newPage();
     PageSession& measuringSession(PageFormat format);
     PageSession* idlePrinter();
 

@@ -27,8 +27,8 @@ struct Desk
     void type(const QUuid& id, const QString& text)
     {
         for (qsizetype length = 1; length <= text.size(); ++length)
-            QVERIFY(undoable.edit(id, [&](Invoice& invoice) { invoice.name = text.first(length); },
-                                  EditKind::typing));
+            QVERIFY(undoable.edit(
+                id, [&](Invoice& invoice) { invoice.name = text.first(length); }, EditKind::typing));
     }
 };
 
@@ -52,11 +52,12 @@ void UndoableJobsTest::typingIsOneStep()
     const QUuid id = (**desk.undoable.create(InvoiceType::invoice))->id;
     const InvoicePtr record = desk.invoices.find(id);
     desk.type(id, QStringLiteral("Jonas"));
-    QVERIFY(desk.undoable.edit(id, [](Invoice& invoice) { invoice.note = QStringLiteral("a"); },
-                               EditKind::typing));
+    QVERIFY(desk.undoable.edit(
+        id, [](Invoice& invoice) { invoice.note = QStringLiteral("a"); }, EditKind::typing));
     desk.type(id, QStringLiteral("Mia"));
-    QVERIFY(desk.undoable.edit(id, [](Invoice& invoice) { invoice.name = QStringLiteral("Mia"); },
-                               EditKind::single)); // nothing has changed
+    QVERIFY(desk.undoable.edit(
+        id, [](Invoice& invoice) { invoice.name = QStringLiteral("Mia"); },
+        EditKind::single));          // nothing has changed
     QCOMPARE(desk.stack.count(), 4); // made, first name, note, second name
     QStringList names;
     for (int step = 0; step < 3; ++step, desk.stack.undo())
@@ -68,8 +69,8 @@ void UndoableJobsTest::typingIsOneStep()
     // Typed and taken back by hand is no step at all.
     const int steps = desk.stack.count();
     for (const char* email : {"x", ""})
-        QVERIFY(desk.undoable.edit(id, [&](Invoice& invoice) { invoice.email = QString::fromLatin1(email); },
-                                   EditKind::typing));
+        QVERIFY(desk.undoable.edit(
+            id, [&](Invoice& invoice) { invoice.email = QString::fromLatin1(email); }, EditKind::typing));
     QCOMPARE(desk.stack.count(), steps - 2); // what could be redone is gone, and nothing came in its place
     // All of it reaches the file.
     desk.invoices.flush();
@@ -82,8 +83,8 @@ void UndoableJobsTest::othersChangesStay()
     Desk desk;
     const QUuid id = (**desk.undoable.create(InvoiceType::invoice))->id;
     desk.type(id, QStringLiteral("Jonas"));
-    QVERIFY(desk.jobs.edit(id, [](Invoice& invoice) { invoice.reference = QStringLiteral("from elsewhere"); },
-                           Force::no));
+    QVERIFY(desk.jobs.edit(
+        id, [](Invoice& invoice) { invoice.reference = QStringLiteral("from elsewhere"); }, Force::no));
     desk.stack.undo();
     const Invoice& record = **desk.invoices.find(id);
     QVERIFY(record.name.isEmpty() && record.reference == u"from elsewhere");
@@ -103,7 +104,8 @@ void UndoableJobsTest::everythingAndBack()
     step(invoice.has_value());
     const auto quote = desk.undoable.create(InvoiceType::quote);
     step(quote.has_value());
-    step(desk.undoable.edit(idOf(invoice), [](Invoice& record) { record.daysToPay = 3; }, EditKind::single)
+    step(desk.undoable.edit(
+                          idOf(invoice), [](Invoice& record) { record.daysToPay = 3; }, EditKind::single)
              .has_value());
     step(desk.undoable.duplicate(idOf(invoice)).has_value());
     step(desk.undoable.convert(idOf(quote)).has_value());

@@ -1,0 +1,12 @@
+#include "app/reader_language.h"
+
+#include <QLocale>
+
+namespace ledra {
+
+Language readerLanguage()
+{
+    return QLocale::system().language() == QLocale::German ? Language::german : Language::english;
+}
+
+} // namespace ledra
