@@ -65,6 +65,7 @@ InvoiceFilter filterOf(const SmartList& list)
 std::vector<SmartListContent> smartLists(const std::vector<InvoicePtr>& invoices, Timestamp now)
 {
     std::vector<SmartListContent> lists;
+    lists.reserve(kinds.size());
     for (const Kind kind : kinds)
         lists.push_back({.list = {kind}, .count = 0, .sums = {}});
     std::map<int, SmartListContent, std::greater<>> years;

@@ -128,7 +128,9 @@ Country countryNamed(const QString& text, const Country& otherwise)
         return matches(facts.englishName) || matches(facts.germanName);
     };
     const auto found = std::ranges::find_if(countryTable(), isNamed);
-    return found == countryTable().end() ? otherwise : Country{QString::fromLatin1(found->code.data(), 2)};
+    return found == countryTable().end()
+               ? otherwise
+               : Country{QString::fromLatin1(found->code.data(), static_cast<qsizetype>(found->code.size()))};
 }
 
 /// Box, extension and street; place, region, postcode and country (RFC 6350, 6.3.1).

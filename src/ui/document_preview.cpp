@@ -66,11 +66,12 @@ void DocumentPreview::present(const std::vector<QString>& pages, QSize paper)
     Pane& back = *panes_[1 - front_];
     for (const QUrl& address : std::exchange(back.addresses, {}))
         engine_.pages().withdraw(address);
-    QString html = QStringLiteral("<!DOCTYPE html><meta charset=\"utf-8\"><style>body { margin: 0; background: "
-                                  "#8e8e93; } iframe { display: block; width: %1px; height: %2px; margin: 16px "
-                                  "auto; border: 0; background: #fff; }</style>")
-                       .arg(paper.width())
-                       .arg(paper.height());
+    QString html =
+        QStringLiteral("<!DOCTYPE html><meta charset=\"utf-8\"><style>body { margin: 0; background: "
+                       "#8e8e93; } iframe { display: block; width: %1px; height: %2px; margin: 16px "
+                       "auto; border: 0; background: #fff; }</style>")
+            .arg(paper.width())
+            .arg(paper.height());
     for (const QString& page : pages) {
         back.addresses.push_back(engine_.pages().publish(page));
         html += QStringLiteral("<iframe src=\"%1\"></iframe>").arg(back.addresses.back().toString());

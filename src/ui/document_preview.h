@@ -14,8 +14,8 @@ namespace ledra {
 
 /// Shows the pages of a document below one another, as they are printed.
 ///
-/// A new state of a document is laid out in a second view behind the one that is seen, and takes its place when
-/// it is complete: nothing flickers, and what was scrolled to stays where it is.
+/// A new state of a document is laid out in a second view behind the one that is seen, and takes its place
+/// when it is complete: nothing flickers, and what was scrolled to stays where it is.
 class DocumentPreview : public QStackedWidget
 {
     Q_OBJECT

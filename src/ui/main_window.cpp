@@ -75,7 +75,8 @@ MainWindow::MainWindow(LedraApp& app, QtWebEngine& engine, WebFontManager& fonts
         filter.search = text;
         app_.filterManager().setFilter(filter);
     });
-    connect(table_->selectionModel(), &QItemSelectionModel::selectionChanged, this, &MainWindow::showSelected);
+    connect(table_->selectionModel(), &QItemSelectionModel::selectionChanged, this,
+            &MainWindow::showSelected);
     connect(model_, &QAbstractItemModel::modelReset, this, [this] {
         if (app_.selectedInvoiceId)
             reveal(*app_.selectedInvoiceId);

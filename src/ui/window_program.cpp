@@ -9,7 +9,8 @@ namespace ledra {
 
 bool wantsWindow(int argc, char**)
 {
-    const bool hasDisplay = qEnvironmentVariableIsSet("DISPLAY") || qEnvironmentVariableIsSet("WAYLAND_DISPLAY");
+    const bool hasDisplay =
+        qEnvironmentVariableIsSet("DISPLAY") || qEnvironmentVariableIsSet("WAYLAND_DISPLAY");
     return argc == 1 && hasDisplay;
 }
 

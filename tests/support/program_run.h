@@ -42,7 +42,8 @@ inline std::unique_ptr<QProcess> startProgram(const QStringList& arguments, cons
     auto process = std::make_unique<QProcess>();
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     environment.insert(QStringLiteral("LC_ALL"), setting.locale);
-    for (const char* display : {"DISPLAY", "WAYLAND_DISPLAY"}) // where there is one, the program opens windows
+    for (const char* display :
+         {"DISPLAY", "WAYLAND_DISPLAY"}) // where there is one, the program opens windows
         environment.remove(QString::fromLatin1(display));
     for (const auto& [name, value] : setting.variables.asKeyValueRange())
         environment.insert(name, value);

@@ -1,9 +1,8 @@
-#include "ui/document_preview.h"
-#include "ui/main_window.h"
-
 #include "support/program_run.h"
 #include "support/recording_console.h"
 #include "support/test_suite.h"
+#include "ui/document_preview.h"
+#include "ui/main_window.h"
 
 #include <QAction>
 #include <QLineEdit>
