@@ -41,21 +41,7 @@ MainWindow::MainWindow(LedraApp& app, QtWebEngine& engine, WebFontManager& fonts
 {
     setObjectName(QStringLiteral("main-window"));
     setWindowTitle(QStringLiteral("Ledra"));
-    table_->setModel(model_);
-    table_->setSortingEnabled(true);
-    table_->setSelectionBehavior(QAbstractItemView::SelectRows);
-    table_->setSelectionMode(QAbstractItemView::ExtendedSelection);
-    table_->setShowGrid(false);
-    table_->setAlternatingRowColors(true);
-    table_->setTabKeyNavigation(false);
-    table_->verticalHeader()->hide();
-    table_->horizontalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);
-    table_->horizontalHeader()->setResizeContentsPrecision(50); // rows that are looked at, of maybe thousands
-    table_->horizontalHeader()->setSectionResizeMode(InvoiceTableModel::recipient, QHeaderView::Stretch);
-    table_->sortByColumn(InvoiceTableModel::date, Qt::DescendingOrder);
-    search_->setPlaceholderText(tr("Search"));
-    search_->setClearButtonEnabled(true);
-
+    setUpList();
     auto* middle = new QWidget(splitter_);
     auto* layout = new QVBoxLayout(middle);
     layout->addWidget(search_);
@@ -87,6 +73,24 @@ MainWindow::MainWindow(LedraApp& app, QtWebEngine& engine, WebFontManager& fonts
 }
 
 MainWindow::~MainWindow() = default;
+
+void MainWindow::setUpList()
+{
+    table_->setModel(model_);
+    table_->setSortingEnabled(true);
+    table_->setSelectionBehavior(QAbstractItemView::SelectRows);
+    table_->setSelectionMode(QAbstractItemView::ExtendedSelection);
+    table_->setShowGrid(false);
+    table_->setAlternatingRowColors(true);
+    table_->setTabKeyNavigation(false);
+    table_->verticalHeader()->hide();
+    table_->horizontalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);
+    table_->horizontalHeader()->setResizeContentsPrecision(50); // rows that are looked at, of maybe thousands
+    table_->horizontalHeader()->setSectionResizeMode(InvoiceTableModel::recipient, QHeaderView::Stretch);
+    table_->sortByColumn(InvoiceTableModel::date, Qt::DescendingOrder);
+    search_->setPlaceholderText(tr("Search"));
+    search_->setClearButtonEnabled(true);
+}
 
 void MainWindow::addCommands()
 {

@@ -49,6 +49,7 @@ protected:
     void closeEvent(QCloseEvent* event) override;
 
 private:
+    void setUpList();
     void addCommands();
     void updateCommands();
     void showSelected();
