@@ -62,10 +62,12 @@ void timeReading(Invoice invoice)
 {
     const std::vector<Invoice::Item> items = invoice.items;
     std::string text = made(invoice).toStdString();
-    const std::size_t repetitions = largeDocument / text.size() + 1; // the head is small beside ten lines
-    for (std::size_t i = 0; i < repetitions; ++i)
-        invoice.items.insert(invoice.items.end(), items.begin(), items.end());
-    text = made(invoice).toStdString();
+    while (text.size() < largeDocument) { // by a tenth of what is there, so that it ends a little above that
+        const std::size_t more = invoice.items.size() / items.size() / 10 + 1;
+        for (std::size_t i = 0; i < more; ++i)
+            invoice.items.insert(invoice.items.end(), items.begin(), items.end());
+        text = made(invoice).toStdString();
+    }
     constexpr int parseRounds = 41; // in turn, so that both meet the same weather
     std::vector<double> own;
     std::vector<double> peer;
