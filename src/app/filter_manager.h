@@ -12,6 +12,18 @@
 
 namespace ledra {
 
+/// What a filter bar narrows a list down to; everything that is set must hold.
+struct Narrowing
+{
+    std::optional<InvoiceType> type = {};
+    std::optional<Status> status = {};
+    std::optional<QDate> from = {}; ///< the first day of the record's date
+    std::optional<QDate> to = {};   ///< the last one
+    std::optional<Currency> currency = {};
+
+    friend bool operator==(const Narrowing&, const Narrowing&) = default;
+};
+
 /// What a list shows; everything that is set must hold.
 struct InvoiceFilter
 {
@@ -21,6 +33,7 @@ struct InvoiceFilter
     bool leavesOutQuotes = false;
     std::optional<int> year = {}; ///< of the record's date
     QString search = {};          ///< words that all occur somewhere in the record
+    Narrowing narrowing = {};
 
     friend bool operator==(const InvoiceFilter&, const InvoiceFilter&) = default;
 };

@@ -175,14 +175,20 @@ std::expected<void, StoreFailure> InvoiceManager::edit(const QUuid& id,
     const auto entry = entries_.find(id);
     if (entry == entries_.end())
         return std::unexpected(unknownId(id));
-    const auto placeInList = [&] { return std::pair((*entry->record)->date, (*entry->record)->number); };
+    this->change(*entry, change);
+    return write(*entry);
+}
+
+/// Changes a record in memory, and the list where that moves it.
+void InvoiceManager::change(Entry& entry, const std::function<void(Invoice&)>& change)
+{
+    const auto placeInList = [&] { return std::pair((*entry.record)->date, (*entry.record)->number); };
     const auto before = placeInList();
-    entry->record->edit(change);
+    entry.record->edit(change);
     ++contentRevision_;
-    const auto written = write(*entry);
     if (placeInList() != before)
         publish();
-    return written;
+    Q_EMIT edited((*entry.record)->id);
 }
 
 void InvoiceManager::editSoon(const QUuid& id, const std::function<void(Invoice&)>& change)
@@ -190,10 +196,9 @@ void InvoiceManager::editSoon(const QUuid& id, const std::function<void(Invoice&
     const auto entry = entries_.find(id);
     if (entry == entries_.end())
         return;
-    entry->record->edit(change);
-    ++contentRevision_;
     entry->isUnsaved = true;
     saver_.schedule();
+    this->change(*entry, change);
 }
 
 void InvoiceManager::writeUnsaved()

@@ -117,7 +117,8 @@ public:
     const InvoiceFolder::Work& work() const { return folder_.work(); }
 
 Q_SIGNALS:
-    void refreshed(); ///< the list is new; refreshTrigger() has grown
+    void refreshed();             ///< the list is new; refreshTrigger() has grown
+    void edited(const QUuid& id); ///< a record has changed, and may not be written yet
     void saved(const QUuid& id);
 
 private:
@@ -147,6 +148,7 @@ private:
     std::expected<InvoicePtr, StoreFailure> add(Invoice invoice);
     std::expected<void, StoreFailure> write(Entry& entry);
     void writeUnsaved();
+    void change(Entry& entry, const std::function<void(Invoice&)>& change);
     QString fileNameFor(const Entry& entry) const;
 
     StoreContext& context_;

@@ -1,20 +1,14 @@
 #include "ui/main_window.h"
 
 #include "render/invoice_document.h"
-#include "ui/document_preview.h"
-#include "ui/invoice_table_model.h"
-#include "ui/side_bar.h"
-#include "ui/window_commands.h"
+#include "ui/list/list_panel.h"
+#include "ui/list/side_bar.h"
+#include "ui/preview/preview_panel.h"
+#include "ui/window_console.h"
 
 #include <QCloseEvent>
-#include <QCoreApplication>
 #include <QHeaderView>
-#include <QLineEdit>
-#include <QMenuBar>
-#include <QSplitter>
 #include <QStatusBar>
-#include <QTableView>
-#include <QToolBar>
 #include <QUndoStack>
 #include <QVBoxLayout>
 
@@ -26,174 +20,203 @@ const QString geometryKey = QStringLiteral("MainWindow.geometry");
 const QString splitterKey = QStringLiteral("MainWindow.splitter");
 const QString columnsKey = QStringLiteral("MainWindow.columns");
 const QString selectionKey = QStringLiteral("MainWindow.selectedInvoiceId");
+const QString zoomKey = QStringLiteral("MainWindow.zoom");
 
 } // namespace
 
 MainWindow::MainWindow(LedraApp& app, QtWebEngine& engine, WebFontManager& fonts)
-    : app_(app),
-      fonts_(fonts),
-      jobs_(app.undoableJobs()),
-      model_(new InvoiceTableModel(app, this)),
-      table_(new QTableView(this)),
-      search_(new QLineEdit(this)),
-      preview_(new DocumentPreview(engine, app.console(), this)),
-      splitter_(new QSplitter(this))
+    : messages_(new MessageBar),
+      parts_{app, engine, fonts, *messages_, *this},
+      splitter_(new QSplitter),
+      sideBar_(new SideBar(app)),
+      list_(new ListPanel(app)),
+      preview_(new PreviewPanel(engine, app.console()))
 {
     setObjectName(QStringLiteral("main-window"));
     setWindowTitle(QStringLiteral("Ledra"));
-    setUpList();
-    auto* middle = new QWidget(splitter_);
-    auto* layout = new QVBoxLayout(middle);
-    layout->addWidget(search_);
-    layout->addWidget(table_);
-    auto* splitter = static_cast<QSplitter*>(splitter_);
-    splitter->addWidget(new SideBar(app, splitter));
-    splitter->addWidget(middle);
-    splitter->addWidget(preview_);
-    splitter->setStretchFactor(1, 1);
-    splitter->setChildrenCollapsible(false);
-    splitter->setSizes({190, 530, 560});
-    preview_->setMinimumWidth(320);
-    setCentralWidget(splitter);
-
-    connect(search_, &QLineEdit::textChanged, this, [this](const QString& text) {
-        InvoiceFilter filter = app_.filterManager().filter();
-        filter.search = text;
-        app_.filterManager().setFilter(filter);
-    });
-    connect(table_->selectionModel(), &QItemSelectionModel::selectionChanged, this,
-            &MainWindow::showSelected);
-    connect(model_, &QAbstractItemModel::modelReset, this, [this] {
-        if (app_.selectedInvoiceId)
-            reveal(*app_.selectedInvoiceId);
-    });
-    connect(&app.stylingManager(), &StylingManager::changed, this, &MainWindow::showSelected);
+    setUpParts();
     addCommands();
+    connectParts();
     restoreLook();
+    showSelected();
 }
 
 MainWindow::~MainWindow() = default;
 
-void MainWindow::setUpList()
+void MainWindow::setUpParts()
 {
-    table_->setModel(model_);
-    table_->setSortingEnabled(true);
-    table_->setSelectionBehavior(QAbstractItemView::SelectRows);
-    table_->setSelectionMode(QAbstractItemView::ExtendedSelection);
-    table_->setShowGrid(false);
-    table_->setAlternatingRowColors(true);
-    table_->setTabKeyNavigation(false);
-    table_->verticalHeader()->hide();
-    table_->horizontalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);
-    table_->horizontalHeader()->setResizeContentsPrecision(50); // rows that are looked at, of maybe thousands
-    table_->horizontalHeader()->setSectionResizeMode(InvoiceTableModel::recipient, QHeaderView::Stretch);
-    table_->sortByColumn(InvoiceTableModel::date, Qt::DescendingOrder);
-    search_->setPlaceholderText(tr("Search"));
-    search_->setClearButtonEnabled(true);
+    splitter_->addWidget(sideBar_);
+    splitter_->addWidget(list_);
+    splitter_->addWidget(preview_);
+    splitter_->setHandleWidth(1);
+    splitter_->setStretchFactor(2, 1);
+    splitter_->setChildrenCollapsible(false);
+    splitter_->setSizes({200, 520, 560});
+    auto* center = new QWidget;
+    auto* layout = new QVBoxLayout(center);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    layout->addWidget(messages_);
+    layout->addWidget(splitter_, 1);
+    setCentralWidget(center);
+    statusBar()->setSizeGripEnabled(false);
+    connect(messages_, &MessageBar::noted, this, [this](const QString& line) {
+        constexpr int seconds = 8;
+        statusBar()->showMessage(line, seconds * 1000);
+    });
+}
+
+void MainWindow::connectParts()
+{
+    LedraApp& app = parts_.app;
+    connect(&list_->list(), &InvoiceListView::chosenChanged, this, &MainWindow::showSelected);
+    connect(&list_->model(), &InvoiceTableModel::reloaded, this, &MainWindow::showSelected);
+    connect(&app.stylingManager(), &StylingManager::changed, this, [this] {
+        shown_.reset();
+        showSelected();
+    });
+    connect(&list_->list(), &QWidget::customContextMenuRequested, this, [this](const QPoint& place) {
+        commands_->contextMenu()->popup(list_->list().viewport()->mapToGlobal(place));
+    });
+    connect(list_, &ListPanel::newInvoiceWanted, commands_->action("New Invoice"), &QAction::trigger);
+    connect(&app, &LedraApp::revealRequested, this, &MainWindow::revealPending);
+    connect(&preview_->preview(), &DocumentPreview::interrupted, this, [this] {
+        messages_->warn(tr("The preview had stopped and was started again. Nothing is lost."));
+    });
 }
 
 void MainWindow::addCommands()
 {
-    auto* bar = addToolBar(tr("Tools"));
-    bar->setObjectName(QStringLiteral("tools"));
-    QHash<QString, QMenu*> menus;
-    for (const WindowCommand& command : windowCommands()) {
-        const QString title = QCoreApplication::translate("WindowCommands", command.menu);
-        if (!menus.contains(title))
-            menus.insert(title, menuBar()->addMenu(title));
-        auto* action = new QAction(QCoreApplication::translate("WindowCommands", command.text), this);
-        action->setShortcut(QKeySequence(QString::fromLatin1(command.shortcut)));
-        connect(action, &QAction::triggered, this, [this, run = command.run] { run(*this); });
-        menus[title]->addAction(action);
-        if (command.isInToolBar)
-            bar->addAction(action);
-        commands_.push_back(action);
-    }
-    QMenu* edit = menuBar()->addMenu(tr("&Edit"));
-    QUndoStack& stack = app_.undoStack();
+    QToolBar* tools = addToolBar(tr("Tools"));
+    tools->setObjectName(QStringLiteral("tools"));
+    tools->setMovable(false);
+    tools->setIconSize(QSize(20, 20));
+    setContextMenuPolicy(Qt::NoContextMenu);
+    commands_ = new CommandSet(*this, *menuBar(), *tools);
+    QUndoStack& stack = parts_.app.undoStack();
     QAction* undo = stack.createUndoAction(this, tr("Undo"));
     undo->setShortcut(QKeySequence::Undo);
     QAction* redo = stack.createRedoAction(this, tr("Redo"));
-    redo->setShortcut(QKeySequence::Redo);
-    edit->addActions({undo, redo});
-    updateCommands();
-}
-
-void MainWindow::updateCommands()
-{
-    const auto count = table_->selectionModel()->selectedRows().size();
-    std::size_t position = 0;
-    for (const WindowCommand& command : windowCommands()) {
-        const bool isOffered = command.needs == CommandNeeds::nothing ||
-                               (command.needs == CommandNeeds::oneRecord ? count == 1 : count > 0);
-        commands_[position++]->setEnabled(isOffered);
-    }
+    redo->setShortcuts(
+        {QKeySequence(QStringLiteral("Ctrl+Shift+Z")), QKeySequence(QStringLiteral("Ctrl+Y"))});
+    QMenu* edit = commands_->menu(Menu::edit);
+    QAction* first = edit->actions().isEmpty() ? nullptr : edit->actions().constFirst();
+    edit->insertActions(first, {undo, redo});
+    edit->insertSeparator(first);
 }
 
 std::vector<InvoicePtr> MainWindow::selected() const
 {
-    std::vector<InvoicePtr> records;
-    for (const QModelIndex& index : table_->selectionModel()->selectedRows())
-        records.push_back(model_->invoice(index));
-    return records;
+    return list_->list().selected();
+}
+
+bool MainWindow::isOffered(CommandNeeds needs) const
+{
+    const std::vector<InvoicePtr> records = selected();
+    const bool isOne = records.size() == 1;
+    const auto isOneOf = [&](InvoiceType type) { return isOne && (*records.front())->type == type; };
+    switch (needs) {
+    case CommandNeeds::oneRecord:
+        return isOne;
+    case CommandNeeds::someRecords:
+        return !records.empty();
+    case CommandNeeds::oneInvoice:
+        return isOneOf(InvoiceType::invoice);
+    case CommandNeeds::oneQuote:
+        return isOneOf(InvoiceType::quote);
+    case CommandNeeds::sentInvoice:
+        return isOneOf(InvoiceType::invoice) && (*records.front())->status == Status::sent;
+    case CommandNeeds::listedRecord:
+        return list_->model().recordCount() > 0;
+    case CommandNeeds::anyRecord:
+        return !parts_.app.invoiceManager().invoices().empty();
+    default:
+        return true;
+    }
+}
+
+void MainWindow::updateCommands()
+{
+    commands_->update([this](CommandNeeds needs) { return isOffered(needs); });
 }
 
 void MainWindow::reveal(const QUuid& id)
 {
-    const QModelIndex index = model_->indexOf(id);
-    if (!index.isValid())
-        return;
-    table_->selectRow(index.row());
-    table_->scrollTo(index);
+    if (!list_->model().indexOf(id).isValid())
+        sideBar_->showAll();
+    list_->list().reveal(id);
 }
 
-void MainWindow::tell(const QString& line)
+void MainWindow::revealPending()
 {
-    constexpr int seconds = 10;
-    statusBar()->showMessage(line, seconds * 1000);
+    if (const std::optional<QUuid> id = std::exchange(parts_.app.pendingSpotlightInvoiceId, std::nullopt))
+        reveal(*id);
+}
+
+void MainWindow::follow(WindowConsole& console)
+{
+    connect(&console, &WindowConsole::failed, this, [this](const QString& line) { messages_->warn(line); });
 }
 
 void MainWindow::showSelected()
 {
     updateCommands();
     const std::vector<InvoicePtr> records = selected();
-    if (records.empty()) {
+    if (records.size() != 1) {
+        shown_.reset();
         shownRecord_.reset();
-        preview_->clear();
+        preview_->showHint(records.empty()
+                               ? tr("No invoice selected")
+                               : tr("%n invoices selected", nullptr, static_cast<int>(records.size())));
         return;
     }
     const InvoicePtr& record = records.front();
-    app_.selectedInvoiceId = (*record)->id;
-    shownRecord_ = record->observe([this](const Changes<Invoice>&) { showSelected(); });
-    fonts_.loadFor(**app_.stylingManager().styling());
-    preview_->show(std::make_shared<const InvoiceDocument>(**record, app_.documentSetting(), fonts_));
+    if (record == shown_)
+        return;
+    shown_ = record;
+    parts_.app.selectedInvoiceId = (*record)->id;
+    shownRecord_ = record->observe([this](const Changes<Invoice>&) {
+        updateCommands();
+        showDocument(shown_, false);
+    });
+    showDocument(record, true);
+}
+
+void MainWindow::showDocument(const InvoicePtr& record, bool isOther)
+{
+    LedraApp& app = parts_.app;
+    parts_.fonts.loadFor(**app.stylingManager().styling());
+    preview_->show(std::make_shared<const InvoiceDocument>(**record, app.documentSetting(), parts_.fonts),
+                   isOther);
 }
 
 void MainWindow::restoreLook()
 {
-    UserDefaults& defaults = app_.defaults();
+    const UserDefaults& defaults = parts_.app.defaults();
     if (!restoreGeometry(defaults.value(geometryKey).toByteArray()))
-        resize(1280, 800);
-    static_cast<QSplitter*>(splitter_)->restoreState(defaults.value(splitterKey).toByteArray());
-    table_->horizontalHeader()->restoreState(defaults.value(columnsKey).toByteArray());
+        resize(1360, 840);
+    splitter_->restoreState(defaults.value(splitterKey).toByteArray());
+    list_->list().horizontalHeader()->restoreState(defaults.value(columnsKey).toByteArray());
+    preview_->setZoomText(defaults.value(zoomKey).toString());
     const QUuid last = defaults.value(selectionKey).toUuid();
-    if (model_->indexOf(last).isValid())
-        reveal(last);
-    else if (model_->rowCount() > 0)
-        table_->selectRow(0);
+    const QModelIndex index = list_->model().indexOf(last);
+    const QModelIndex chosen = index.isValid() ? index : list_->model().firstRecord();
+    if (const InvoicePtr record = list_->model().invoice(chosen))
+        list_->list().reveal((*record)->id);
 }
 
 void MainWindow::keepLook()
 {
-    UserDefaults& defaults = app_.defaults();
+    UserDefaults& defaults = parts_.app.defaults();
     const std::pair<QString, QVariant> values[] = {
         {geometryKey, saveGeometry()},
-        {splitterKey, static_cast<QSplitter*>(splitter_)->saveState()},
-        {columnsKey, table_->horizontalHeader()->saveState()},
-        {selectionKey, app_.selectedInvoiceId.value_or(QUuid())}};
+        {splitterKey, splitter_->saveState()},
+        {columnsKey, list_->list().horizontalHeader()->saveState()},
+        {zoomKey, preview_->zoomText()},
+        {selectionKey, parts_.app.selectedInvoiceId.value_or(QUuid())}};
     for (const auto& [key, value] : values) {
         if (const auto kept = defaults.setValue(key, value); !kept)
-            app_.console().failure(kept.error());
+            parts_.app.console().failure(kept.error());
     }
 }
 

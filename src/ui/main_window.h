@@ -1,22 +1,20 @@
 #pragma once
 
-#include "app/ledra_app.h"
-#include "app/undoable_jobs.h"
-#include "render/qt_web_engine.h"
-#include "render/web_font_manager.h"
+#include "ui/commands/command_set.h"
+#include "ui/window_parts.h"
 
 #include <QMainWindow>
-
-class QLineEdit;
-class QTableView;
+#include <QSplitter>
 
 namespace ledra {
 
-class DocumentPreview;
-class InvoiceTableModel;
+class ListPanel;
+class PreviewPanel;
+class SideBar;
+class WindowConsole;
 
 /// The window that people live in: lists at the left, records in the middle, the document of the selected one
-/// at the right.
+/// at the right. It joins its parts; each of them knows only the application.
 class MainWindow : public QMainWindow
 {
     Q_OBJECT
@@ -25,47 +23,50 @@ public:
     MainWindow(LedraApp& app, QtWebEngine& engine, WebFontManager& fonts);
     ~MainWindow() override;
 
-    DocumentPreview& preview() { return *preview_; }
-    UndoableJobs& jobs() { return jobs_; }
+    const WindowParts& parts() const { return parts_; }
+    UndoableJobs jobs() const { return parts_.app.undoableJobs(); }
+    ListPanel& listPanel() { return *list_; }
+    PreviewPanel& previewPanel() { return *preview_; }
+    CommandSet& commands() { return *commands_; }
+    const ListPanel& listPanel() const { return *list_; }
+    SideBar& sideBar() { return *sideBar_; }
+    const SideBar& sideBar() const { return *sideBar_; }
 
     /// The selected records, in the order of the list.
     std::vector<InvoicePtr> selected() const;
 
-    /// Selects a record and scrolls to it, if the list in force shows it.
+    /// Selects a record and scrolls to it; goes to the list of all records where the list in force has it
+    /// not.
     void reveal(const QUuid& id);
 
-    /// Says what went wrong where it is seen and does not stop anybody.
-    void tell(const QString& line);
+    void updateCommands();
 
-    template <class T>
-    bool succeeded(const JobResult<T>& result)
-    {
-        if (!result)
-            tell(result.error().text);
-        return result.has_value();
-    }
+    /// Shows on the console's behalf what failed.
+    void follow(WindowConsole& console);
 
 protected:
     void closeEvent(QCloseEvent* event) override;
 
 private:
-    void setUpList();
+    void setUpParts();
+    void connectParts();
     void addCommands();
-    void updateCommands();
+    bool isOffered(CommandNeeds needs) const;
     void showSelected();
+    void showDocument(const InvoicePtr& record, bool isOther);
+    void revealPending();
     void restoreLook();
     void keepLook();
 
-    LedraApp& app_;
-    WebFontManager& fonts_;
-    UndoableJobs jobs_;
-    InvoiceTableModel* model_;
-    QTableView* table_;
-    QLineEdit* search_;
-    DocumentPreview* preview_;
-    QWidget* splitter_;
-    std::vector<QAction*> commands_; ///< in the order of the table of commands
-    Observation shownRecord_;        ///< of the record in the preview
+    MessageBar* messages_;
+    WindowParts parts_;
+    QSplitter* splitter_;
+    SideBar* sideBar_;
+    ListPanel* list_;
+    PreviewPanel* preview_;
+    CommandSet* commands_ = nullptr;
+    InvoicePtr shown_;
+    Observation shownRecord_; ///< of the record in the preview
 };
 
 } // namespace ledra

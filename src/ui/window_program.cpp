@@ -1,7 +1,8 @@
 #include "ui/window_program.h"
 
-#include "platform/console.h"
+#include "ui/look/appearance.h"
 #include "ui/main_window.h"
+#include "ui/window_console.h"
 
 #include <QApplication>
 
@@ -19,12 +20,14 @@ int runWindow(int argc, char** argv)
     QCoreApplication::setApplicationName(QStringLiteral("Ledra"));
     QtWebEngine::prepare(true);
     const QApplication application(argc, argv);
-    CommandConsole console(CommandConsole::Verbosity::normal);
+    WindowConsole console;
     LedraApp app({.console = console});
+    AppearanceController appearance(app.settings());
     QtWebEngine engine;
     WebFontManager fonts;
     app.followFonts(fonts);
     MainWindow window(app, engine, fonts);
+    window.follow(console);
     window.show();
     app.keepBackups();
     return QApplication::exec();

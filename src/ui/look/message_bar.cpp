@@ -1,0 +1,87 @@
+#include "ui/look/message_bar.h"
+
+#include "ui/look/icons.h"
+#include "ui/look/status_colors.h"
+
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPushButton>
+#include <QToolButton>
+#include <QVBoxLayout>
+
+namespace ledra {
+
+MessageBar::MessageBar(QWidget* parent) : QWidget(parent), layout_(new QVBoxLayout(this))
+{
+    layout_->setContentsMargins(0, 0, 0, 0);
+    layout_->setSpacing(1);
+    hide();
+}
+
+void MessageBar::warn(const QString& line, const std::vector<Remedy>& remedies)
+{
+    constexpr std::size_t most = 4; // older ones make room
+    if (lines().contains(line))
+        return;
+    if (rows_.size() == most)
+        remove(rows_.front().second);
+    auto* row = new QFrame(this);
+    row->setAutoFillBackground(true);
+    const StatusLook& look = warningLook();
+    QPalette palette = row->palette();
+    palette.setColor(QPalette::Window, look.ground());
+    palette.setColor(QPalette::WindowText, look.ink());
+    row->setPalette(palette);
+    auto* parts = new QHBoxLayout(row);
+    parts->setContentsMargins(12, 6, 8, 6);
+    auto* icon = new QLabel(row);
+    icon->setPixmap(lineIcon("warning", look.ink()).pixmap(QSize(18, 18), devicePixelRatioF()));
+    parts->addWidget(icon, 0, Qt::AlignTop);
+    auto* text = new QLabel(row);
+    text->setTextFormat(Qt::PlainText);
+    text->setText(line);
+    text->setWordWrap(true);
+    text->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    parts->addWidget(text, 1);
+    for (const Remedy& remedy : remedies) {
+        auto* button = new QPushButton(remedy.text, row);
+        connect(button, &QPushButton::clicked, this, [this, row, run = remedy.run] {
+            remove(row);
+            run();
+        });
+        parts->addWidget(button);
+    }
+    auto* close = new QToolButton(row);
+    close->setIcon(lineIcon("close", look.ink()));
+    close->setAccessibleName(tr("Close Message"));
+    close->setToolTip(tr("Close Message"));
+    connect(close, &QToolButton::clicked, this, [this, row] { remove(row); });
+    parts->addWidget(close, 0, Qt::AlignTop);
+    layout_->addWidget(row);
+    rows_.emplace_back(line, row);
+    show();
+}
+
+QStringList MessageBar::lines() const
+{
+    QStringList lines;
+    for (const auto& [line, row] : rows_)
+        lines += line;
+    return lines;
+}
+
+void MessageBar::clear()
+{
+    while (!rows_.empty())
+        remove(rows_.front().second);
+}
+
+void MessageBar::remove(QFrame* row)
+{
+    std::erase_if(rows_, [&](const auto& each) { return each.second == row; });
+    row->hide();
+    row->deleteLater(); // its button may have been clicked
+    setVisible(!rows_.empty());
+}
+
+} // namespace ledra
