@@ -1,14 +1,15 @@
 #include "ui/main_window.h"
 
 #include "render/invoice_document.h"
+#include "ui/editor/editor_panel.h"
 #include "ui/list/list_panel.h"
 #include "ui/list/side_bar.h"
+#include "ui/look/toast.h"
 #include "ui/preview/preview_panel.h"
 #include "ui/window_console.h"
 
 #include <QCloseEvent>
 #include <QHeaderView>
-#include <QStatusBar>
 #include <QUndoStack>
 #include <QVBoxLayout>
 
@@ -20,6 +21,7 @@ const QString geometryKey = QStringLiteral("MainWindow.geometry");
 const QString splitterKey = QStringLiteral("MainWindow.splitter");
 const QString columnsKey = QStringLiteral("MainWindow.columns");
 const QString selectionKey = QStringLiteral("MainWindow.selectedInvoiceId");
+const QString editorKey = QStringLiteral("MainWindow.openEdit");
 const QString zoomKey = QStringLiteral("MainWindow.zoom");
 
 } // namespace
@@ -30,7 +32,8 @@ MainWindow::MainWindow(LedraApp& app, QtWebEngine& engine, WebFontManager& fonts
       splitter_(new QSplitter),
       sideBar_(new SideBar(app)),
       list_(new ListPanel(app)),
-      preview_(new PreviewPanel(engine, app.console()))
+      preview_(new PreviewPanel(engine, app.console())),
+      editor_(new EditorPanel(parts_))
 {
     setObjectName(QStringLiteral("main-window"));
     setWindowTitle(QStringLiteral("Ledra"));
@@ -48,10 +51,12 @@ void MainWindow::setUpParts()
     splitter_->addWidget(sideBar_);
     splitter_->addWidget(list_);
     splitter_->addWidget(preview_);
+    splitter_->addWidget(editor_);
+    editor_->hide();
     splitter_->setHandleWidth(1);
     splitter_->setStretchFactor(2, 1);
     splitter_->setChildrenCollapsible(false);
-    splitter_->setSizes({200, 520, 560});
+    splitter_->setSizes({200, 520, 560, 480});
     auto* center = new QWidget;
     auto* layout = new QVBoxLayout(center);
     layout->setContentsMargins(0, 0, 0, 0);
@@ -59,11 +64,7 @@ void MainWindow::setUpParts()
     layout->addWidget(messages_);
     layout->addWidget(splitter_, 1);
     setCentralWidget(center);
-    statusBar()->setSizeGripEnabled(false);
-    connect(messages_, &MessageBar::noted, this, [this](const QString& line) {
-        constexpr int seconds = 8;
-        statusBar()->showMessage(line, seconds * 1000);
-    });
+    connect(messages_, &MessageBar::noted, new Toast(this), &Toast::say);
 }
 
 void MainWindow::connectParts()
@@ -78,6 +79,9 @@ void MainWindow::connectParts()
     connect(&list_->list(), &QWidget::customContextMenuRequested, this, [this](const QPoint& place) {
         commands_->contextMenu()->popup(list_->list().viewport()->mapToGlobal(place));
     });
+    connect(&list_->list(), &InvoiceListView::opened, this, &MainWindow::openEditor);
+    connect(editor_, &EditorPanel::closeWanted, this, &MainWindow::toggleEditor);
+    connect(editor_, &EditorPanel::made, this, &MainWindow::reveal);
     connect(list_, &ListPanel::newInvoiceWanted, commands_->action("New Invoice"), &QAction::trigger);
     connect(&app, &LedraApp::revealRequested, this, &MainWindow::revealPending);
     connect(&preview_->preview(), &DocumentPreview::interrupted, this, [this] {
@@ -165,6 +169,8 @@ void MainWindow::showSelected()
     if (records.size() != 1) {
         shown_.reset();
         shownRecord_.reset();
+        editor_->setRecord(nullptr);
+        editor_->hide();
         preview_->showHint(records.empty()
                                ? tr("No invoice selected")
                                : tr("%n invoices selected", nullptr, static_cast<int>(records.size())));
@@ -179,7 +185,26 @@ void MainWindow::showSelected()
         updateCommands();
         showDocument(shown_, false);
     });
+    editor_->setRecord(record);
+    editor_->setVisible(isEditorOpen());
     showDocument(record, true);
+}
+
+void MainWindow::toggleEditor()
+{
+    parts_.app.openEdit = !parts_.app.openEdit;
+    editor_->setVisible(isEditorOpen() && shown_);
+    if (editor_->isVisible())
+        editor_->start();
+    updateCommands();
+}
+
+void MainWindow::openEditor()
+{
+    if (!isEditorOpen())
+        toggleEditor();
+    else
+        editor_->start();
 }
 
 void MainWindow::showDocument(const InvoicePtr& record, bool isOther)
@@ -195,6 +220,7 @@ void MainWindow::restoreLook()
     const UserDefaults& defaults = parts_.app.defaults();
     if (!restoreGeometry(defaults.value(geometryKey).toByteArray()))
         resize(1360, 840);
+    parts_.app.openEdit = defaults.value(editorKey).toBool();
     splitter_->restoreState(defaults.value(splitterKey).toByteArray());
     list_->list().horizontalHeader()->restoreState(defaults.value(columnsKey).toByteArray());
     preview_->setZoomText(defaults.value(zoomKey).toString());
@@ -212,6 +238,7 @@ void MainWindow::keepLook()
         {geometryKey, saveGeometry()},
         {splitterKey, splitter_->saveState()},
         {columnsKey, list_->list().horizontalHeader()->saveState()},
+        {editorKey, isEditorOpen()},
         {zoomKey, preview_->zoomText()},
         {selectionKey, parts_.app.selectedInvoiceId.value_or(QUuid())}};
     for (const auto& [key, value] : values) {

@@ -8,6 +8,7 @@
 
 namespace ledra {
 
+class EditorPanel;
 class ListPanel;
 class PreviewPanel;
 class SideBar;
@@ -27,6 +28,7 @@ public:
     UndoableJobs jobs() const { return parts_.app.undoableJobs(); }
     ListPanel& listPanel() { return *list_; }
     PreviewPanel& previewPanel() { return *preview_; }
+    EditorPanel& editor() { return *editor_; }
     CommandSet& commands() { return *commands_; }
     const ListPanel& listPanel() const { return *list_; }
     SideBar& sideBar() { return *sideBar_; }
@@ -40,6 +42,10 @@ public:
     void reveal(const QUuid& id);
 
     void updateCommands();
+
+    void toggleEditor();
+    void openEditor();
+    bool isEditorOpen() const { return parts_.app.openEdit; }
 
     /// Shows on the console's behalf what failed.
     void follow(WindowConsole& console);
@@ -64,6 +70,7 @@ private:
     SideBar* sideBar_;
     ListPanel* list_;
     PreviewPanel* preview_;
+    EditorPanel* editor_;
     CommandSet* commands_ = nullptr;
     InvoicePtr shown_;
     Observation shownRecord_; ///< of the record in the preview

@@ -52,11 +52,13 @@ bool mayDelete(MainWindow& window, const std::vector<InvoicePtr>& records)
 void newInvoice(MainWindow& window)
 {
     revealMade(window, window.jobs().create(InvoiceType::invoice));
+    window.openEditor();
 }
 
 void newQuote(MainWindow& window)
 {
     revealMade(window, window.jobs().create(InvoiceType::quote));
+    window.openEditor();
 }
 
 void duplicateRecord(MainWindow& window)

@@ -1,5 +1,6 @@
 #include "ui/commands/window_commands.h"
 
+#include "ui/commands/command_search.h"
 #include "ui/commands/record_commands.h"
 #include "ui/list/list_panel.h"
 #include "ui/list/side_bar.h"
@@ -40,6 +41,12 @@ bool isSearchShown(const MainWindow& window)
     return window.listPanel().isSearchShown();
 }
 
+void searchCommands(MainWindow& window)
+{
+    auto* search = new CommandSearch(window.commands(), *window.menuBar(), &window); // deletes itself
+    search->open();
+}
+
 void toggleSideBar(MainWindow& window)
 {
     window.sideBar().setVisible(window.sideBar().isHidden());
@@ -49,6 +56,16 @@ void toggleSideBar(MainWindow& window)
 bool isSideBarShown(const MainWindow& window)
 {
     return !window.sideBar().isHidden();
+}
+
+void toggleEditor(MainWindow& window)
+{
+    window.toggleEditor();
+}
+
+bool isEditorOpen(const MainWindow& window)
+{
+    return window.isEditorOpen();
 }
 
 void closeWindow(MainWindow& window)
@@ -81,6 +98,9 @@ constexpr std::array commands = {
                   Needs::someRecords},
     WindowCommand{Menu::edit, TEXT("Search"), inList<&ListPanel::startSearch>, "Ctrl+F", "search"},
     WindowCommand{Menu::edit, TEXT("Filter"), inList<&ListPanel::toggleFilterBar>, "Ctrl+Shift+F", "filter"},
+    WindowCommand{Menu::edit, TEXT("Search Commands…"), searchCommands, "Ctrl+K"},
+    WindowCommand{Menu::view, TEXT("Editor"), toggleEditor, "Ctrl+Return", "edit", Needs::oneRecord,
+                  toolBar | contextMenu, isEditorOpen},
     WindowCommand{Menu::view, TEXT("Side Bar"), toggleSideBar, "F9", nullptr, Needs::nothing, menuOnly,
                   isSideBarShown},
     WindowCommand{Menu::view, TEXT("Search Bar"), inList<&ListPanel::toggleSearchBar>, "", nullptr,

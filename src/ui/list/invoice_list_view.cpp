@@ -51,11 +51,11 @@ void InvoiceListView::setUpColumns()
     header->setSectionsMovable(true);
     header->setResizeContentsPrecision(50); // rows that are looked at, of maybe thousands
     header->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
-    header->setMinimumSectionSize(60);
+    header->setMinimumSectionSize(48);
     setSortingEnabled(true);
     sortByColumn(InvoiceTableModel::date, Qt::DescendingOrder);
     header->setSectionResizeMode(InvoiceTableModel::recipient, QHeaderView::Stretch);
-    constexpr std::array<int, InvoiceTableModel::columns> widths = {130, 180, 92, 92, 112, 112};
+    constexpr std::array<int, InvoiceTableModel::columns> widths = {116, 180, 100, 100, 108, 104};
     for (int column = 0; column < InvoiceTableModel::columns; ++column)
         setColumnWidth(column, widths.at(static_cast<std::size_t>(column)));
 }

@@ -57,10 +57,15 @@ void ListDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
     item.state.setFlag(QStyle::State_HasFocus, false); // rows are chosen as a whole
     initStyleOption(&item, index);
     const bool isStatus = index.column() == InvoiceTableModel::status;
-    if (isStatus)
-        item.text.clear();
+    const QString text = std::exchange(item.text, QString());
     item.widget->style()->drawControl(QStyle::CE_ItemViewItem, &item, painter, item.widget);
-    if (isStatus) {
+    if (!isStatus) {
+        const bool isSelected = option.state.testFlag(QStyle::State_Selected);
+        painter->setPen(option.palette.color(isSelected ? QPalette::HighlightedText : QPalette::Text));
+        const QRect place = option.rect.adjusted(margin, 0, -margin, 0);
+        painter->drawText(place, static_cast<int>(item.displayAlignment),
+                          option.fontMetrics.elidedText(text, Qt::ElideRight, place.width()));
+    } else {
         const StatusLook& look = statusLooks()[static_cast<std::size_t>(index.data(Qt::UserRole).toInt())];
         paintStatus(*painter, option.rect.adjusted(margin / 2, 0, -margin / 2, 0), look, option.font);
     }
