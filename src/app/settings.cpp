@@ -2,6 +2,8 @@
 
 #include "app/document_export.h"
 #include "store/backup_manager.h"
+#include "textparser/answer_reader.h"
+#include "textparser/local_endpoint.h"
 
 namespace ledra {
 
@@ -21,6 +23,19 @@ QStringList truthValues()
     return {QStringLiteral("true"), QStringLiteral("false")};
 }
 
+std::optional<QString> endpointProblem(const QString& text)
+{
+    const std::expected<QUrl, QString> endpoint = localEndpoint(text);
+    return endpoint ? std::nullopt : std::optional(endpoint.error());
+}
+
+std::optional<QString> nameProblem(const QString& text)
+{
+    const bool isLine = text.isEmpty() || cleanText(text, TextLength::line) == text;
+    return isLine && text.size() <= longestLine ? std::nullopt
+                                                : std::optional(QStringLiteral("is no name of a model"));
+}
+
 const std::array specs = {
     SettingSpec{"termsAccepted", "false", truthValues, "Whether the terms of use have been accepted."},
     SettingSpec{"collectData", "false", truthValues,
@@ -37,22 +52,27 @@ const std::array specs = {
     SettingSpec{"autoExportInvoicesXMLEnabled", "false", truthValues, "The same for its XRechnung."},
     SettingSpec{"autoExportInvoicesZUGFeRDEnabled", "false", truthValues, "The same for its ZUGFeRD PDF."},
     SettingSpec{"paymentDeadlineDays", "14", nullptr, "Days from a reminder to its payment deadline.", 365},
+    SettingSpec{"textParserEndpoint", defaultEndpoint, nullptr,
+                "The address of the model server on this computer that reads texts.", 0, 0, endpointProblem},
+    SettingSpec{"textParserModel", "", nullptr, "The model that it is to use; none: its first.", 0, 0,
+                nameProblem},
+    SettingSpec{"textParserTimeout", "120", nullptr, "Seconds for which a model may say nothing.", 3600, 1},
 };
 
-/// Whether a text is a value of the setting.
-bool isAllowed(const SettingSpec& spec, const QString& text)
+/// What is wrong with a text as a value of the setting; nothing when it is one.
+std::optional<QString> problemOf(const SettingSpec& spec, const QString& text)
 {
+    if (spec.problem)
+        return spec.problem(text);
     if (spec.allowed)
-        return spec.allowed().contains(text);
+        return spec.allowed().contains(text)
+                   ? std::nullopt
+                   : std::optional(QStringLiteral("is none of ") + spec.allowed().join(QStringLiteral(", ")));
     bool isNumber = false;
     const int number = text.toInt(&isNumber);
-    return isNumber && number >= 0 && number <= spec.most;
-}
-
-QString allowedText(const SettingSpec& spec)
-{
-    return spec.allowed ? QStringLiteral("is none of ") + spec.allowed().join(QStringLiteral(", "))
-                        : QStringLiteral("is no whole number from 0 to %1").arg(spec.most);
+    if (isNumber && number >= spec.least && number <= spec.most)
+        return std::nullopt;
+    return QStringLiteral("is no whole number from %1 to %2").arg(spec.least).arg(spec.most);
 }
 
 const SettingSpec* findSetting(const QString& key)
@@ -81,7 +101,7 @@ std::expected<QString, QString> Settings::text(const QString& key) const
         return unknownSetting(key);
     // A value that a newer version or a slip of the hand has left counts as absent.
     const QString stored = defaults_.value(key).toString();
-    return isAllowed(*spec, stored) ? stored : QString::fromLatin1(spec->absent);
+    return problemOf(*spec, stored) ? QString::fromLatin1(spec->absent) : stored;
 }
 
 std::expected<void, QString> Settings::set(const QString& key, const QString& text)
@@ -89,9 +109,9 @@ std::expected<void, QString> Settings::set(const QString& key, const QString& te
     const SettingSpec* spec = findSetting(key);
     if (!spec)
         return unknownSetting(key);
-    if (!isAllowed(*spec, text))
-        return std::unexpected(QStringLiteral("%1: \"%2\" %3").arg(key, text, allowedText(*spec)));
-    if (!spec->allowed)
+    if (const std::optional<QString> problem = problemOf(*spec, text))
+        return std::unexpected(QStringLiteral("%1: \"%2\" %3").arg(key, text, *problem));
+    if (!spec->allowed && !spec->problem)
         return defaults_.setValue(key, text.toInt());
     const bool isTruth = spec->allowed == truthValues;
     return defaults_.setValue(key, isTruth ? QVariant(text == u"true") : QVariant(text));

@@ -8,6 +8,7 @@
 #include <QVariant>
 
 #include <expected>
+#include <optional>
 #include <span>
 
 namespace ledra {
@@ -33,9 +34,12 @@ struct SettingSpec
 {
     const char* key;
     const char* absent;       ///< the value that holds when none is stored
-    QStringList (*allowed)(); ///< its values; null for whole numbers from 0 to `most`
+    QStringList (*allowed)(); ///< its values; null for whole numbers from `least` to `most`, or any text
     const char* help;
     int most = 0;
+    int least = 0;
+    std::optional<QString> (*problem)(const QString&) =
+        nullptr; ///< what is wrong with a text; for texts only
 };
 
 /// All of them, in the order in which they are listed.

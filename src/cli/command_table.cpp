@@ -7,6 +7,7 @@
 #include "cli/data_command.h"
 #include "cli/edit_commands.h"
 #include "cli/export_command.h"
+#include "cli/extract_command.h"
 #include "cli/import_command.h"
 #include "cli/list_command.h"
 #include "cli/make_commands.h"
@@ -67,6 +68,7 @@ std::vector<std::unique_ptr<Command>> allCommands()
     commands.push_back(std::make_unique<ValidateCommand>());
     commands.push_back(std::make_unique<ViewCommand>());
     commands.push_back(std::make_unique<ImportCommand>());
+    commands.push_back(std::make_unique<ExtractCommand>());
     commands.push_back(std::make_unique<BackupCommand>());
     return commands;
 }

@@ -1,0 +1,31 @@
+#pragma once
+
+#include "app/settings.h"
+#include "store/json_schema.h"
+#include "textparser/text_parser.h"
+
+namespace ledra {
+
+/// Which model the settings name.
+TextParserSetting textParserSetting(const Settings& settings);
+
+/// An extracted text as JSON: its keys in order, without the absent ones.
+template <class Record>
+    requires(!std::same_as<std::remove_cvref_t<decltype(extractedFields<Record>)>, std::nullptr_t>)
+void encode(const Record& record, JSONEncoderState& state)
+{
+    KeyedEncodingContainer object = state.keyedContainer();
+    forEachField<Record>([&](const auto& row) { object.encodeIfPresent(row.key, record.*row.field); });
+}
+
+/// A field of an extracted text with its path, such as "items.0.unitPrice", and its value as text.
+struct ExtractedText
+{
+    QString path;
+    QString text;
+};
+
+/// All fields that are present, in order.
+std::vector<ExtractedText> extractedTexts(const ExtractedInvoice& invoice);
+
+} // namespace ledra
