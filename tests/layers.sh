@@ -20,7 +20,7 @@ allowed() {
 }
 
 # Libraries that only the named folder may include, as "pattern:folder folder".
-reserved='<qpdf/:platform <zip:platform <simdjson:store <expat:einvoice <zlib:platform <fontconfig:render <QWebEngine:render,ui <QtWidgets:ui'
+reserved='<qpdf/:platform <zip:platform <simdjson:store <expat:einvoice <zlib:platform <fontconfig:render <QWebEngine:render,ui <QtWidgets:ui <jsc/:plugins <seccomp:plugins'
 
 judge() {
   root=$1

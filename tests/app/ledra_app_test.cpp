@@ -1,6 +1,7 @@
 #include "app/invoice_list.h"
 #include "app/ledra_app.h"
 #include "model/new_invoices.h"
+#include "support/program_run.h"
 #include "support/recording_console.h"
 #include "support/test_suite.h"
 
@@ -9,6 +10,7 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QSignalSpy>
+#include <QStandardPaths>
 #include <QTemporaryDir>
 
 using namespace ledra;
@@ -22,6 +24,7 @@ private Q_SLOTS:
     void handedOver();
     void startAndReveal();
     void guards();
+    void pluginsRunOnOpening();
     void longList();
 };
 
@@ -114,6 +117,7 @@ void LedraAppTest::startAndReveal()
     QCOMPARE(app.pendingSpotlightInvoiceId, id);
     QSignalSpy plugins(&app, &LedraApp::openPluginSettings);
     app.appDelegate().open({QUrl(QStringLiteral("file:///x.ledraplugin"))});
+    QCOMPARE(app.pluginManager().pendingPackage, std::optional(QStringLiteral("/x.ledraplugin")));
     QCOMPARE(desktop.asked.mid(1).join(u' '), QStringLiteral("main window settings"));
     QVERIFY(reveals.size() == 1 && plugins.size() == 1);
 
@@ -157,6 +161,28 @@ void LedraAppTest::guards()
     QVERIFY(!jobs.cancel((*cancellation)->id));
     QVERIFY(jobs.remove(id, Force::yes));
     QVERIFY(!app.invoiceManager().find(id));
+}
+
+/// Nothing is started for plugins before they are wanted; those that ask for it then run as the window opens.
+void LedraAppTest::pluginsRunOnOpening()
+{
+    Home home;
+    const QString folder = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) +
+                           QStringLiteral("/Ledra/Plugins/x.ledraplugin");
+    QVERIFY(QDir().mkpath(folder));
+    const QByteArray main =
+        "exports.updateInvoices = (list) => ({ [list[0].id]: { recipient: { name: 'seen' } } })";
+    QVERIFY(test::writeFile(folder + QStringLiteral("/main.js"), main));
+    QVERIFY(test::writeFile(folder + QStringLiteral("/plugin.json"),
+                            "{\"name\":\"x\",\"capabilities\":[\"onOpen\"]}"));
+    LaunchOptions options{.console = home.console};
+    options.plugins.runner = QStringLiteral(LEDRA_PLUGIN_RUNNER);
+    LedraApp app(options);
+    const InvoicePtr record = *app.jobs().create(InvoiceType::invoice);
+    QCOMPARE(app.pluginManager().plugins().size(), std::size_t{1});
+    QVERIFY(!app.pluginManager().runner().isRunning());
+    app.pluginManager().start();
+    QTRY_COMPARE((*record)->name, QStringLiteral("seen"));
 }
 
 void LedraAppTest::longList()

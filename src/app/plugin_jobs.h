@@ -1,0 +1,73 @@
+#pragma once
+
+#include "app/invoice_jobs.h"
+#include "plugins/import_patch.h"
+#include "plugins/plugin_data.h"
+#include "plugins/plugin_manager.h"
+
+#include <QObject>
+#include <QSet>
+
+#include <expected>
+#include <functional>
+#include <optional>
+#include <vector>
+
+namespace ledra {
+
+/// A file that a plugin is to read.
+struct PluginInput
+{
+    QString fileName;
+    QByteArray content;
+};
+
+/// What came of an import or an update.
+struct PluginChanges
+{
+    std::vector<QUuid> records; ///< made or changed
+    QStringList problems;       ///< a line for each patch that could not be taken, or not all of it
+};
+
+/// What plugins do to invoices. Their patches go the way of all edits: a record that others hold keeps its
+/// content, and only its status follows.
+class PluginJobs : public QObject
+{
+    Q_OBJECT
+
+public:
+    PluginJobs(StoreContext& context, PluginManager& plugins, InvoiceJobs& jobs,
+               const InvoiceManager& invoices, const ProfileManager& profiles);
+
+    using Exported = std::function<void(const std::expected<PluginOutput, QString>&)>;
+    using Changed = std::function<void(const std::expected<PluginChanges, QString>&)>;
+
+    /// Answers come later, in the thread that asks; errors are one line.
+    void exportInvoice(const QString& plugin, const Invoice& invoice, const Exported& done);
+    void exportInvoices(const QString& plugin, const std::vector<Invoice>& invoices, const Exported& done);
+
+    /// Makes drafts; without an input the plugin fetches what it imports itself.
+    void importInvoices(const QString& plugin, const std::optional<PluginInput>& input, const Changed& done);
+
+    /// Changes records among those given. What the plugin reads for it is in the context under "input".
+    void updateInvoices(const QString& plugin, const std::vector<Invoice>& invoices,
+                        const std::optional<PluginInput>& input, const Changed& done);
+
+private:
+    QByteArray context(const QString& plugin, const std::optional<PluginInput>& input = {}) const;
+    void runExport(const QString& plugin, const char* operation, const QByteArray& records,
+                   const QString& baseName, const Exported& done);
+    void runDueUpdate(const QString& plugin);
+    PluginChanges makeDrafts(const std::vector<ImportPatch>& patches);
+    void apply(const QUuid& id, const ImportPatch& patch, PluginChanges& changes);
+    const Profile& profile() const { return **profiles_.activeProfile(); }
+
+    StoreContext& context_;
+    PluginManager& plugins_;
+    InvoiceJobs& jobs_;
+    const InvoiceManager& invoices_;
+    const ProfileManager& profiles_;
+    QSet<QString> running_; ///< whose due update has not ended yet
+};
+
+} // namespace ledra
