@@ -31,6 +31,11 @@ std::optional<QString> unwritable(const QString& folder)
         .arg(folder, QString::fromLocal8Bit(std::strerror(errno)));
 }
 
+JobFailure unknown(const QUuid& id)
+{
+    return {.text = QStringLiteral("no record has the id ") + idText(id)};
+}
+
 } // namespace
 
 bool isGuarded(const Invoice& invoice)
@@ -57,7 +62,7 @@ JobResult<InvoicePtr> InvoiceJobs::find(const QUuid& id) const
         return std::unexpected(*problem);
     if (InvoicePtr record = invoices_.find(id))
         return record;
-    return std::unexpected(JobFailure{.text = QStringLiteral("no record has the id ") + idText(id)});
+    return std::unexpected(unknown(id));
 }
 
 JobFailure InvoiceJobs::guarded(const InvoicePtr& record) const
@@ -112,30 +117,33 @@ JobResult<ImportedInvoice> InvoiceJobs::importFile(const QString& path)
     return std::move(*imported);
 }
 
-JobResult<void> InvoiceJobs::mayEdit(const QUuid& id, const std::function<void(Invoice&)>& change,
+JobResult<void> InvoiceJobs::mayEdit(const InvoicePtr& record, const std::function<void(Invoice&)>& change,
                                      Force force) const
 {
-    const JobResult<InvoicePtr> record = find(id);
-    if (!record)
-        return std::unexpected(record.error());
-    Invoice changed = ***record;
+    Invoice changed = **record;
     change(changed);
-    if (force == Force::no && isGuarded(***record) &&
-        withoutFreeFields(changed) != withoutFreeFields(***record))
-        return std::unexpected(guarded(*record));
+    if (force == Force::no && isGuarded(**record) &&
+        withoutFreeFields(changed) != withoutFreeFields(**record))
+        return std::unexpected(guarded(record));
     return {};
 }
 
 JobResult<void> InvoiceJobs::edit(const QUuid& id, const std::function<void(Invoice&)>& change, Force force)
 {
-    const JobResult<void> allowed = mayEdit(id, change, force);
+    const JobResult<InvoicePtr> record = find(id);
+    if (!record)
+        return std::unexpected(record.error());
+    const JobResult<void> allowed = mayEdit(*record, change, force);
     return allowed ? jobResult(invoices_.edit(id, change)) : allowed;
 }
 
 JobResult<void> InvoiceJobs::editSoon(const QUuid& id, const std::function<void(Invoice&)>& change,
                                       Force force)
 {
-    JobResult<void> allowed = mayEdit(id, change, force);
+    const InvoicePtr record = invoices_.find(id); // where it cannot be written now, it may be later
+    if (!record)
+        return std::unexpected(unknown(id));
+    JobResult<void> allowed = mayEdit(record, change, force);
     if (allowed)
         invoices_.editSoon(id, change);
     return allowed;

@@ -38,6 +38,9 @@ public:
     JobResult<void> refreshNumberSettings(const QUuid& id, Force force);
     JobResult<void> setStatus(const QUuid& id, Status status);
 
+    /// Writes all that is not written yet.
+    JobResult<void> finishWriting() { return jobResult(invoices_.writeUnsaved()); }
+
     /// To the trash.
     JobResult<void> remove(const QUuid& id, Force force);
 
@@ -47,7 +50,7 @@ public:
 private:
     JobResult<InvoicePtr> find(const QUuid& id) const;
     JobFailure guarded(const InvoicePtr& record) const;
-    JobResult<void> mayEdit(const QUuid& id, const std::function<void(Invoice&)>& change, Force force) const;
+    JobResult<void> mayEdit(const InvoicePtr& record, const std::function<void(Invoice&)>& change, Force force) const;
 
     InvoiceManager& invoices_;
     const ProfileManager& profiles_;

@@ -1,44 +1,13 @@
 #include "app/undoable_jobs.h"
 
-#include <QUndoCommand>
+#include "model/field_changes.h"
 
-#include <bitset>
-#include <tuple>
+#include <QCoreApplication>
+#include <QUndoCommand>
 
 namespace ledra {
 
 namespace {
-
-constexpr std::size_t fieldCount = std::tuple_size_v<std::remove_const_t<decltype(recordFields<Invoice>)>>;
-using Fields = std::bitset<fieldCount>;
-
-/// Calls a function with each stored field and its position.
-template <class Visit>
-void forEachField(const Visit& visit)
-{
-    std::apply(
-        [&](auto... member) {
-            std::size_t position = 0;
-            (visit(position++, member), ...);
-        },
-        recordFields<Invoice>);
-}
-
-Fields changedFields(const Invoice& before, const Invoice& after)
-{
-    Fields fields;
-    forEachField(
-        [&](std::size_t position, auto member) { fields.set(position, !(before.*member == after.*member)); });
-    return fields;
-}
-
-void copyFields(const Invoice& from, Invoice& to, const Fields& fields)
-{
-    forEachField([&](std::size_t position, auto member) {
-        if (fields.test(position))
-            to.*member = from.*member;
-    });
-}
 
 /// A change of fields, which has been made when the command is pushed.
 class EditCommand final : public QUndoCommand
@@ -51,7 +20,7 @@ public:
           fields_(changedFields(before_, after_)),
           kind_(kind)
     {
-        setText(QStringLiteral("Edit"));
+        setText(QCoreApplication::translate("UndoText", "Edit"));
     }
 
     void undo() override { apply(before_); }
@@ -85,7 +54,7 @@ private:
     InvoiceManager& invoices_;
     Invoice before_;
     Invoice after_;
-    Fields fields_;
+    FieldSet<Invoice> fields_;
     EditKind kind_;
     bool isMade_ = true;
 };
@@ -97,7 +66,7 @@ public:
     PresenceCommand(InvoiceManager& invoices, Invoice record, bool isPresent, const char* text)
         : invoices_(invoices), record_(std::move(record)), isPresent_(isPresent)
     {
-        setText(QString::fromLatin1(text));
+        setText(QCoreApplication::translate("UndoText", text));
     }
 
     void undo() override { apply(!isPresent_); }
@@ -150,17 +119,27 @@ JobResult<InvoicePtr> UndoableJobs::made(JobResult<InvoicePtr> record, const cha
 
 JobResult<InvoicePtr> UndoableJobs::create(InvoiceType type)
 {
-    return made(jobs_.create(type), type == InvoiceType::quote ? "New Quote" : "New Invoice");
+    return made(jobs_.create(type), type == InvoiceType::quote
+                                        ? QT_TRANSLATE_NOOP("UndoText", "New Quote")
+                                        : QT_TRANSLATE_NOOP("UndoText", "New Invoice"));
 }
 
 JobResult<InvoicePtr> UndoableJobs::duplicate(const QUuid& id)
 {
-    return made(jobs_.duplicate(id), "Duplicate");
+    return made(jobs_.duplicate(id), QT_TRANSLATE_NOOP("UndoText", "Duplicate"));
 }
 
 JobResult<InvoicePtr> UndoableJobs::convert(const QUuid& id)
 {
-    return made(jobs_.convert(id), "Make Invoice");
+    return made(jobs_.convert(id), QT_TRANSLATE_NOOP("UndoText", "Make Invoice"));
+}
+
+JobResult<ImportedInvoice> UndoableJobs::importFile(const QString& path)
+{
+    JobResult<ImportedInvoice> imported = jobs_.importFile(path);
+    if (imported)
+        (void)made(imported->record, QT_TRANSLATE_NOOP("UndoText", "Import"));
+    return imported;
 }
 
 JobResult<InvoicePtr> UndoableJobs::cancel(const QUuid& id)
@@ -171,10 +150,10 @@ JobResult<InvoicePtr> UndoableJobs::cancel(const QUuid& id)
     if (!cancellation)
         return cancellation;
     QUndoStack& stack = invoices_.undoStack();
-    stack.beginMacro(QStringLiteral("Cancel Invoice"));
+    stack.beginMacro(QCoreApplication::translate("UndoText", "Cancel Invoice"));
     if (before != **original)
         stack.push(new EditCommand(invoices_, before, **original, EditKind::single));
-    cancellation = made(std::move(cancellation), "Cancel Invoice");
+    cancellation = made(std::move(cancellation), QT_TRANSLATE_NOOP("UndoText", "Cancel Invoice"));
     stack.endMacro();
     return cancellation;
 }
@@ -185,7 +164,8 @@ JobResult<void> UndoableJobs::remove(const QUuid& id, Force force)
     const Invoice before = record ? **record : Invoice();
     if (const JobResult<void> removed = jobs_.remove(id, force); !removed)
         return removed;
-    invoices_.undoStack().push(new PresenceCommand(invoices_, before, false, "Delete"));
+    invoices_.undoStack().push(
+        new PresenceCommand(invoices_, before, false, QT_TRANSLATE_NOOP("UndoText", "Delete")));
     return {};
 }
 

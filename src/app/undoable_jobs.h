@@ -32,6 +32,9 @@ public:
     JobResult<InvoicePtr> duplicate(const QUuid& id);
     JobResult<InvoicePtr> convert(const QUuid& id);
 
+    /// Takes in an exported PDF or an e-invoice.
+    JobResult<ImportedInvoice> importFile(const QString& path);
+
     /// Going back also gives the invoice the status that it had.
     JobResult<InvoicePtr> cancel(const QUuid& id);
 

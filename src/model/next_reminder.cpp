@@ -30,11 +30,15 @@ Reminder nextReminder(const Invoice& invoice, const Profile& profile, std::span<
         reminder.interestPercentage = profile.latePaymentInterestRate;
         reminder.fee = profile.latePaymentFee;
     }
-    const Language language = invoice.language.value_or(profile.language);
-    reminder.text = profile.reminderTemplate.trimmed().isEmpty()
-                        ? usualReminderText(reminder, invoice, language)
-                        : profile.reminderTemplate;
+    reminder.text = firstReminderText(reminder, invoice, profile);
     return reminder;
+}
+
+QString firstReminderText(const Reminder& reminder, const Invoice& invoice, const Profile& profile)
+{
+    if (!profile.reminderTemplate.trimmed().isEmpty())
+        return profile.reminderTemplate;
+    return usualReminderText(reminder, invoice, invoice.language.value_or(profile.language));
 }
 
 QString usualReminderText(const Reminder& reminder, const Invoice& invoice, Language language)

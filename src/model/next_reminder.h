@@ -13,6 +13,9 @@ namespace ledra {
 Reminder nextReminder(const Invoice& invoice, const Profile& profile, std::span<const Reminder> earlier,
                       QDate today);
 
+/// The text that a reminder begins with: the profile's template, or else the usual letter.
+QString firstReminderText(const Reminder& reminder, const Invoice& invoice, const Profile& profile);
+
 /// The usual letter of a reminder's stage in the invoice's language, with variables. Interest and fee are
 /// named only where the reminder has them.
 QString usualReminderText(const Reminder& reminder, const Invoice& invoice, Language language);

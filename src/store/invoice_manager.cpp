@@ -19,8 +19,11 @@ StoreFailure unknownId(const QUuid& id)
 } // namespace
 
 InvoiceManager::InvoiceManager(StoreContext& context, ProfileManager& profiles, Loading loading)
-    : context_(context), profiles_(profiles), folder_(context), saver_([this] { writeUnsaved(); })
+    : context_(context), profiles_(profiles), folder_(context), saver_([this] { (void)writeUnsaved(); })
 {
+    constexpr std::chrono::seconds untilRetry(5);
+    retry_.setInterval(untilRetry);
+    connect(&retry_, &QTimer::timeout, this, [this] { (void)writeUnsaved(); });
     if (loading == Loading::never)
         return;
     open();
@@ -201,12 +204,20 @@ void InvoiceManager::editSoon(const QUuid& id, const std::function<void(Invoice&
     this->change(*entry, change);
 }
 
-void InvoiceManager::writeUnsaved()
+std::expected<void, StoreFailure> InvoiceManager::writeUnsaved()
 {
+    std::expected<void, StoreFailure> result;
     for (Entry& entry : entries_) {
-        if (entry.isUnsaved)
-            (void)write(entry); // told on the console
+        if (!entry.isUnsaved)
+            continue;
+        if (auto written = write(entry); !written)
+            result = std::move(written);
     }
+    if (result)
+        retry_.stop();
+    else if (!retry_.isActive())
+        retry_.start();
+    return result;
 }
 
 std::expected<void, StoreFailure> InvoiceManager::save(const QUuid& id)

@@ -9,6 +9,7 @@
 
 #include <QHash>
 #include <QObject>
+#include <QTimer>
 #include <QUndoStack>
 #include <QUuid>
 
@@ -93,6 +94,9 @@ public:
     /// Writes what editSoon() has left to be written.
     void flush() { saver_.flush(); }
 
+    /// Writes all that is not written yet; the error is that of the last record that could not be.
+    std::expected<void, StoreFailure> writeUnsaved();
+
     /// Writes a record as it is in memory.
     std::expected<void, StoreFailure> save(const QUuid& id);
 
@@ -147,7 +151,6 @@ private:
     std::expected<InvoicePtr, StoreFailure> make(InvoiceType type, Make&& makeRecord);
     std::expected<InvoicePtr, StoreFailure> add(Invoice invoice);
     std::expected<void, StoreFailure> write(Entry& entry);
-    void writeUnsaved();
     void change(Entry& entry, const std::function<void(Invoice&)>& change);
     QString fileNameFor(const Entry& entry) const;
 
@@ -166,6 +169,7 @@ private:
     std::function<QUndoStack*()> undoStackSource_;
     std::expected<void, StoreFailure> lastStatusChange_;
     RateLimitedSaver saver_;
+    QTimer retry_; ///< runs while something could not be written
 };
 
 } // namespace ledra

@@ -48,6 +48,21 @@ std::expected<ReminderPtr, StoreFailure> ReminderManager::create(const QUuid& in
     if (adjust)
         adjust(reminder);
     reminder.id = context_.ids.newId();
+    return add(reminder);
+}
+
+std::expected<ReminderPtr, StoreFailure> ReminderManager::insert(const Reminder& reminder)
+{
+    const InterprocessLock::Guard guard = context_.writer.lock();
+    load();
+    if (entries_.contains(reminder.id))
+        return std::unexpected(StoreFailure{
+            QStringLiteral("a reminder with the id %1 exists already").arg(idText(reminder.id))});
+    return add(reminder);
+}
+
+std::expected<ReminderPtr, StoreFailure> ReminderManager::add(const Reminder& reminder)
+{
     Entry& entry = entries_[reminder.id];
     entry.record = std::make_shared<ReminderRecord>(reminder);
     const auto written = write(entry);
@@ -65,8 +80,10 @@ std::expected<void, StoreFailure> ReminderManager::edit(const QUuid& id,
     if (const QString name = entries_.value(id).fileName; !name.isEmpty())
         look({name});
     const auto entry = entries_.find(id);
-    if (entry == entries_.end())
+    if (entry == entries_.end()) {
+        publish(); // its file may have gone just now
         return std::unexpected(unknownReminder(id));
+    }
     entry->record->edit(change);
     const auto written = write(*entry);
     publish();

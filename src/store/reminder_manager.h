@@ -59,6 +59,9 @@ public:
     using Adjust = std::function<void(Reminder&)>;
     std::expected<ReminderPtr, StoreFailure> create(const QUuid& invoiceId, const Adjust& adjust = {});
 
+    /// Brings back a reminder that was deleted, under its id.
+    std::expected<ReminderPtr, StoreFailure> insert(const Reminder& reminder);
+
     /// Changes a reminder as it is on disk now, and writes it.
     std::expected<void, StoreFailure> edit(const QUuid& id, const std::function<void(Reminder&)>& change);
 
@@ -91,6 +94,7 @@ private:
     QString path(const QString& name) const { return folder_ + u'/' + name; }
     QString invoiceStem(const Reminder& reminder) const;
     QString fileNameFor(const Entry& entry) const;
+    std::expected<ReminderPtr, StoreFailure> add(const Reminder& reminder);
     std::expected<void, StoreFailure> write(Entry& entry);
 
     StoreContext& context_;

@@ -47,6 +47,16 @@ QString logoContent(const QString& fileName, const QByteArray& bytes)
         .arg(imageType(extension), QString::fromLatin1(bytes.toBase64()));
 }
 
+LogoFile logoFile(const QString& content)
+{
+    const qsizetype comma = content.indexOf(u',');
+    if (!content.startsWith(u"data:image/") || comma < 0)
+        return {QStringLiteral("logo.svg"), content.toUtf8()};
+    const QString type = content.section(u';', 0, 0).section(u'/', 1);
+    return {QStringLiteral("logo.") + (type == u"jpeg" ? QStringLiteral("jpg") : type),
+            QByteArray::fromBase64(QStringView(content).mid(comma + 1).toLatin1())};
+}
+
 void loadStylingAssets(Styling& styling, const QString& folder, Console& console)
 {
     styling.logo.reset();

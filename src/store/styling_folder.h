@@ -22,4 +22,12 @@ void loadStylingAssets(Styling& styling, const QString& folder, Console& console
 /// A logo's content as the styling holds it: SVG markup, or a data URL for an image.
 QString logoContent(const QString& fileName, const QByteArray& bytes);
 
+/// A logo's file, made of the content that the styling holds.
+struct LogoFile
+{
+    QString name; ///< "logo.svg"
+    QByteArray bytes;
+};
+LogoFile logoFile(const QString& content);
+
 } // namespace ledra

@@ -172,20 +172,47 @@ std::expected<void, StylingError> StylingManager::importStyleSheet(const QString
     return imported;
 }
 
-/// Puts a file into the profile's folder under the name `target`; then the others of its kind go.
+std::expected<void, StylingError> StylingManager::setLogo(const std::optional<QString>& content)
+{
+    const LogoFile file = content ? logoFile(*content) : LogoFile{};
+    if (content)
+        return keep(file.bytes, file.name, isLogoFile, largestLogo);
+    const auto discarded = discard(isLogoFile);
+    loadAssets();
+    return discarded;
+}
+
+std::expected<void, StylingError> StylingManager::setStyleSheet(const std::optional<QString>& text)
+{
+    if (text)
+        return keep(text->toUtf8(), QStringLiteral("style.css"), isStyleSheetFile, largestStyleSheet);
+    const auto discarded = discard(isStyleSheetFile);
+    loadAssets();
+    return discarded;
+}
+
 std::expected<void, StylingError> StylingManager::import(const QString& path, const QString& target,
                                                          bool (*isOfKind)(const QString&), qint64 limit)
 {
-    if (folder_.isEmpty())
-        return std::unexpected(StylingError{QStringLiteral("No active profile selected")});
     const auto content = readFile(path, limit);
     if (!content)
         return std::unexpected(StylingError{content.error().text()});
+    return keep(*content, target, isOfKind, limit);
+}
+
+/// Puts a file into the profile's folder under the name `target`; then the others of its kind go.
+std::expected<void, StylingError> StylingManager::keep(const QByteArray& content, const QString& target,
+                                                       bool (*isOfKind)(const QString&), qint64 limit)
+{
+    if (folder_.isEmpty())
+        return std::unexpected(StylingError{QStringLiteral("No active profile selected")});
     const QString targetPath = folder_ + u'/' + target;
+    if (content.size() > limit)
+        return std::unexpected(StylingError{targetPath + QStringLiteral(": is too large")});
     const auto before = readFile(targetPath, limit); // what the user replaces is no conflict
     const auto written = context_.writer.writeAtomically(
         {.path = targetPath,
-         .content = *content,
+         .content = content,
          .known = before ? std::optional(ContentMark::of(*before)) : std::nullopt});
     if (!written)
         return std::unexpected(StylingError{written.error().text()});

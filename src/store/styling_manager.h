@@ -58,6 +58,11 @@ public:
     std::expected<void, StylingError> importLogo(const QString& path);
     std::expected<void, StylingError> importStyleSheet(const QString& path);
 
+    // The same for a content as the styling holds it, such as one that was edited or is brought back; nothing
+    // takes the file away, to the trash.
+    std::expected<void, StylingError> setLogo(const std::optional<QString>& content);
+    std::expected<void, StylingError> setStyleSheet(const std::optional<QString>& text);
+
     /// Takes over another styling under this one's id, with its logo and style sheet, each the path of a file
     /// or empty for none; what was there of these goes to the trash.
     std::expected<void, StylingError> replace(const Styling& styling, const QString& logo,
@@ -77,6 +82,8 @@ private:
     std::expected<void, StylingError> discard(bool (*isOfKind)(const QString&), const QString& except = {});
     std::expected<void, StylingError> import(const QString& path, const QString& target,
                                              bool (*isOfKind)(const QString&), qint64 limit);
+    std::expected<void, StylingError> keep(const QByteArray& content, const QString& target,
+                                           bool (*isOfKind)(const QString&), qint64 limit);
 
     StoreContext& context_;
     ProfileManager& profiles_;
