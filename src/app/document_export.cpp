@@ -52,8 +52,8 @@ QByteArray standaloneHtml(const QString& title, const std::vector<QString>& page
     return (html + QStringLiteral("</body>\n</html>\n")).toUtf8();
 }
 
-DocumentExport::DocumentExport(WebEngine& engine, Console& console)
-    : console_(console), paginator_(engine, console), renderer_(engine, console)
+DocumentExport::DocumentExport(WebEngine& engine, Console& console, const char* hybridFailed)
+    : console_(console), hybridFailed_(hybridFailed), paginator_(engine, console), renderer_(engine, console)
 {}
 
 QString fileExtension(ExportFormat format)
@@ -155,7 +155,7 @@ void DocumentExport::makeFile(const std::shared_ptr<const Order>& order, const P
             return;
         }
         if (order->format == ExportFormat::zugferd)
-            console_.information(QStringLiteral("Failed to create PDF for ZUGFeRD export"));
+            console_.information(QString::fromLatin1(hybridFailed_));
         order->completion(std::unexpected(QStringLiteral("the PDF could not be made")));
     });
 }

@@ -55,7 +55,9 @@ class DocumentExport
 public:
     using Completion = std::function<void(std::expected<ExportedDocument, QString>)>;
 
-    DocumentExport(WebEngine& engine, Console& console);
+    /// @param hybridFailed what the console says when the PDF of a hybrid cannot be made
+    DocumentExport(WebEngine& engine, Console& console,
+                   const char* hybridFailed = "Failed to create PDF for ZUGFeRD export");
 
     /// Answers later, exactly once. Documents may be under way side by side. A reminder is never an
     /// e-invoice.
@@ -69,6 +71,7 @@ private:
     static void finishPdf(const Order& order, PdfFile pdf, ExportedDocument file);
 
     Console& console_;
+    const char* hybridFailed_;
     DocumentPaginator paginator_;
     PDFRenderer renderer_;
 };

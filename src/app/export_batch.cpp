@@ -15,27 +15,41 @@ namespace {
 // Enough to keep every page of the engine busy while documents are measured one by one.
 constexpr int mostUnderWay = 24;
 
+struct LogRow
+{
+    ExportFormat format;
+    ExportPurpose purpose;
+    ExportLog log;
+};
+
+constexpr std::array logs = {
+    LogRow{
+        ExportFormat::zugferd, ExportPurpose::keeping, {"ZUGFeRD PDF saved to ", "ZUGFeRD export failed: "}},
+    LogRow{ExportFormat::zugferd,
+           ExportPurpose::sharing,
+           {"", "ZUGFeRD export failed: ", "Failed to create PDF for ZUGFeRD share"}},
+    LogRow{ExportFormat::zugferd,
+           ExportPurpose::temporary,
+           {"", "ZUGFeRD export failed: ", "Failed to create PDF for ZUGFeRD temp file"}},
+    LogRow{ExportFormat::xrechnung, ExportPurpose::keeping, {"XML saved to ", "Error exporting XML: "}},
+    LogRow{ExportFormat::xrechnung, ExportPurpose::sharing, {"", "Error preparing XML for sharing: "}},
+    LogRow{ExportFormat::xrechnung, ExportPurpose::temporary, {"", "Failed to create XRechnung temp file: "}},
+};
+
 } // namespace
 
-ExportLog exportLog(ExportFormat format)
+ExportLog exportLog(ExportFormat format, ExportPurpose purpose)
 {
-    switch (format) {
-    case ExportFormat::zugferd:
-        return {"ZUGFeRD PDF saved to ", "ZUGFeRD export failed: "};
-    case ExportFormat::xrechnung:
-        return {"XML saved to ", "Error exporting XML: "};
-    case ExportFormat::pdf:
-    case ExportFormat::html:
-        break;
-    }
-    return {};
+    const auto row = std::ranges::find_if(
+        logs, [&](const LogRow& each) { return each.format == format && each.purpose == purpose; });
+    return row == logs.end() ? ExportLog() : row->log;
 }
 
 ExportBatch::ExportBatch(ExportOrder order, WebEngine& engine, WebFontManager& fonts, Console& console,
                          ExportObserver& observer)
     : order_(std::move(order)),
       fonts_(fonts),
-      export_(engine, console),
+      export_(engine, console, order_.log.hybridFailed),
       console_(console),
       observer_(observer)
 {
@@ -57,6 +71,12 @@ void ExportBatch::startMore()
         startOne(order_.sources[next_++]);
     if (underWay_ == 0)
         Q_EMIT finished();
+}
+
+void ExportBatch::cancel()
+{
+    isCancelled_ = true;
+    next_ = order_.sources.size();
 }
 
 std::expected<QString, QString> ExportBatch::targetOf(const ExportSource& source)
@@ -84,6 +104,8 @@ bool ExportBatch::mayBeWritten(const ExportSource& source, const Invoice& invoic
     if (missing.isEmpty())
         return true;
     const QString line = source.label + QStringLiteral(": ") + missingFieldsText(missing);
+    if (order_.allowMissing && order_.missingIsTold)
+        return true;
     if (order_.allowMissing)
         observer_.warned(source.file, line);
     else
@@ -116,7 +138,9 @@ void ExportBatch::done(const ExportSource& source, const QString& target,
                        const std::expected<ExportedDocument, QString>& document)
 {
     --underWay_;
-    if (document) {
+    if (isCancelled_) {
+        // nothing is written or told any more
+    } else if (document) {
         write(source, target, *document);
     } else {
         logFailure(document.error());

@@ -24,10 +24,14 @@ struct ExportLog
 {
     const char* saved = "";
     const char* failed = "";
+    const char* hybridFailed = "Failed to create PDF for ZUGFeRD export"; ///< a complete line
 };
 
+/// What becomes of the files that a user asks for.
+enum class ExportPurpose { keeping, sharing, temporary };
+
 /// The log of exports that a user asks for.
-ExportLog exportLog(ExportFormat format);
+ExportLog exportLog(ExportFormat format, ExportPurpose purpose = ExportPurpose::keeping);
 
 /// What a batch writes and where.
 struct ExportOrder
@@ -36,7 +40,8 @@ struct ExportOrder
     ExportFormat format = ExportFormat::pdf;
     QString target; ///< a folder, a file for a single document, or "-" for the standard output
     Overwrite overwrite = Overwrite::refuse;
-    bool allowMissing = false; ///< e-invoices are written with fields missing as well
+    bool allowMissing = false;  ///< e-invoices are written with fields missing as well
+    bool missingIsTold = false; ///< which these are is known already, and not told again
     ExportLog log = {};
 };
 
@@ -65,6 +70,9 @@ public:
     /// Works until everything is done; then says finished().
     void start();
 
+    /// Writes nothing from now on. What is under way runs out, then it says finished().
+    void cancel();
+
     bool hasFailures() const { return failures_ > 0; }
 
 Q_SIGNALS:
@@ -89,6 +97,7 @@ private:
     std::size_t next_ = 0;
     int underWay_ = 0;
     int failures_ = 0;
+    bool isCancelled_ = false;
     QSet<QString> targets_; ///< that this batch writes
 };
 

@@ -108,13 +108,24 @@ PageSession& QtWebEngine::measuringSession(PageFormat format)
 
 void QtWebEngine::measure(const QString& html, PageFormat format, const QString& script, Answered answered)
 {
-    measuringSession(format).evaluate(
-        html, script,
-        [answered = std::move(answered)](const std::expected<QByteArray, WebEngineError>& result) {
+    measuringJobs_.push_back({html, format, script, std::move(answered)});
+    if (measuringJobs_.size() == 1)
+        startMeasuring();
+}
+
+void QtWebEngine::startMeasuring()
+{
+    const MeasuringJob& next = measuringJobs_.front();
+    measuringSession(next.format)
+        .evaluate(next.html, next.script, [this](const std::expected<QByteArray, WebEngineError>& result) {
+            const MeasuringJob job = std::move(measuringJobs_.front());
+            measuringJobs_.pop_front();
+            if (!measuringJobs_.empty())
+                startMeasuring();
             if (result)
-                answered(QString::fromUtf8(*result));
+                job.answered(QString::fromUtf8(*result));
             else
-                answered(std::unexpected(result.error()));
+                job.answered(std::unexpected(result.error()));
         });
 }
 

@@ -34,6 +34,14 @@ public:
     DocumentSchemeHandler& pages() { return handler_; }
 
 private:
+    struct MeasuringJob
+    {
+        QString html;
+        PageFormat format;
+        QString script;
+        Answered answered;
+    };
+
     struct PrintJob
     {
         QString html;
@@ -47,6 +55,7 @@ private:
     /// Deletes a session. A page that it must leave behind keeps the profile.
     void drop(std::unique_ptr<PageSession>& session);
 
+    void startMeasuring();
     void startPrinting();
 
     RequestGuard guard_;
@@ -57,6 +66,7 @@ private:
     std::unique_ptr<QWebEngineView> measuringView_;
     PageFormat measuringFormat_ = PageFormat::a4;
     std::vector<std::unique_ptr<PageSession>> printers_;
+    std::deque<MeasuringJob> measuringJobs_; ///< the first of them is under way
     std::deque<PrintJob> waiting_;
     bool hasLostPages_ = false;
 };

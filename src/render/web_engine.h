@@ -31,7 +31,7 @@ public:
     virtual ~WebEngine() = default;
 
     /// Lays a page out as wide as the paper, on a canvas 4000 points high, and evaluates a script in it once
-    /// its fonts are there. One such job runs at a time.
+    /// its fonts are there. One such job runs at a time, the others wait.
     virtual void measure(const QString& html, PageFormat format, const QString& script,
                          Answered answered) = 0;
 
