@@ -1,0 +1,124 @@
+#include "ui/reminders/field_guard.h"
+#include "ui/reminders/reminder_editor.h"
+#include "ui/reminders/variable_chip.h"
+#include "ui/reminders/variable_text_edit.h"
+
+#include <QFormLayout>
+#include <QToolButton>
+#include <QVBoxLayout>
+
+namespace ledra {
+
+namespace {
+
+/// The system's short form, with all digits of the year: two would be taken for those of another century.
+QString dayFormat()
+{
+    QString format = QLocale::system().dateFormat(QLocale::ShortFormat);
+    if (!format.contains(u"yyyy"))
+        format.replace(QStringLiteral("yy"), QStringLiteral("yyyy"));
+    return format;
+}
+
+QHBoxLayout* withRemark(QWidget* field, QLabel* remark)
+{
+    auto* row = new QHBoxLayout; // which the form takes over
+    row->addWidget(field);
+    row->addSpacing(4);
+    row->addWidget(remark, 1);
+    return row;
+}
+
+} // namespace
+
+void ReminderEditor::setUpFields()
+{
+    constexpr int numberWidth = 122;
+    QFont large = headline_->font();
+    large.setPointSizeF(large.pointSizeF() * 1.3);
+    large.setWeight(QFont::DemiBold);
+    headline_->setFont(large);
+    for (QLabel* label : {about_, deadline_, interestAmount_, sum_}) {
+        label->setTextFormat(Qt::PlainText);
+        label->setWordWrap(true);
+        label->setForegroundRole(QPalette::PlaceholderText);
+    }
+    stage_->setAccessibleName(tr("Stage"));
+    date_->setAccessibleName(tr("Date"));
+    date_->setCalendarPopup(true);
+    date_->setDisplayFormat(dayFormat());
+    interest_->setSuffix(QStringLiteral(" %"));
+    for (QWidget* field :
+         {static_cast<QWidget*>(date_), static_cast<QWidget*>(interest_), static_cast<QWidget*>(fee_)})
+        field->setFixedWidth(numberWidth);
+    text_->setAccessibleName(tr("Text"));
+    text_->setMinimumHeight(160);
+    reset_->setToolTip(tr("Write the usual letter of this stage again"));
+    for (QWidget* field :
+         {static_cast<QWidget*>(stage_), static_cast<QWidget*>(date_), static_cast<QWidget*>(interest_),
+          static_cast<QWidget*>(fee_), static_cast<QWidget*>(text_)})
+        guard_->watch(field);
+}
+
+void ReminderEditor::layOut()
+{
+    auto* textTitle = new QHBoxLayout;
+    auto* title = new QLabel(tr("&Text"), this);
+    title->setBuddy(text_);
+    textTitle->addWidget(title, 1);
+    textTitle->addWidget(reset_);
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(16, 14, 16, 14);
+    layout->setSpacing(6);
+    layout->addWidget(headline_);
+    layout->addWidget(about_);
+    layout->addSpacing(8);
+    layout->addLayout(makeForm());
+    layout->addSpacing(8);
+    layout->addLayout(textTitle);
+    layout->addWidget(text_, 1);
+    layout->addLayout(makeVariableButtons());
+    setMinimumWidth(390);
+    setFocusProxy(text_);
+}
+
+QFormLayout* ReminderEditor::makeForm()
+{
+    auto* form = new QFormLayout;
+    form->setLabelAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+    form->setHorizontalSpacing(14);
+    form->setVerticalSpacing(7);
+    form->addRow(tr("Stage"), stage_);
+    form->addRow(tr("Date"), withRemark(date_, deadline_));
+    form->addRow(tr("Interest rate"), withRemark(interest_, interestAmount_));
+    form->addRow(tr("Late payment fee"), withRemark(fee_, sum_));
+    return form;
+}
+
+QGridLayout* ReminderEditor::makeVariableButtons()
+{
+    constexpr int columns = 3;
+    auto* grid = new QGridLayout;
+    grid->setSpacing(4);
+    grid->addWidget(new QLabel(tr("Insert:"), this), 0, 0, 1, columns);
+    int place = columns;
+    for (const EnumText<ReminderVariable>& row : enumTexts<ReminderVariable>) {
+        auto* button = new QToolButton(this);
+        button->setText(variableLabel(row.value));
+        button->setObjectName(QLatin1StringView(row.rawValue));
+        button->setAccessibleName(tr("Insert %1").arg(button->text()));
+        button->setFocusPolicy(Qt::TabFocus); // a click leaves the cursor in the text
+        button->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+        button->setStyleSheet(QStringLiteral("QToolButton { border: 1px solid palette(mid); padding: 3px; }"
+                                             "QToolButton:focus { border-color: palette(highlight); }"));
+        connect(button, &QToolButton::clicked, this, [this, variable = row.value] {
+            text_->insertVariable(variable);
+            text_->setFocus();
+        });
+        grid->addWidget(button, place / columns, place % columns);
+        ++place;
+    }
+    return grid;
+}
+
+} // namespace ledra
