@@ -17,6 +17,9 @@ public:
     /// @param name such as "Styling.CSS"
     void record(const QString& name);
 
+    /// Where they are kept; it need not be there.
+    const QString& file() const { return file_; }
+
 private:
     QString file_;
     const UserDefaults& defaults_;

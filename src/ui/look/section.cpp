@@ -1,4 +1,4 @@
-#include "ui/editor/section.h"
+#include "ui/look/section.h"
 
 namespace ledra {
 

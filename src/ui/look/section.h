@@ -7,7 +7,7 @@
 
 namespace ledra {
 
-/// A titled part of the editor.
+/// A titled part of a panel.
 class Section : public QWidget
 {
     Q_OBJECT

@@ -1,0 +1,90 @@
+#include "ui/settings/profile_editing.h"
+
+#include <algorithm>
+#include <limits>
+
+namespace ledra {
+
+namespace {
+
+constexpr std::chrono::milliseconds quietTime{300};
+
+} // namespace
+
+ProfileEditing::ProfileEditing(ProfileManager& profiles)
+    : profiles_(profiles), saver_([this] { save(); }, quietTime)
+{
+    connect(&profiles, &ProfileManager::profilesChanged, this, &ProfileEditing::takeStored);
+}
+
+void ProfileEditing::setProfile(const QUuid& id)
+{
+    if (id == shown_.id)
+        return;
+    flush();
+    shown_ = Profile();
+    shown_.id = id;
+    takeStored();
+}
+
+void ProfileEditing::takeStored()
+{
+    const ProfilePtr stored = profiles_.find(shown_.id);
+    if (!stored)
+        return; // another one will be chosen
+    shown_ = **stored;
+    for (const Change& change : pending_)
+        change(shown_);
+    Q_EMIT changed();
+}
+
+void ProfileEditing::change(const Change& change)
+{
+    Profile after = shown_;
+    change(after);
+    if (after == shown_)
+        return;
+    shown_ = after;
+    pending_.push_back(change);
+    saver_.schedule();
+    Q_EMIT changed();
+}
+
+void ProfileEditing::save()
+{
+    const ProfilePtr stored = profiles_.find(shown_.id);
+    const std::vector<Change> changes = std::exchange(pending_, {});
+    if (!stored)
+        return;
+    Profile profile = **stored;
+    for (const Change& change : changes)
+        change(profile);
+    const auto saved = profiles_.saveProfile(profile, profile.profileName.value_or(QString()));
+    if (saved)
+        return;
+    takeStored();
+    Q_EMIT failed(saved.error().text);
+}
+
+std::expected<void, QString> ProfileEditing::rename(const QString& name)
+{
+    flush();
+    if (name == shown_.displayName())
+        return {};
+    if (const std::optional<QString> problem = profileNameProblem(name))
+        return std::unexpected(*problem);
+    const auto saved = profiles_.saveProfile(shown_, ProfileManager::folderNameFor(shown_, name));
+    return saved ? std::expected<void, QString>() : std::unexpected(saved.error().text);
+}
+
+Access<int> ProfileEditing::count(std::int64_t Profile::* member)
+{
+    const Access<std::int64_t> access = field(member);
+    return {[access] {
+                constexpr std::int64_t most = std::numeric_limits<int>::max();
+                return static_cast<int>(std::clamp<std::int64_t>(access.read(), 0, most));
+            },
+            [access](const int& value) { access.write(value); }};
+}
+
+} // namespace ledra

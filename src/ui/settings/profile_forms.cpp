@@ -1,0 +1,200 @@
+#include "ui/settings/profile_forms.h"
+
+#include "model/identifier_checks.h"
+#include "model/number_format.h"
+#include "model/reminder_variable.h"
+#include "ui/settings/profile_choices.h"
+
+#include <QPushButton>
+
+namespace ledra {
+
+namespace {
+
+constexpr const char* choiceTexts = "Choices"; ///< the context in which the choices are translated
+
+struct ProfileForms
+{
+    Q_DECLARE_TR_FUNCTIONS(ProfileForms)
+};
+
+// ---- checks
+
+FieldForm::Check checkOf(IdentifierProblem (*check)(const QString&))
+{
+    return [check](const QString& value) {
+        const QByteArray problem = displayText(check(value)).toUtf8();
+        return problem.isEmpty() ? QString()
+                                 : QCoreApplication::translate("IdentifierChecks", problem.constData());
+    };
+}
+
+/// A check that depends on the country that taxes the profile.
+FieldForm::Check checkOf(IdentifierProblem (*check)(const QString&, const QString&), ProfileEditing& editing)
+{
+    return [check, &editing](const QString& value) {
+        const QByteArray problem = displayText(check(value, editing.profile().taxResidency.code)).toUtf8();
+        return problem.isEmpty() ? QString()
+                                 : QCoreApplication::translate("IdentifierChecks", problem.constData());
+    };
+}
+
+QString numberFormatProblem(const QString& format)
+{
+    const std::vector<NumberFormatSegment> segments = parseNumberFormat(format);
+    const bool hasNumber = std::ranges::any_of(segments, [](const NumberFormatSegment& segment) {
+        const auto* chip = std::get_if<NumberFormatChip>(&segment);
+        return chip && chip->kind() == NumberFormatChipKind::number;
+    });
+    return hasNumber ? QString() : ProfileForms::tr("Without {NNN} all invoices have the same number");
+}
+
+// ---- the pages
+
+void fillInformation(FieldForm& form, ProfileEditing& editing)
+{
+    auto* name = new QLineEdit(&form);
+    name->setObjectName(QString::fromLatin1(profileNameField));
+    form.addField(ProfileForms::tr("Profile name"), name);
+    QObject::connect(name, &QLineEdit::editingFinished, name, [name, &editing] {
+        if (const auto renamed = editing.rename(name->text()); !renamed) {
+            name->setText(editing.profile().displayName());
+            Q_EMIT editing.failed(renamed.error());
+        }
+    });
+    form.follow([name, &editing] {
+        if (!name->isModified() || !name->hasFocus())
+            name->setText(editing.profile().displayName());
+    });
+    form.addChoice(ProfileForms::tr("Symbol"), symbolChoices(), editing.field(&Profile::icon));
+    form.addLine(ProfileForms::tr("Name"), editing.field(&Profile::name));
+    form.addLine(ProfileForms::tr("Business"), editing.field(&Profile::businessName));
+    form.addLine(ProfileForms::tr("Address"), editing.field(&Profile::addressLineOne));
+    form.addLine(ProfileForms::tr("Address line 2"), editing.field(&Profile::addressLineTwo));
+    form.addLine(ProfileForms::tr("Postcode"), editing.field(&Profile::addressPostcode));
+    form.addLine(ProfileForms::tr("City"), editing.field(&Profile::addressCity));
+    form.addLine(ProfileForms::tr("State"), editing.field(&Profile::addressState));
+    form.addChoice(ProfileForms::tr("Country"), countryChoices(), editing.code(&Profile::addressCountry),
+                   true);
+    form.addLine(ProfileForms::tr("Email"), editing.field(&Profile::email));
+    form.addLine(ProfileForms::tr("Phone"), editing.field(&Profile::phone));
+    form.addLine(ProfileForms::tr("Website"), editing.field(&Profile::website));
+    form.addParagraph(ProfileForms::tr("Additional"), editing.field(&Profile::additional), 2);
+}
+
+void fillFinancial(FieldForm& form, ProfileEditing& editing)
+{
+    form.addLine(ProfileForms::tr("IBAN"), editing.field(&Profile::iban), checkOf(ibanProblem));
+    form.addLine(ProfileForms::tr("BIC"), editing.field(&Profile::bic), checkOf(bicProblem));
+    form.addLine(ProfileForms::tr("Tax number"), editing.field(&Profile::taxNumber),
+                 checkOf(taxNumberProblem, editing));
+    form.addLine(ProfileForms::tr("VAT ID"), editing.field(&Profile::vatNumber),
+                 checkOf(vatNumberProblem, editing));
+    form.addParagraph(ProfileForms::tr("Further numbers"), editing.field(&Profile::additionalNumbers), 3);
+    form.addChoice(ProfileForms::tr("Taxed in"), countryChoices(), editing.code(&Profile::taxResidency),
+                   true);
+    form.addChoice(ProfileForms::tr("Currency"), currencyChoices(), editing.code(&Profile::currency), true);
+}
+
+constexpr int anyYear = 1999; ///< stands for none
+constexpr int lastYear = 2199;
+
+/// The year in which the first number is the start number; any when there is none.
+void addStartYear(FieldForm& form, ProfileEditing& editing)
+{
+    const Access<std::optional<std::int64_t>> year = editing.field(&Profile::startNumberYear);
+    QSpinBox* field =
+        form.addCount(ProfileForms::tr("Begins in"),
+                      {[year] { return static_cast<int>(year.read().value_or(anyYear)); },
+                       [year](const int& value) {
+                           year.write(value == anyYear ? std::nullopt : std::optional<std::int64_t>(value));
+                       }},
+                      anyYear, lastYear);
+    field->setSpecialValueText(ProfileForms::tr("Any year"));
+}
+
+void fillNumbering(FieldForm& form, ProfileEditing& editing)
+{
+    form.addLine(ProfileForms::tr("Number format"), editing.field(&Profile::numberFormat),
+                 numberFormatProblem);
+    form.addHint(ProfileForms::tr("{NNN} number, {YYYY} {YY} year, {MM} month, {DD} day, {VAR} free text"));
+    QLabel* sample = form.addHint(QString());
+    sample->setTextFormat(Qt::PlainText);
+    form.follow([&editing, sample] {
+        const Profile& profile = editing.profile();
+        const QString number =
+            renderNumberFormat(parseNumberFormat(profile.numberFormat),
+                               {profile.startNumber, QDate::currentDate(), QStringLiteral("ABC")});
+        sample->setText(ProfileForms::tr("Invoice %1, quote %2, cancellation %3")
+                            .arg(number, profile.quotePrefix + number, profile.cancellationPrefix + number));
+    });
+    form.addLine(ProfileForms::tr("Prefix of quotes"), editing.field(&Profile::quotePrefix));
+    form.addLine(ProfileForms::tr("Prefix of cancellations"), editing.field(&Profile::cancellationPrefix));
+    constexpr int mostNumber = 99'999'999;
+    form.addCount(ProfileForms::tr("First number"), editing.count(&Profile::startNumber), 0, mostNumber);
+    addStartYear(form, editing);
+    form.addChoice(ProfileForms::tr("Begins anew"), choicesOf<NumberResetFrequency>(choiceTexts),
+                   editing.choice(&Profile::resetNumberFrequency));
+}
+
+void fillPresets(FieldForm& form, ProfileEditing& editing)
+{
+    form.addChoice(ProfileForms::tr("Language"), choicesOf<Language>(choiceTexts),
+                   editing.choice(&Profile::language));
+    constexpr int mostDays = 3650;
+    form.addCount(ProfileForms::tr("Days to pay"), editing.count(&Profile::daysToPay), 0, mostDays);
+    form.addNumber(ProfileForms::tr("VAT"), editing.field(&Profile::vatPercentage), 0, QStringLiteral("%"));
+    form.addToggle(ProfileForms::tr("Documents without VAT"), editing.field(&Profile::hideVat));
+    form.addChoice(ProfileForms::tr("Exemption"), choicesOf<VATExemptionReason>(choiceTexts),
+                   editing.choice(&Profile::vatExemptionReason));
+    const QString unit = editing.profile().currency.symbol();
+    form.addSwitchedNumber(ProfileForms::tr("Hourly rate"), editing.field(&Profile::hourlyRate), unit);
+    form.addSwitchedNumber(ProfileForms::tr("Daily rate"), editing.field(&Profile::dailyRate), unit);
+    form.addSwitchedNumber(ProfileForms::tr("Weekly rate"), editing.field(&Profile::weeklyRate), unit);
+    form.addParagraph(ProfileForms::tr("Note at the margin"), editing.field(&Profile::marginalNote), 3);
+    form.addToggle(ProfileForms::tr("Show documents dark in dark windows"),
+                   editing.field(&Profile::invoiceDarkMode));
+}
+
+void fillReminder(FieldForm& form, ProfileEditing& editing)
+{
+    QPlainTextEdit* letter =
+        form.addParagraph(ProfileForms::tr("Text"), editing.field(&Profile::reminderTemplate), 9);
+    letter->setPlaceholderText(ProfileForms::tr("Empty: the text that Ledra brings along"));
+    auto* variables = new QComboBox(&form);
+    variables->addItem(ProfileForms::tr("Insert a variable…"));
+    for (const EnumText<ReminderVariable>& row : enumTexts<ReminderVariable>)
+        variables->addItem(
+            QCoreApplication::translate("ReminderVariable", displayText(row.value).toUtf8().constData()),
+            token(row.value));
+    form.addField(QString(), variables);
+    variables->setAccessibleName(ProfileForms::tr("Insert a variable…"));
+    QObject::connect(variables, &QComboBox::activated, letter, [letter, variables](int row) {
+        letter->insertPlainText(variables->itemData(row).toString());
+        variables->setCurrentIndex(0);
+        letter->setFocus();
+    });
+    form.addToggle(ProfileForms::tr("Begin with a friendly reminder, without interest and fee"),
+                   editing.field(&Profile::friendlyReminderEnabled));
+    form.addNumber(ProfileForms::tr("Interest"), editing.field(&Profile::latePaymentInterestRate), 0,
+                   ProfileForms::tr("% per year"));
+    form.addNumber(ProfileForms::tr("Fee"), editing.field(&Profile::latePaymentFee), 2,
+                   editing.profile().currency.symbol());
+}
+
+constexpr std::array pages = {
+    ProfileFormPage{QT_TRANSLATE_NOOP("ProfileForms", "Profile Information"), fillInformation},
+    ProfileFormPage{QT_TRANSLATE_NOOP("ProfileForms", "Financial Information"), fillFinancial},
+    ProfileFormPage{QT_TRANSLATE_NOOP("ProfileForms", "Invoice Numbering"), fillNumbering},
+    ProfileFormPage{QT_TRANSLATE_NOOP("ProfileForms", "Presets"), fillPresets},
+    ProfileFormPage{QT_TRANSLATE_NOOP("ProfileForms", "Reminder"), fillReminder},
+};
+
+} // namespace
+
+std::span<const ProfileFormPage> profileFormPages()
+{
+    return pages;
+}
+
+} // namespace ledra

@@ -1,0 +1,134 @@
+#include "ui/settings/settings_window.h"
+
+#include "ui/look/icons.h"
+#include "ui/look/toast.h"
+#include "ui/settings/data_page.h"
+#include "ui/settings/general_page.h"
+#include "ui/settings/profiles_page.h"
+#include "ui/settings/text_parser_page.h"
+
+#include <QCloseEvent>
+#include <QHBoxLayout>
+#include <QScrollArea>
+
+namespace ledra {
+
+namespace {
+
+template <class Page>
+QWidget* make(SettingsWindow& window)
+{
+    return new Page(window); // the stack of pages owns it
+}
+
+#define TITLE(text) QT_TRANSLATE_NOOP("ledra::SettingsWindow", text)
+
+constexpr std::array pages = {
+    SettingsPage{TITLE("General"), "settings", make<GeneralPage>},
+    SettingsPage{TITLE("Profiles"), "person", make<ProfilesPage>, false},
+    SettingsPage{TITLE("Data"), "folder", make<DataPage>, false},
+    SettingsPage{TITLE("Export"), "export", make<ExportPage>},
+    SettingsPage{TITLE("Text Parser"), "search", make<TextParserPage>},
+};
+
+#undef TITLE
+
+} // namespace
+
+std::span<const SettingsPage> settingsPages()
+{
+    return pages;
+}
+
+SettingsWindow::SettingsWindow(const WindowParts& main, QWidget* parent)
+    : QDialog(parent),
+      messages_(new MessageBar(this)),
+      parts_{main.app, main.engine, main.fonts, *messages_, *this},
+      titles_(new QListWidget(this)),
+      pages_(new QStackedWidget(this))
+{
+    setWindowTitle(tr("Settings"));
+    setObjectName(QStringLiteral("settings-window"));
+    titles_->setAccessibleName(tr("Pages"));
+    constexpr int titleWidth = 160;
+    titles_->setFixedWidth(titleWidth);
+    titles_->setFrameShape(QFrame::NoFrame);
+    titles_->setIconSize(QSize(18, 18));
+    titles_->setStyleSheet(
+        QStringLiteral("QListWidget { outline: 0; padding: 8px; background: palette(window); }"
+                       "QListWidget::item { padding: 7px; border-radius: 6px; }"
+                       "QListWidget::item:selected { background: palette(highlight); "
+                       "color: palette(highlighted-text); }"));
+    for (const SettingsPage& page : settingsPages()) {
+        titles_->addItem(new QListWidgetItem(lineIcon(page.icon), tr(page.title)));
+        pages_->addWidget(new QWidget); // until it is opened
+    }
+    auto* columns = new QHBoxLayout;
+    columns->setSpacing(0);
+    columns->addWidget(titles_);
+    columns->addWidget(pages_, 1);
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    layout->addWidget(messages_);
+    layout->addLayout(columns, 1);
+    connect(titles_, &QListWidget::currentRowChanged, this, &SettingsWindow::showPage);
+    connect(messages_, &MessageBar::noted, new Toast(this), &Toast::say);
+    titles_->setCurrentRow(0);
+    resize(1000, 700);
+}
+
+void SettingsWindow::openPage(const QString& title)
+{
+    for (int row = 0; row < titles_->count(); ++row) {
+        if (title == QLatin1StringView(settingsPages()[static_cast<std::size_t>(row)].title))
+            titles_->setCurrentRow(row);
+    }
+}
+
+void SettingsWindow::showPage(int number)
+{
+    const SettingsPage& page = settingsPages()[static_cast<std::size_t>(number)];
+    const QString made = QString::fromLatin1(page.title);
+    if (pages_->widget(number)->objectName() != made) {
+        QWidget* content = page.make(*this);
+        content->setContentsMargins(20, 16, 20, 16);
+        QWidget* shown = content;
+        if (page.scrolls) {
+            auto* scroll = new QScrollArea;
+            scroll->setWidget(content);
+            scroll->setWidgetResizable(true);
+            scroll->setFrameShape(QFrame::NoFrame);
+            shown = scroll;
+        }
+        shown->setObjectName(made);
+        QWidget* placeholder = pages_->widget(number);
+        pages_->insertWidget(number, shown);
+        pages_->removeWidget(placeholder);
+        delete placeholder;
+    }
+    if (QWidget* field = focusWidget(); field && pages_->isAncestorOf(field))
+        field->clearFocus(); // what is being typed there ends
+    pages_->setCurrentIndex(number);
+}
+
+void SettingsWindow::tell(const std::expected<void, QString>& done)
+{
+    if (!done)
+        tell(done.error());
+}
+
+void SettingsWindow::tell(const JobResult<void>& done)
+{
+    if (!done)
+        tell(done.error().text);
+}
+
+void SettingsWindow::closeEvent(QCloseEvent* event)
+{
+    if (QWidget* field = focusWidget())
+        field->clearFocus();
+    event->accept();
+}
+
+} // namespace ledra
