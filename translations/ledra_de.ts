@@ -1,0 +1,2989 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="de_DE">
+<context>
+    <name>CSVExporter</name>
+    <message>
+        <source>Name</source>
+        <translation>Name</translation>
+    </message>
+    <message>
+        <source>Address</source>
+        <translation>Adresse</translation>
+    </message>
+    <message>
+        <source>Date</source>
+        <translation>Datum</translation>
+    </message>
+    <message>
+        <source>Invoice Number</source>
+        <translation>Rechnungsnummer</translation>
+    </message>
+    <message>
+        <source>Net</source>
+        <translation>Netto</translation>
+    </message>
+    <message>
+        <source>VAT</source>
+        <translation>USt.</translation>
+    </message>
+    <message>
+        <source>Gross</source>
+        <translation>Brutto</translation>
+    </message>
+    <message>
+        <source>Currency</source>
+        <translation>Währung</translation>
+    </message>
+    <message>
+        <source>Status</source>
+        <translation>Status</translation>
+    </message>
+</context>
+<context>
+    <name>Choices</name>
+    <message>
+        <source>None</source>
+        <translation>Keine</translation>
+    </message>
+    <message>
+        <source>VAT Reverse Charge</source>
+        <translation>Reverse Charge</translation>
+    </message>
+    <message>
+        <source>VAT Exemption Small Business</source>
+        <translation>Kleinunternehmer</translation>
+    </message>
+    <message>
+        <source>VAT Exemption Educational Services</source>
+        <translation>Bildungsleistungen</translation>
+    </message>
+    <message>
+        <source>VAT Exemption Medical Services</source>
+        <translation>Heilbehandlungen</translation>
+    </message>
+    <message>
+        <source>VAT Exemption Insurance Financial</source>
+        <translation>Versicherungen, Finanzen</translation>
+    </message>
+    <message>
+        <source>VAT Exemption Residential Rental</source>
+        <translation>Wohnraumvermietung</translation>
+    </message>
+    <message>
+        <source>English</source>
+        <translation>Englisch</translation>
+    </message>
+    <message>
+        <source>German</source>
+        <translation>Deutsch</translation>
+    </message>
+    <message>
+        <source>System</source>
+        <translation>System</translation>
+    </message>
+    <message>
+        <source>Light</source>
+        <translation>Hell</translation>
+    </message>
+    <message>
+        <source>Dark</source>
+        <translation>Dunkel</translation>
+    </message>
+    <message>
+        <source>PDF</source>
+        <translation>PDF</translation>
+    </message>
+    <message>
+        <source>ZUGFeRD PDF</source>
+        <translation>ZUGFeRD-PDF</translation>
+    </message>
+    <message>
+        <source>XRechnung</source>
+        <translation>XRechnung</translation>
+    </message>
+    <message>
+        <source>HTML</source>
+        <translation>HTML</translation>
+    </message>
+    <message>
+        <source>Daily</source>
+        <translation>Täglich</translation>
+    </message>
+    <message>
+        <source>Every 3 Days</source>
+        <translation>Alle 3 Tage</translation>
+    </message>
+    <message>
+        <source>Weekly</source>
+        <translation>Wöchentlich</translation>
+    </message>
+    <message>
+        <source>Monthly</source>
+        <translation>Monatlich</translation>
+    </message>
+    <message>
+        <source>10 Backups</source>
+        <translation>10 Sicherungen</translation>
+    </message>
+    <message>
+        <source>20 Backups</source>
+        <translation>20 Sicherungen</translation>
+    </message>
+    <message>
+        <source>30 Backups</source>
+        <translation>30 Sicherungen</translation>
+    </message>
+    <message>
+        <source>50 Backups</source>
+        <translation>50 Sicherungen</translation>
+    </message>
+    <message>
+        <source>100 Backups</source>
+        <translation>100 Sicherungen</translation>
+    </message>
+    <message>
+        <source>All Backups</source>
+        <translation>Alle Sicherungen</translation>
+    </message>
+    <message>
+        <source>Yearly</source>
+        <translation>Jährlich</translation>
+    </message>
+    <message>
+        <source>Never</source>
+        <translation>Nie</translation>
+    </message>
+    <message>
+        <source>A4</source>
+        <translation>A4</translation>
+    </message>
+    <message>
+        <source>US Letter</source>
+        <translation>US Letter</translation>
+    </message>
+    <message>
+        <source>Most Important Info</source>
+        <translation>Wichtigste Angaben</translation>
+    </message>
+    <message>
+        <source>Labels</source>
+        <translation>Beschriftungen</translation>
+    </message>
+    <message>
+        <source>Logo</source>
+        <translation>Logo</translation>
+    </message>
+    <message>
+        <source>Headline</source>
+        <translation>Überschrift</translation>
+    </message>
+    <message>
+        <source>Dots</source>
+        <translation>Punkte</translation>
+    </message>
+    <message>
+        <source>Frame</source>
+        <translation>Rahmen</translation>
+    </message>
+    <message>
+        <source>Single</source>
+        <translation>Einfach</translation>
+    </message>
+    <message>
+        <source>Double</source>
+        <translation>Doppelt</translation>
+    </message>
+    <message>
+        <source>Dotted</source>
+        <translation>Gepunktet</translation>
+    </message>
+    <message>
+        <source>Dashed</source>
+        <translation>Gestrichelt</translation>
+    </message>
+</context>
+<context>
+    <name>ExportFlow</name>
+    <message>
+        <source>Export as PDF</source>
+        <translation>Als PDF exportieren</translation>
+    </message>
+    <message>
+        <source>Export as ZUGFeRD PDF</source>
+        <translation>Als ZUGFeRD-PDF exportieren</translation>
+    </message>
+    <message>
+        <source>Export as XRechnung</source>
+        <translation>Als XRechnung exportieren</translation>
+    </message>
+    <message>
+        <source>Export as HTML</source>
+        <translation>Als HTML exportieren</translation>
+    </message>
+    <message numerus="yes">
+        <source>and %n more</source>
+        <translation>
+            <numerusform>und %n weiterer</numerusform>
+            <numerusform>und %n weitere</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Exported: %1</source>
+        <translation>Exportiert: %1</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n documents exported</source>
+        <translation>
+            <numerusform>%n Beleg exportiert</numerusform>
+            <numerusform>%n Belege exportiert</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Show</source>
+        <translation>Zeigen</translation>
+    </message>
+    <message>
+        <source>ZUGFeRD Export Failed</source>
+        <translation>ZUGFeRD-Export fehlgeschlagen</translation>
+    </message>
+    <message>
+        <source>Export cancelled</source>
+        <translation>Export abgebrochen</translation>
+    </message>
+    <message>
+        <source>“%1” exists already.</source>
+        <translation>„%1“ ist bereits vorhanden.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n of the files exist already.</source>
+        <translation>
+            <numerusform>%n der Dateien ist bereits vorhanden.</numerusform>
+            <numerusform>%n der Dateien sind bereits vorhanden.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Replacing a file in “%1” overwrites what is in it.</source>
+        <translation>Beim Ersetzen einer Datei in „%1“ wird ihr Inhalt überschrieben.</translation>
+    </message>
+    <message>
+        <source>Replace</source>
+        <translation>Ersetzen</translation>
+    </message>
+    <message>
+        <source>Keep Both</source>
+        <translation>Beide behalten</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n documents were not exported:</source>
+        <translation>
+            <numerusform>%n Beleg wurde nicht exportiert:</numerusform>
+            <numerusform>%n Belege wurden nicht exportiert:</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Before you send them:</source>
+        <translation>Vor dem Versenden:</translation>
+    </message>
+</context>
+<context>
+    <name>HelpCommands</name>
+    <message>
+        <source>No program for e-mail could be opened.</source>
+        <translation>Es konnte kein E-Mail-Programm geöffnet werden.</translation>
+    </message>
+    <message>
+        <source>What happened, and what did you expect?</source>
+        <translation>Was ist geschehen, und was haben Sie erwartet?</translation>
+    </message>
+    <message>
+        <source>Problem with Ledra</source>
+        <translation>Problem mit Ledra</translation>
+    </message>
+    <message>
+        <source>Terms of Use</source>
+        <translation>Nutzungsbedingungen</translation>
+    </message>
+    <message>
+        <source>Privacy Policy</source>
+        <translation>Datenschutz</translation>
+    </message>
+    <message>
+        <source>About Ledra</source>
+        <translation>Über Ledra</translation>
+    </message>
+    <message>
+        <source>Invoicing for freelancers and small firms.</source>
+        <translation>Rechnungen für Freiberufler und kleine Firmen.</translation>
+    </message>
+    <message>
+        <source>Your data are plain files on your own computer.</source>
+        <translation>Ihre Daten sind einfache Dateien auf Ihrem eigenen Computer.</translation>
+    </message>
+</context>
+<context>
+    <name>IdentifierChecks</name>
+    <message>
+        <source>An IBAN begins with two letters and two digits: DE89 3704 0044 0532 0130 00</source>
+        <translation>Eine IBAN beginnt mit zwei Buchstaben und zwei Ziffern: DE89 3704 0044 0532 0130 00</translation>
+    </message>
+    <message>
+        <source>IBANs of this country have another length</source>
+        <translation>IBANs dieses Landes haben eine andere Länge</translation>
+    </message>
+    <message>
+        <source>The check digits do not fit: a character is wrong, or two are swapped</source>
+        <translation>Die Prüfziffern passen nicht: Ein Zeichen ist falsch, oder zwei sind vertauscht</translation>
+    </message>
+    <message>
+        <source>A BIC has 8 or 11 letters and digits: COBADEFFXXX</source>
+        <translation>Eine BIC hat 8 oder 11 Buchstaben und Ziffern: COBADEFFXXX</translation>
+    </message>
+    <message>
+        <source>The fifth and sixth letter name no country</source>
+        <translation>Der fünfte und sechste Buchstabe nennen kein Land</translation>
+    </message>
+    <message>
+        <source>German tax numbers have 10 to 13 digits: 29/815/08154</source>
+        <translation>Deutsche Steuernummern haben 10 bis 13 Ziffern: 29/815/08154</translation>
+    </message>
+    <message>
+        <source>A VAT ID begins with the letters of its country</source>
+        <translation>Eine USt-IdNr. beginnt mit den Buchstaben ihres Landes</translation>
+    </message>
+    <message>
+        <source>VAT IDs of this country look different</source>
+        <translation>USt-IdNrn. dieses Landes sehen anders aus</translation>
+    </message>
+    <message>
+        <source>The check digit does not fit: a character is wrong, or two are swapped</source>
+        <translation>Die Prüfziffer passt nicht: Ein Zeichen ist falsch, oder zwei sind vertauscht</translation>
+    </message>
+</context>
+<context>
+    <name>MissingFields</name>
+    <message>
+        <source>The following required fields for e-invoices are empty:</source>
+        <translation>Die folgenden Pflichtfelder für E-Rechnungen sind leer:</translation>
+    </message>
+    <message numerus="yes">
+        <source>and %n more</source>
+        <translation>
+            <numerusform>und %n weiterer</numerusform>
+            <numerusform>und %n weitere</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>The exported invoices may not be valid.</source>
+        <translation>Die exportierten Rechnungen sind möglicherweise nicht gültig.</translation>
+    </message>
+</context>
+<context>
+    <name>ProfileExport</name>
+    <message>
+        <source>Export Failed</source>
+        <translation>Export fehlgeschlagen</translation>
+    </message>
+    <message>
+        <source>Exported: %1</source>
+        <translation>Exportiert: %1</translation>
+    </message>
+    <message>
+        <source>Show</source>
+        <translation>Zeigen</translation>
+    </message>
+    <message>
+        <source>Ledra Data (*%1)</source>
+        <translation>Ledra-Daten (*%1)</translation>
+    </message>
+    <message>
+        <source>Export All Profiles</source>
+        <translation>Alle Profile exportieren</translation>
+    </message>
+    <message>
+        <source>Export Profile</source>
+        <translation>Profil exportieren</translation>
+    </message>
+</context>
+<context>
+    <name>ProfileForms</name>
+    <message>
+        <source>Person</source>
+        <translation>Person</translation>
+    </message>
+    <message>
+        <source>Company</source>
+        <translation>Unternehmen</translation>
+    </message>
+    <message>
+        <source>Office</source>
+        <translation>Büro</translation>
+    </message>
+    <message>
+        <source>Workshop</source>
+        <translation>Werkstatt</translation>
+    </message>
+    <message>
+        <source>Studio</source>
+        <translation>Studio</translation>
+    </message>
+    <message>
+        <source>Camera</source>
+        <translation>Kamera</translation>
+    </message>
+    <message>
+        <source>Computer</source>
+        <translation>Computer</translation>
+    </message>
+    <message>
+        <source>Book</source>
+        <translation>Buch</translation>
+    </message>
+    <message>
+        <source>Music</source>
+        <translation>Musik</translation>
+    </message>
+    <message>
+        <source>House</source>
+        <translation>Haus</translation>
+    </message>
+    <message>
+        <source>Star</source>
+        <translation>Stern</translation>
+    </message>
+    <message>
+        <source>Profile Information</source>
+        <translation>Profilangaben</translation>
+    </message>
+    <message>
+        <source>Financial Information</source>
+        <translation>Finanzangaben</translation>
+    </message>
+    <message>
+        <source>Invoice Numbering</source>
+        <translation>Rechnungsnummern</translation>
+    </message>
+    <message>
+        <source>Presets</source>
+        <translation>Vorgaben</translation>
+    </message>
+    <message>
+        <source>Reminder</source>
+        <translation>Mahnung</translation>
+    </message>
+    <message>
+        <source>Without {NNN} all invoices have the same number</source>
+        <translation>Ohne {NNN} haben alle Rechnungen dieselbe Nummer</translation>
+    </message>
+    <message>
+        <source>Profile name</source>
+        <translation>Profilname</translation>
+    </message>
+    <message>
+        <source>Symbol</source>
+        <translation>Symbol</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>Name</translation>
+    </message>
+    <message>
+        <source>Business</source>
+        <translation>Firma</translation>
+    </message>
+    <message>
+        <source>Address</source>
+        <translation>Adresse</translation>
+    </message>
+    <message>
+        <source>Address line 2</source>
+        <translation>Adresszeile 2</translation>
+    </message>
+    <message>
+        <source>Postcode</source>
+        <translation>PLZ</translation>
+    </message>
+    <message>
+        <source>City</source>
+        <translation>Ort</translation>
+    </message>
+    <message>
+        <source>State</source>
+        <translation>Bundesland</translation>
+    </message>
+    <message>
+        <source>Country</source>
+        <translation>Land</translation>
+    </message>
+    <message>
+        <source>Email</source>
+        <translation>E-Mail</translation>
+    </message>
+    <message>
+        <source>Phone</source>
+        <translation>Telefon</translation>
+    </message>
+    <message>
+        <source>Website</source>
+        <translation>Website</translation>
+    </message>
+    <message>
+        <source>Additional</source>
+        <translation>Zusatz</translation>
+    </message>
+    <message>
+        <source>IBAN</source>
+        <translation>IBAN</translation>
+    </message>
+    <message>
+        <source>BIC</source>
+        <translation>BIC</translation>
+    </message>
+    <message>
+        <source>Tax number</source>
+        <translation>Steuernummer</translation>
+    </message>
+    <message>
+        <source>VAT ID</source>
+        <translation>USt-IdNr.</translation>
+    </message>
+    <message>
+        <source>Further numbers</source>
+        <translation>Weitere Nummern</translation>
+    </message>
+    <message>
+        <source>Taxed in</source>
+        <translation>Steuerpflichtig in</translation>
+    </message>
+    <message>
+        <source>Currency</source>
+        <translation>Währung</translation>
+    </message>
+    <message>
+        <source>Begins in</source>
+        <translation>Startjahr</translation>
+    </message>
+    <message>
+        <source>Any year</source>
+        <translation>Beliebig</translation>
+    </message>
+    <message>
+        <source>Number format</source>
+        <translation>Nummernformat</translation>
+    </message>
+    <message>
+        <source>{NNN} number, {YYYY} {YY} year, {MM} month, {DD} day, {VAR} free text</source>
+        <translation>{NNN} Nummer, {YYYY} {YY} Jahr, {MM} Monat, {DD} Tag, {VAR} freier Text</translation>
+    </message>
+    <message>
+        <source>Invoice %1, quote %2, cancellation %3</source>
+        <translation>Rechnung %1, Angebot %2, Storno %3</translation>
+    </message>
+    <message>
+        <source>Prefix of quotes</source>
+        <translation>Präfix für Angebote</translation>
+    </message>
+    <message>
+        <source>Prefix of cancellations</source>
+        <translation>Präfix für Stornos</translation>
+    </message>
+    <message>
+        <source>First number</source>
+        <translation>Erste Nummer</translation>
+    </message>
+    <message>
+        <source>Begins anew</source>
+        <translation>Neubeginn</translation>
+    </message>
+    <message>
+        <source>Language</source>
+        <translation>Sprache</translation>
+    </message>
+    <message>
+        <source>Days to pay</source>
+        <translation>Zahlungsziel (Tage)</translation>
+    </message>
+    <message>
+        <source>VAT</source>
+        <translation>USt.</translation>
+    </message>
+    <message>
+        <source>Documents without VAT</source>
+        <translation>Belege ohne USt.</translation>
+    </message>
+    <message>
+        <source>Exemption</source>
+        <translation>Steuerbefreiung</translation>
+    </message>
+    <message>
+        <source>Hourly rate</source>
+        <translation>Stundensatz</translation>
+    </message>
+    <message>
+        <source>Daily rate</source>
+        <translation>Tagessatz</translation>
+    </message>
+    <message>
+        <source>Weekly rate</source>
+        <translation>Wochensatz</translation>
+    </message>
+    <message>
+        <source>Note at the margin</source>
+        <translation>Randnotiz</translation>
+    </message>
+    <message>
+        <source>Show documents dark in dark windows</source>
+        <translation>Belege in dunklen Fenstern dunkel zeigen</translation>
+    </message>
+    <message>
+        <source>Text</source>
+        <translation>Text</translation>
+    </message>
+    <message>
+        <source>Empty: the text that Ledra brings along</source>
+        <translation>Leer: der Text, den Ledra mitbringt</translation>
+    </message>
+    <message>
+        <source>Insert a variable…</source>
+        <translation>Variable einfügen…</translation>
+    </message>
+    <message>
+        <source>Begin with a friendly reminder, without interest and fee</source>
+        <translation>Mit einer Zahlungserinnerung beginnen, ohne Zinsen und Mahnkosten</translation>
+    </message>
+    <message>
+        <source>Interest</source>
+        <translation>Zinsen</translation>
+    </message>
+    <message>
+        <source>% per year</source>
+        <translation>% pro Jahr</translation>
+    </message>
+    <message>
+        <source>Fee</source>
+        <translation>Mahnkosten</translation>
+    </message>
+</context>
+<context>
+    <name>QPlatformTheme</name>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Schließen</translation>
+    </message>
+    <message>
+        <source>Open</source>
+        <translation>Öffnen</translation>
+    </message>
+    <message>
+        <source>Save</source>
+        <translation>Speichern</translation>
+    </message>
+    <message>
+        <source>&amp;Yes</source>
+        <translation>&amp;Ja</translation>
+    </message>
+    <message>
+        <source>&amp;No</source>
+        <translation>&amp;Nein</translation>
+    </message>
+    <message>
+        <source>Apply</source>
+        <translation>Anwenden</translation>
+    </message>
+    <message>
+        <source>Reset</source>
+        <translation>Zurücksetzen</translation>
+    </message>
+    <message>
+        <source>Discard</source>
+        <translation>Verwerfen</translation>
+    </message>
+</context>
+<context>
+    <name>RecordCommands</name>
+    <message>
+        <source>Delete</source>
+        <translation>Löschen</translation>
+    </message>
+    <message>
+        <source>Delete invoices that were sent?</source>
+        <translation>Versendete Rechnungen löschen?</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n of the selected records left the house already. Others may hold them, and numbers must have no gaps. They can be taken out of the trash again.</source>
+        <translation>
+            <numerusform>%n der ausgewählten Belege wurde bereits versendet. Andere haben ihn vielleicht schon, und Nummern dürfen keine Lücken haben. Aus dem Papierkorb können Sie ihn zurückholen.</numerusform>
+            <numerusform>%n der ausgewählten Belege wurden bereits versendet. Andere haben sie vielleicht schon, und Nummern dürfen keine Lücken haben. Aus dem Papierkorb können Sie sie zurückholen.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Status</source>
+        <translation>Status</translation>
+    </message>
+</context>
+<context>
+    <name>ReminderHeadline</name>
+    <message>
+        <source>Friendly Reminder</source>
+        <translation>Zahlungserinnerung</translation>
+    </message>
+    <message>
+        <source>Payment Reminder</source>
+        <translation>Mahnung</translation>
+    </message>
+    <message>
+        <source>Second Payment Reminder</source>
+        <translation>Zweite Mahnung</translation>
+    </message>
+    <message>
+        <source>Final Payment Reminder</source>
+        <translation>Letzte Mahnung</translation>
+    </message>
+</context>
+<context>
+    <name>ReminderVariable</name>
+    <message>
+        <source>Recipient</source>
+        <translation>Empfänger</translation>
+    </message>
+    <message>
+        <source>Invoice Number</source>
+        <translation>Rechnungsnummer</translation>
+    </message>
+    <message>
+        <source>Invoice Date</source>
+        <translation>Rechnungsdatum</translation>
+    </message>
+    <message>
+        <source>Amount Due</source>
+        <translation>Offener Betrag</translation>
+    </message>
+    <message>
+        <source>Payment Deadline</source>
+        <translation>Zahlungsfrist</translation>
+    </message>
+    <message>
+        <source>Due Date</source>
+        <translation>Fälligkeit</translation>
+    </message>
+    <message>
+        <source>Interest Amount</source>
+        <translation>Zinsbetrag</translation>
+    </message>
+    <message>
+        <source>Interest Rate</source>
+        <translation>Zinssatz</translation>
+    </message>
+    <message>
+        <source>Late Payment Fee</source>
+        <translation>Mahnkosten</translation>
+    </message>
+</context>
+<context>
+    <name>Reminders</name>
+    <message>
+        <source>It is a draft: nobody has been asked to pay it.</source>
+        <translation>Sie ist ein Entwurf: Niemand wurde bisher um Zahlung gebeten.</translation>
+    </message>
+    <message>
+        <source>It has been paid.</source>
+        <translation>Sie ist bezahlt.</translation>
+    </message>
+    <message>
+        <source>It has been cancelled.</source>
+        <translation>Sie ist storniert.</translation>
+    </message>
+    <message>
+        <source>Create Payment Reminder</source>
+        <translation>Mahnung erstellen</translation>
+    </message>
+    <message>
+        <source>This invoice is not overdue.</source>
+        <translation>Diese Rechnung ist nicht überfällig.</translation>
+    </message>
+    <message>
+        <source>Create Anyway</source>
+        <translation>Trotzdem erstellen</translation>
+    </message>
+    <message>
+        <source>Delete Reminders</source>
+        <translation>Mahnungen löschen</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n days</source>
+        <translation>
+            <numerusform>%n Tag</numerusform>
+            <numerusform>%n Tage</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>StatusLook</name>
+    <message>
+        <source>Draft</source>
+        <translation>Entwurf</translation>
+    </message>
+    <message>
+        <source>Sent</source>
+        <translation>Versendet</translation>
+    </message>
+    <message>
+        <source>Paid</source>
+        <translation>Bezahlt</translation>
+    </message>
+    <message>
+        <source>Cancelled</source>
+        <translation>Storniert</translation>
+    </message>
+    <message>
+        <source>Overdue</source>
+        <translation>Überfällig</translation>
+    </message>
+</context>
+<context>
+    <name>UndoText</name>
+    <message>
+        <source>Edit</source>
+        <translation>Bearbeiten</translation>
+    </message>
+    <message>
+        <source>New Quote</source>
+        <translation>Neues Angebot</translation>
+    </message>
+    <message>
+        <source>New Invoice</source>
+        <translation>Neue Rechnung</translation>
+    </message>
+    <message>
+        <source>Duplicate</source>
+        <translation>Duplizieren</translation>
+    </message>
+    <message>
+        <source>Make Invoice</source>
+        <translation>Rechnung erstellen</translation>
+    </message>
+    <message>
+        <source>Import</source>
+        <translation>Importieren</translation>
+    </message>
+    <message>
+        <source>Cancel Invoice</source>
+        <translation>Rechnung stornieren</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>Löschen</translation>
+    </message>
+    <message>
+        <source>Edit Reminder</source>
+        <translation>Mahnung bearbeiten</translation>
+    </message>
+    <message>
+        <source>Create Payment Reminder</source>
+        <translation>Mahnung erstellen</translation>
+    </message>
+    <message>
+        <source>Delete Reminder</source>
+        <translation>Mahnung löschen</translation>
+    </message>
+</context>
+<context>
+    <name>WindowCommands</name>
+    <message>
+        <source>&amp;File</source>
+        <translation>&amp;Datei</translation>
+    </message>
+    <message>
+        <source>Import</source>
+        <translation>Importieren</translation>
+    </message>
+    <message>
+        <source>Export</source>
+        <translation>Exportieren</translation>
+    </message>
+    <message>
+        <source>Full List</source>
+        <translation>Vollständige Liste</translation>
+    </message>
+    <message>
+        <source>Filtered List</source>
+        <translation>Gefilterte Liste</translation>
+    </message>
+    <message>
+        <source>Export Profiles…</source>
+        <translation>Profile exportieren…</translation>
+    </message>
+    <message>
+        <source>Profile</source>
+        <translation>Profil</translation>
+    </message>
+    <message>
+        <source>&amp;Edit</source>
+        <translation>&amp;Bearbeiten</translation>
+    </message>
+    <message>
+        <source>&amp;Invoice</source>
+        <translation>&amp;Rechnung</translation>
+    </message>
+    <message>
+        <source>Status</source>
+        <translation>Status</translation>
+    </message>
+    <message>
+        <source>&amp;View</source>
+        <translation>&amp;Ansicht</translation>
+    </message>
+    <message>
+        <source>&amp;Help</source>
+        <translation>&amp;Hilfe</translation>
+    </message>
+    <message>
+        <source>New Invoice</source>
+        <translation>Neue Rechnung</translation>
+    </message>
+    <message>
+        <source>New Quote</source>
+        <translation>Neues Angebot</translation>
+    </message>
+    <message>
+        <source>Duplicate</source>
+        <translation>Duplizieren</translation>
+    </message>
+    <message>
+        <source>Cancel Invoice</source>
+        <translation>Rechnung stornieren</translation>
+    </message>
+    <message>
+        <source>Create Payment Reminder</source>
+        <translation>Mahnung erstellen</translation>
+    </message>
+    <message>
+        <source>Make Invoice of Quote</source>
+        <translation>Rechnung aus Angebot erstellen</translation>
+    </message>
+    <message>
+        <source>Open in Separate Window</source>
+        <translation>In eigenem Fenster öffnen</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>Löschen</translation>
+    </message>
+    <message>
+        <source>Draft</source>
+        <translation>Entwurf</translation>
+    </message>
+    <message>
+        <source>Sent</source>
+        <translation>Versendet</translation>
+    </message>
+    <message>
+        <source>Paid</source>
+        <translation>Bezahlt</translation>
+    </message>
+    <message>
+        <source>Cancelled</source>
+        <translation>Storniert</translation>
+    </message>
+    <message>
+        <source>Import PDF…</source>
+        <translation>PDF importieren…</translation>
+    </message>
+    <message>
+        <source>Import E-Invoices…</source>
+        <translation>E-Rechnungen importieren…</translation>
+    </message>
+    <message>
+        <source>Export as PDF…</source>
+        <translation>Als PDF exportieren…</translation>
+    </message>
+    <message>
+        <source>Export as ZUGFeRD PDF…</source>
+        <translation>Als ZUGFeRD-PDF exportieren…</translation>
+    </message>
+    <message>
+        <source>Export as XRechnung…</source>
+        <translation>Als XRechnung exportieren…</translation>
+    </message>
+    <message>
+        <source>CSV…</source>
+        <translation>CSV…</translation>
+    </message>
+    <message>
+        <source>PDFs…</source>
+        <translation>PDFs…</translation>
+    </message>
+    <message>
+        <source>ZUGFeRD PDFs…</source>
+        <translation>ZUGFeRD-PDFs…</translation>
+    </message>
+    <message>
+        <source>XRechnungs…</source>
+        <translation>XRechnungen…</translation>
+    </message>
+    <message>
+        <source>All Profiles</source>
+        <translation>Alle Profile</translation>
+    </message>
+    <message>
+        <source>Print…</source>
+        <translation>Drucken…</translation>
+    </message>
+    <message>
+        <source>Send by E-Mail…</source>
+        <translation>Per E-Mail senden…</translation>
+    </message>
+    <message>
+        <source>Copy as File</source>
+        <translation>Als Datei kopieren</translation>
+    </message>
+    <message>
+        <source>Reveal in Finder</source>
+        <translation>Im Dateimanager zeigen</translation>
+    </message>
+    <message>
+        <source>Search</source>
+        <translation>Suchen</translation>
+    </message>
+    <message>
+        <source>Filter</source>
+        <translation>Filtern</translation>
+    </message>
+    <message>
+        <source>Search Commands…</source>
+        <translation>Befehle suchen…</translation>
+    </message>
+    <message>
+        <source>Editor</source>
+        <translation>Editor</translation>
+    </message>
+    <message>
+        <source>Side Bar</source>
+        <translation>Seitenleiste</translation>
+    </message>
+    <message>
+        <source>Search Bar</source>
+        <translation>Suchleiste</translation>
+    </message>
+    <message>
+        <source>Zoom In</source>
+        <translation>Vergrößern</translation>
+    </message>
+    <message>
+        <source>Zoom Out</source>
+        <translation>Verkleinern</translation>
+    </message>
+    <message>
+        <source>Actual Size</source>
+        <translation>Originalgröße</translation>
+    </message>
+    <message>
+        <source>Fit Width</source>
+        <translation>Seitenbreite</translation>
+    </message>
+    <message>
+        <source>Write a Message…</source>
+        <translation>Nachricht schreiben…</translation>
+    </message>
+    <message>
+        <source>Report Problem…</source>
+        <translation>Problem melden…</translation>
+    </message>
+    <message>
+        <source>Terms of Use</source>
+        <translation>Nutzungsbedingungen</translation>
+    </message>
+    <message>
+        <source>Privacy Policy</source>
+        <translation>Datenschutz</translation>
+    </message>
+    <message>
+        <source>Check for Updates…</source>
+        <translation>Nach Updates suchen…</translation>
+    </message>
+    <message>
+        <source>About</source>
+        <translation>Über Ledra</translation>
+    </message>
+    <message>
+        <source>Quit</source>
+        <translation>Beenden</translation>
+    </message>
+    <message>
+        <source>Invoice Styling…</source>
+        <translation>Rechnungsstil…</translation>
+    </message>
+    <message>
+        <source>Settings</source>
+        <translation>Einstellungen</translation>
+    </message>
+</context>
+<context>
+    <name>ledra::BackupsTab</name>
+    <message>
+        <source>Backups</source>
+        <translation>Sicherungen</translation>
+    </message>
+    <message>
+        <source>Made</source>
+        <translation>Erstellt</translation>
+    </message>
+    <message>
+        <source>Size</source>
+        <translation>Größe</translation>
+    </message>
+    <message>
+        <source>File</source>
+        <translation>Datei</translation>
+    </message>
+    <message>
+        <source>Frequency</source>
+        <translation>Häufigkeit</translation>
+    </message>
+    <message>
+        <source>Kept</source>
+        <translation>Aufbewahren</translation>
+    </message>
+    <message>
+        <source>Back Up Now</source>
+        <translation>Jetzt sichern</translation>
+    </message>
+    <message>
+        <source>Restore</source>
+        <translation>Wiederherstellen</translation>
+    </message>
+    <message>
+        <source>The backup could not be made; the main window says why.</source>
+        <translation>Die Sicherung ist fehlgeschlagen; den Grund nennt das Hauptfenster.</translation>
+    </message>
+    <message>
+        <source>There is a backup of today already.</source>
+        <translation>Für heute gibt es bereits eine Sicherung.</translation>
+    </message>
+</context>
+<context>
+    <name>ledra::ColorField</name>
+    <message>
+        <source>Pick “%1”</source>
+        <translation>„%1“ wählen</translation>
+    </message>
+    <message>
+        <source>Pick a colour</source>
+        <translation>Farbe wählen</translation>
+    </message>
+    <message>
+        <source>“%1” is no colour. Colours have six digits from 0 to F, such as 68977C.</source>
+        <translation>„%1“ ist keine Farbe. Farben haben sechs Stellen von 0 bis F, etwa 68977C.</translation>
+    </message>
+</context>
+<context>
+    <name>ledra::ColorsSection</name>
+    <message>
+        <source>Colors</source>
+        <translation>Farben</translation>
+    </message>
+    <message>
+        <source>Primary color</source>
+        <translation>Hauptfarbe</translation>
+    </message>
+    <message>
+        <source>Accent color</source>
+        <translation>Akzentfarbe</translation>
+    </message>
+    <message>
+        <source>The accent color is used for</source>
+        <translation>Die Akzentfarbe gilt für</translation>
+    </message>
+    <message>
+        <source>Accent color: %1</source>
+        <translation>Akzentfarbe: %1</translation>
+    </message>
+</context>
+<context>
+    <name>ledra::CommandSearch</name>
+    <message>
+        <source>Search Commands</source>
+        <translation>Befehle suchen</translation>
+    </message>
+    <message>
+        <source>What do you want to do?</source>
+        <translation>Was möchten Sie tun?</translation>
+    </message>
+    <message>
+        <source>Commands</source>
+        <translation>Befehle</translation>
+    </message>
+</context>
+<context>
+    <name>ledra::ConflictsTab</name>
+    <message>
+        <source>Conflicts</source>
+        <translation>Konflikte</translation>
+    </message>
+    <message>
+        <source>Kept</source>
+        <translation>Aufbewahrt</translation>
+    </message>
+    <message>
+        <source>What</source>
+        <translation>Art</translation>
+    </message>
+    <message>
+        <source>Record</source>
+        <translation>Beleg</translation>
+    </message>
+    <message>
+        <source>Show</source>
+        <translation>Zeigen</translation>
+    </message>
+    <message>
+        <source>Take This Version</source>
+        <translation>Diese Version übernehmen</translation>
+    </message>
+    <message>
+        <source>Drop</source>
+        <translation>Verwerfen</translation>
+    </message>
+    <message>
+        <source>Second file</source>
+        <translation>Zweite Datei</translation>
+    </message>
+    <message>
+        <source>Other version</source>
+        <translation>Andere Version</translation>
+    </message>
+    <message>
+        <source>The kept version</source>
+        <translation>Die aufbewahrte Version</translation>
+    </message>
+</context>
+<context>
+    <name>ledra::CsvDialog</name>
+    <message>
+        <source>Exported: %1</source>
+        <translation>Exportiert: %1</translation>
+    </message>
+    <message>
+        <source>Show</source>
+        <translation>Zeigen</translation>
+    </message>
+    <message>
+        <source>Protect against formulas in spreadsheets</source>
+        <translation>Vor Formeln in Tabellen schützen</translation>
+    </message>
+    <message>
+        <source>Export as CSV</source>
+        <translation>Als CSV exportieren</translation>
+    </message>
+    <message>
+        <source>Invoices</source>
+        <translation>Rechnungen</translation>
+    </message>
+    <message>
+        <source>CSV (*.csv)</source>
+        <translation>CSV (*.csv)</translation>
+    </message>
+    <message>
+        <source>Include:</source>
+        <translation>Spalten:</translation>
+    </message>
+    <message>
+        <source>Puts an apostrophe before texts that a spreadsheet would run as a formula.</source>
+        <translation>Setzt ein Hochkomma vor Texte, die eine Tabellenkalkulation als Formel ausführen würde.</translation>
+    </message>
+</context>
+<context>
+    <name>ledra::DataPage</name>
+    <message>
+        <source>Folder</source>
+        <translation>Ordner</translation>
+    </message>
+    <message>
+        <source>Backups</source>
+        <translation>Sicherungen</translation>
+    </message>
+    <message>
+        <source>Trash</source>
+        <translation>Papierkorb</translation>
+    </message>
+    <message>
+        <source>Conflicts</source>
+        <translation>Konflikte</translation>
+    </message>
+</context>
+<context>
+    <name>ledra::DatesSection</name>
+    <message>
+        <source>Dates</source>
+        <translation>Datumsangaben</translation>
+    </message>
+    <message>
+        <source>Date</source>
+        <translation>Datum</translation>
+    </message>
+    <message>
+        <source>Days to pay</source>
+        <translation>Zahlungsziel (Tage)</translation>
+    </message>
+    <message>
+        <source>Due on %1</source>
+        <translation>Fällig am %1</translation>
+    </message>
+    <message>
+        <source>Service date</source>
+        <translation>Leistungsdatum</translation>
+    </message>
+    <message>
+        <source>Service period until</source>
+        <translation>Leistungszeitraum bis</translation>
+    </message>
+    <message>
+        <source>End of the service period</source>
+        <translation>Ende des Leistungszeitraums</translation>
+    </message>
+</context>
+<context>
+    <name>ledra::DocumentActions</name>
+    <message>
+        <source>Send by E-Mail</source>
+        <translation>Per E-Mail senden</translation>
+    </message>
+    <message>
+        <source>Copy as File</source>
+        <translation>Als Datei kopieren</translation>
+    </message>
+    <message>
+        <source>Copied. Paste it into a folder or a letter.</source>
+        <translation>Kopiert. Zum Einfügen in einen Ordner oder eine E-Mail.</translation>
+    </message>
+</context>
+<context>
+    <name>ledra::DocumentPrinter</name>
+    <message numerus="yes">
+        <source>%n documents</source>
+        <translation>
+            <numerusform>%n Beleg</numerusform>
+            <numerusform>%n Belege</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Print</source>
+        <translation>Drucken</translation>
+    </message>
+    <message>
+        <source>Nothing can be printed: the command “lp” of CUPS (package cups-client) is not there.</source>
+        <translation>Drucken ist nicht möglich: Der Befehl „lp“ von CUPS (Paket cups-client) fehlt.</translation>
+    </message>
+    <message>
+        <source>Show File</source>
+        <translation>Datei zeigen</translation>
+    </message>
+    <message>
+        <source>Sent to the printer: %1</source>
+        <translation>An den Drucker gesendet: %1</translation>
+    </message>
+    <message>
+        <source>%1 was not printed: %2</source>
+        <translation>%1 wurde nicht gedruckt: %2</translation>
+    </message>
+    <message>
+        <source>Printed to: %1</source>
+        <translation>In Datei gedruckt: %1</translation>
+    </message>
+    <message>
+        <source>Show</source>
+        <translation>Zeigen</translation>
+    </message>
+</context>
+<context>
+    <name>ledra::EditorPanel</name>
+    <message>
+        <source>Invoice</source>
+        <translation>Rechnung</translation>
+    </message>
+    <message>
+        <source>Cancellation</source>
+        <translation>Stornorechnung</translation>
+    </message>
+    <message>
+        <source>Quote</source>
+        <translation>Angebot</translation>
+    </message>
+    <message>
+        <source>Close Editor</source>
+        <translation>Editor schließen</translation>
+    </message>
+    <message>
+        <source>Edit anyway</source>
+        <translation>Trotzdem bearbeiten</translation>
+    </message>
+    <message>
+        <source>This document has left the house and is read-only. Note and reference can still be changed.</source>
+        <translation>Dieser Beleg wurde versendet und ist schreibgeschützt. Anmerkung und Referenz können Sie noch ändern.</translation>
+    </message>
+    <message>
+        <source>Others may hold this document as it was. What you change here differs from theirs.</source>
+        <translation>Andere haben diesen Beleg vielleicht in alter Fassung. Was Sie hier ändern, weicht davon ab.</translation>
+    </message>
+    <message>
+        <source>Cancel and duplicate</source>
+        <translation>Stornieren und duplizieren</translation>
+    </message>
+    <message>
+        <source>Duplicate</source>
+        <translation>Duplizieren</translation>
+    </message>
+</context>
+<context>
+    <name>ledra::ExportPage</name>
+    <message>
+        <source>Automatic export</source>
+        <translation>Automatischer Export</translation>
+    </message>
+    <message>
+        <source>Invoices that are sent are written into a folder by themselves, as</source>
+        <translation>Versendete Rechnungen automatisch in einen Ordner schreiben als</translation>
+    </message>
+    <message>
+        <source>PDF</source>
+        <translation>PDF</translation>
+    </message>
+    <message>
+        <source>XRechnung (XML)</source>
+        <translation>XRechnung (XML)</translation>
+    </message>
+    <message>
+        <source>ZUGFeRD PDF</source>
+        <translation>ZUGFeRD-PDF</translation>
+    </message>
+    <message>
+        <source>Folder</source>
+        <translation>Ordner</translation>
+    </message>
+    <message>
+        <source>Choose Folder…</source>
+        <translation>Ordner wählen…</translation>
+    </message>
+    <message>
+        <source>%1 (profile “%2”)</source>
+        <translation>%1 (Profil „%2“)</translation>
+    </message>
+    <message>
+        <source>None is chosen for the profile “%1”, or it is gone.</source>
+        <translation>Für das Profil „%1“ ist keiner gewählt, oder er fehlt.</translation>
+    </message>
+    <message>
+        <source>Choose Folder</source>
+        <translation>Ordner wählen</translation>
+    </message>
+</context>
+<context>
+    <name>ledra::ExportProgress</name>
+    <message>
+        <source>Export</source>
+        <translation>Export</translation>
+    </message>
+    <message>
+        <source>%1 of %2 documents</source>
+        <translation>%1 von %2 Belegen</translation>
+    </message>
+</context>
+<context>
+    <name>ledra::FieldForm</name>
+    <message>
+        <source>“%1” is not a number</source>
+        <translation>„%1“ ist keine Zahl</translation>
+    </message>
+</context>
+<context>
+    <name>ledra::FileImporter</name>
+    <message>
+        <source>Import PDF</source>
+        <translation>PDF importieren</translation>
+    </message>
+    <message>
+        <source>PDF (*.pdf)</source>
+        <translation>PDF (*.pdf)</translation>
+    </message>
+    <message>
+        <source>Import E-Invoices</source>
+        <translation>E-Rechnungen importieren</translation>
+    </message>
+    <message>
+        <source>E-Invoices (*.xml *.pdf)</source>
+        <translation>E-Rechnungen (*.xml *.pdf)</translation>
+    </message>
+    <message>
+        <source>%1 is no file of this computer.</source>
+        <translation>%1 ist keine Datei auf diesem Computer.</translation>
+    </message>
+    <message>
+        <source>Import</source>
+        <translation>Importieren</translation>
+    </message>
+    <message>
+        <source>Import Failed</source>
+        <translation>Import fehlgeschlagen</translation>
+    </message>
+    <message>
+        <source>%1: the document states another total: %2</source>
+        <translation>%1: Das Dokument nennt eine andere Summe: %2</translation>
+    </message>
+    <message>
+        <source>Do you want to import profiles from “%1”?</source>
+        <translation>Möchten Sie Profile aus „%1“ importieren?</translation>
+    </message>
+    <message>
+        <source>They are added beside the profiles that you have.</source>
+        <translation>Sie werden neben Ihren vorhandenen Profilen hinzugefügt.</translation>
+    </message>
+    <message>
+        <source>Import Completed with Issues</source>
+        <translation>Import mit Problemen abgeschlossen</translation>
+    </message>
+    <message>
+        <source>Do you want to use the style of “%1”?</source>
+        <translation>Möchten Sie den Stil von „%1“ verwenden?</translation>
+    </message>
+    <message>
+        <source>It replaces fonts, colours, page layout, logo and style sheet of the profile “%1”, for documents of the past as well. An earlier logo and style sheet go to the trash.</source>
+        <translation>Er ersetzt Schriften, Farben, Seitenlayout, Logo und Stylesheet des Profils „%1“, auch für frühere Belege. Bisheriges Logo und Stylesheet kommen in den Papierkorb.</translation>
+    </message>
+</context>
+<context>
+    <name>ledra::FilterBar</name>
+    <message>
+        <source>This month</source>
+        <translation>Dieser Monat</translation>
+    </message>
+    <message>
+        <source>Last month</source>
+        <translation>Letzter Monat</translation>
+    </message>
+    <message>
+        <source>This quarter</source>
+        <translation>Dieses Quartal</translation>
+    </message>
+    <message>
+        <source>Last quarter</source>
+        <translation>Letztes Quartal</translation>
+    </message>
+    <message>
+        <source>This year</source>
+        <translation>Dieses Jahr</translation>
+    </message>
+    <message>
+        <source>Last year</source>
+        <translation>Letztes Jahr</translation>
+    </message>
+    <message>
+        <source>Type</source>
+        <translation>Art</translation>
+    </message>
+    <message>
+        <source>Status</source>
+        <translation>Status</translation>
+    </message>
+    <message>
+        <source>Period</source>
+        <translation>Zeitraum</translation>
+    </message>
+    <message>
+        <source>From</source>
+        <translation>Von</translation>
+    </message>
+    <message>
+        <source>To</source>
+        <translation>Bis</translation>
+    </message>
+    <message>
+        <source>Currency</source>
+        <translation>Währung</translation>
+    </message>
+    <message>
+        <source>Clear Filter</source>
+        <translation>Filter löschen</translation>
+    </message>
+    <message>
+        <source>All types</source>
+        <translation>Alle Arten</translation>
+    </message>
+    <message>
+        <source>Invoices</source>
+        <translation>Rechnungen</translation>
+    </message>
+    <message>
+        <source>Cancellations</source>
+        <translation>Stornorechnungen</translation>
+    </message>
+    <message>
+        <source>Quotes</source>
+        <translation>Angebote</translation>
+    </message>
+    <message>
+        <source>Any status</source>
+        <translation>Jeder Status</translation>
+    </message>
+    <message>
+        <source>Any time</source>
+        <translation>Jeder Zeitraum</translation>
+    </message>
+    <message>
+        <source>From … to …</source>
+        <translation>Von … bis …</translation>
+    </message>
+    <message>
+        <source>All currencies</source>
+        <translation>Alle Währungen</translation>
+    </message>
+</context>
+<context>
+    <name>ledra::FolderTab</name>
+    <message>
+        <source>Use the Usual Folder</source>
+        <translation>Standardordner verwenden</translation>
+    </message>
+    <message>
+        <source>All profiles with their invoices lie in</source>
+        <translation>Alle Profile mit ihren Rechnungen liegen in</translation>
+    </message>
+    <message>
+        <source>Data folder</source>
+        <translation>Datenordner</translation>
+    </message>
+    <message>
+        <source>Move…</source>
+        <translation>Verschieben…</translation>
+    </message>
+    <message>
+        <source>A folder that other computers share will do: changes of others are seen, and what two have changed at once is kept twice.</source>
+        <translation>Auch ein mit anderen Computern geteilter Ordner ist möglich: Änderungen anderer werden erkannt, und was zwei zugleich geändert haben, wird doppelt aufbewahrt.</translation>
+    </message>
+    <message>
+        <source>%1 stays where it is, since the other folder holds one of that name</source>
+        <translation>%1 bleibt am alten Ort, da der andere Ordner diesen Namen schon enthält</translation>
+    </message>
+    <message>
+        <source>Move the Data</source>
+        <translation>Daten verschieben</translation>
+    </message>
+</context>
+<context>
+    <name>ledra::FontList</name>
+    <message>
+        <source>Select Font</source>
+        <translation>Schrift auswählen</translation>
+    </message>
+    <message>
+        <source>Search fonts</source>
+        <translation>Schriften suchen</translation>
+    </message>
+    <message>
+        <source>Fonts</source>
+        <translation>Schriften</translation>
+    </message>
+    <message>
+        <source>Featured</source>
+        <translation>Empfohlen</translation>
+    </message>
+    <message>
+        <source>On this Mac</source>
+        <translation>Auf diesem Computer</translation>
+    </message>
+</context>
+<context>
+    <name>ledra::FontPicker</name>
+    <message>
+        <source>Select Font</source>
+        <translation>Schrift auswählen</translation>
+    </message>
+</context>
+<context>
+    <name>ledra::FontsSection</name>
+    <message>
+        <source>Fonts</source>
+        <translation>Schriften</translation>
+    </message>
+    <message>
+        <source>Headline</source>
+        <translation>Überschrift</translation>
+    </message>
+    <message>
+        <source>Text</source>
+        <translation>Text</translation>
+    </message>
+    <message>
+        <source>Secondary text</source>
+        <translation>Nebentext</translation>
+    </message>
+    <message>
+        <source>Label text</source>
+        <translation>Beschriftung</translation>
+    </message>
+    <message>
+        <source>Labels in small capitals</source>
+        <translation>Beschriftungen in Kapitälchen</translation>
+    </message>
+    <message>
+        <source>Face: %1</source>
+        <translation>Schnitt: %1</translation>
+    </message>
+</context>
+<context>
+    <name>ledra::GeneralPage</name>
+    <message>
+        <source>Appearance</source>
+        <translation>Darstellung</translation>
+    </message>
+    <message>
+        <source>Windows</source>
+        <translation>Fenster</translation>
+    </message>
+    <message>
+        <source>Show documents dark in dark windows</source>
+        <translation>Belege in dunklen Fenstern dunkel zeigen</translation>
+    </message>
+    <message>
+        <source>Show a count on the icon in the dock</source>
+        <translation>Anzahl auf dem Symbol im Dock zeigen</translation>
+    </message>
+    <message>
+        <source>Documents</source>
+        <translation>Belege</translation>
+    </message>
+    <message>
+        <source>Usual export</source>
+        <translation>Standardexport</translation>
+    </message>
+    <message>
+        <source>Reminder deadline</source>
+        <translation>Mahnfrist</translation>
+    </message>
+    <message>
+        <source> days</source>
+        <translation> Tage</translation>
+    </message>
+    <message>
+        <source>Privacy</source>
+        <translation>Datenschutz</translation>
+    </message>
+    <message>
+        <source>Keep signs of usage in a file of your own</source>
+        <translation>Nutzungsdaten in einer eigenen Datei speichern</translation>
+    </message>
+    <message>
+        <source>They say which functions are used and never leave this computer.</source>
+        <translation>Sie sagen, welche Funktionen verwendet werden, und verlassen diesen Computer nie.</translation>
+    </message>
+    <message>
+        <source>Show What Is Kept</source>
+        <translation>Gespeichertes zeigen</translation>
+    </message>
+    <message>
+        <source>What is kept</source>
+        <translation>Gespeichertes</translation>
+    </message>
+    <message>
+        <source>Nothing is kept.</source>
+        <translation>Nichts gespeichert.</translation>
+    </message>
+</context>
+<context>
+    <name>ledra::InvoiceListView</name>
+    <message>
+        <source>Invoices</source>
+        <translation>Rechnungen</translation>
+    </message>
+</context>
+<context>
+    <name>ledra::InvoiceRemindersBar</name>
+    <message>
+        <source>Create Reminder</source>
+        <translation>Mahnung erstellen</translation>
+    </message>
+    <message>
+        <source>Reminders of this invoice</source>
+        <translation>Mahnungen zu dieser Rechnung</translation>
+    </message>
+    <message>
+        <source>Overdue since %1 (%2)</source>
+        <translation>Überfällig seit dem %1 (%2)</translation>
+    </message>
+</context>
+<context>
+    <name>ledra::InvoiceTableModel</name>
+    <message>
+        <source>Number</source>
+        <translation>Nummer</translation>
+    </message>
+    <message>
+        <source>Recipient</source>
+        <translation>Empfänger</translation>
+    </message>
+    <message>
+        <source>Date</source>
+        <translation>Datum</translation>
+    </message>
+    <message>
+        <source>Due</source>
+        <translation>Fällig</translation>
+    </message>
+    <message>
+        <source>Total</source>
+        <translation>Gesamt</translation>
+    </message>
+    <message>
+        <source>Status</source>
+        <translation>Status</translation>
+    </message>
+</context>
+<context>
+    <name>ledra::ItemDelegate</name>
+    <message>
+        <source>“%1” is not a number</source>
+        <translation>„%1“ ist keine Zahl</translation>
+    </message>
+</context>
+<context>
+    <name>ledra::ItemsModel</name>
+    <message>
+        <source>Description</source>
+        <translation>Beschreibung</translation>
+    </message>
+    <message>
+        <source>Qty</source>
+        <translation>Menge</translation>
+    </message>
+    <message>
+        <source>Unit</source>
+        <translation>Einheit</translation>
+    </message>
+    <message>
+        <source>Price</source>
+        <translation>Einzelpreis</translation>
+    </message>
+    <message>
+        <source>VAT</source>
+        <translation>USt.</translation>
+    </message>
+    <message>
+        <source>Total</source>
+        <translation>Gesamt</translation>
+    </message>
+    <message>
+        <source>Add item …</source>
+        <translation>Position hinzufügen …</translation>
+    </message>
+    <message>
+        <source>Drag to reorder</source>
+        <translation>Zum Umordnen ziehen</translation>
+    </message>
+    <message>
+        <source>Gross price</source>
+        <translation>Bruttopreis</translation>
+    </message>
+    <message>
+        <source>The items cannot be pasted: %1</source>
+        <translation>Die Positionen können nicht eingefügt werden: %1</translation>
+    </message>
+</context>
+<context>
+    <name>ledra::ItemsSection</name>
+    <message>
+        <source>Subtotal</source>
+        <translation>Zwischensumme</translation>
+    </message>
+    <message>
+        <source>Discount</source>
+        <translation>Rabatt</translation>
+    </message>
+    <message>
+        <source>VAT %1</source>
+        <translation>USt. %1</translation>
+    </message>
+    <message>
+        <source>Total</source>
+        <translation>Gesamtbetrag</translation>
+    </message>
+    <message>
+        <source>Items</source>
+        <translation>Positionen</translation>
+    </message>
+    <message>
+        <source>Totals</source>
+        <translation>Summen</translation>
+    </message>
+    <message>
+        <source>Prices include VAT</source>
+        <translation>Preise inkl. USt.</translation>
+    </message>
+    <message>
+        <source>Add Item</source>
+        <translation>Position hinzufügen</translation>
+    </message>
+    <message>
+        <source>None</source>
+        <translation>Keiner</translation>
+    </message>
+    <message>
+        <source>Percent</source>
+        <translation>Prozent</translation>
+    </message>
+    <message>
+        <source>Amount</source>
+        <translation>Betrag</translation>
+    </message>
+    <message>
+        <source>Kind of discount</source>
+        <translation>Art des Rabatts</translation>
+    </message>
+</context>
+<context>
+    <name>ledra::ItemsView</name>
+    <message>
+        <source>Items</source>
+        <translation>Positionen</translation>
+    </message>
+    <message>
+        <source>Copy Items</source>
+        <translation>Positionen kopieren</translation>
+    </message>
+    <message>
+        <source>Paste Items</source>
+        <translation>Positionen einfügen</translation>
+    </message>
+    <message>
+        <source>Move Up</source>
+        <translation>Nach oben</translation>
+    </message>
+    <message>
+        <source>Move Down</source>
+        <translation>Nach unten</translation>
+    </message>
+    <message>
+        <source>Delete Items</source>
+        <translation>Positionen löschen</translation>
+    </message>
+</context>
+<context>
+    <name>ledra::ListPanel</name>
+    <message>
+        <source>Search number, name, e-mail, item …</source>
+        <translation>Suche: Nummer, Name, E-Mail, Position …</translation>
+    </message>
+    <message>
+        <source>Search</source>
+        <translation>Suchen</translation>
+    </message>
+    <message>
+        <source>Filter</source>
+        <translation>Filtern</translation>
+    </message>
+    <message>
+        <source>No invoices yet</source>
+        <translation>Noch keine Rechnungen</translation>
+    </message>
+    <message>
+        <source>Write your first one, or drop an e-invoice or an exported PDF here.</source>
+        <translation>Schreiben Sie Ihre erste, oder ziehen Sie eine E-Rechnung oder ein exportiertes PDF hierher.</translation>
+    </message>
+    <message>
+        <source>New Invoice</source>
+        <translation>Neue Rechnung</translation>
+    </message>
+    <message>
+        <source>Nothing found</source>
+        <translation>Nichts gefunden</translation>
+    </message>
+    <message>
+        <source>No record in this list fits the search.</source>
+        <translation>Kein Beleg in dieser Liste passt zur Suche.</translation>
+    </message>
+    <message>
+        <source>Clear Search and Filter</source>
+        <translation>Suche und Filter löschen</translation>
+    </message>
+    <message>
+        <source>This list is empty</source>
+        <translation>Diese Liste ist leer</translation>
+    </message>
+</context>
+<context>
+    <name>ledra::LogoSection</name>
+    <message>
+        <source>Logo</source>
+        <translation>Logo</translation>
+    </message>
+    <message>
+        <source>Choose Logo…</source>
+        <translation>Logo wählen…</translation>
+    </message>
+    <message>
+        <source>Remove Logo</source>
+        <translation>Logo entfernen</translation>
+    </message>
+    <message>
+        <source>In the color of the document</source>
+        <translation>In der Farbe des Belegs</translation>
+    </message>
+    <message>
+        <source>Only drawings (SVG) can take another color</source>
+        <translation>Nur Zeichnungen (SVG) können eine andere Farbe annehmen</translation>
+    </message>
+    <message>
+        <source>Choose Logo</source>
+        <translation>Logo wählen</translation>
+    </message>
+    <message>
+        <source>Images (*.svg *.png *.jpg *.jpeg *.webp)</source>
+        <translation>Bilder (*.svg *.png *.jpg *.jpeg *.webp)</translation>
+    </message>
+    <message>
+        <source>Height</source>
+        <translation>Höhe</translation>
+    </message>
+    <message>
+        <source>Height of the logo</source>
+        <translation>Höhe des Logos</translation>
+    </message>
+    <message>
+        <source>%1 cm</source>
+        <translation>%1 cm</translation>
+    </message>
+</context>
+<context>
+    <name>ledra::LogoWell</name>
+    <message>
+        <source>Logo</source>
+        <translation>Logo</translation>
+    </message>
+    <message>
+        <source>Drop an image here, or press Enter to choose one</source>
+        <translation>Bild hierher ziehen oder mit der Eingabetaste wählen</translation>
+    </message>
+    <message>
+        <source>The logo cannot be shown here</source>
+        <translation>Das Logo kann hier nicht gezeigt werden</translation>
+    </message>
+    <message>
+        <source>Drop a logo here, or click to choose one
+SVG, PNG, JPEG, WebP</source>
+        <translation>Logo hierher ziehen oder zum Wählen klicken
+SVG, PNG, JPEG, WebP</translation>
+    </message>
+</context>
+<context>
+    <name>ledra::MailSender</name>
+    <message>
+        <source>No mail program can be opened: neither the desktop&apos;s mail portal nor xdg-email (package xdg-utils) is there.</source>
+        <translation>Es kann kein E-Mail-Programm geöffnet werden: Weder das Mail-Portal des Desktops noch xdg-email (Paket xdg-utils) ist vorhanden.</translation>
+    </message>
+    <message>
+        <source>The mail program could not be opened.</source>
+        <translation>Das E-Mail-Programm konnte nicht geöffnet werden.</translation>
+    </message>
+    <message>
+        <source>Show File</source>
+        <translation>Datei zeigen</translation>
+    </message>
+</context>
+<context>
+    <name>ledra::MainWindow</name>
+    <message>
+        <source>The preview had stopped and was started again. Nothing is lost.</source>
+        <translation>Die Vorschau war ausgefallen und wurde neu gestartet. Nichts ist verloren.</translation>
+    </message>
+    <message>
+        <source>Tools</source>
+        <translation>Werkzeuge</translation>
+    </message>
+    <message>
+        <source>Undo</source>
+        <translation>Rückgängig:</translation>
+    </message>
+    <message>
+        <source>Redo</source>
+        <translation>Wiederholen:</translation>
+    </message>
+    <message>
+        <source>No invoice selected</source>
+        <translation>Keine Rechnung ausgewählt</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n invoices selected</source>
+        <translation>
+            <numerusform>%n Rechnung ausgewählt</numerusform>
+            <numerusform>%n Rechnungen ausgewählt</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Schließen</translation>
+    </message>
+    <message>
+        <source>Some changes could not be saved.</source>
+        <translation>Einige Änderungen konnten nicht gespeichert werden.</translation>
+    </message>
+    <message>
+        <source>%1
+
+They are lost when the window is closed now.</source>
+        <translation>%1
+
+Sie gehen verloren, wenn das Fenster jetzt geschlossen wird.</translation>
+    </message>
+    <message>
+        <source>Close Anyway</source>
+        <translation>Trotzdem schließen</translation>
+    </message>
+</context>
+<context>
+    <name>ledra::MessageBar</name>
+    <message>
+        <source>Automatic export: %1</source>
+        <translation>Automatischer Export: %1</translation>
+    </message>
+    <message>
+        <source>%1 cannot be written to</source>
+        <translation>In %1 kann nicht geschrieben werden</translation>
+    </message>
+    <message>
+        <source>Close Message</source>
+        <translation>Meldung schließen</translation>
+    </message>
+</context>
+<context>
+    <name>ledra::NoteSection</name>
+    <message>
+        <source>Note</source>
+        <translation>Anmerkung</translation>
+    </message>
+    <message>
+        <source>A few words below the items</source>
+        <translation>Einige Worte unter den Positionen</translation>
+    </message>
+    <message>
+        <source>Bold</source>
+        <translation>Fett</translation>
+    </message>
+    <message>
+        <source>Italic</source>
+        <translation>Kursiv</translation>
+    </message>
+    <message>
+        <source>Reference</source>
+        <translation>Referenz</translation>
+    </message>
+</context>
+<context>
+    <name>ledra::NumberField</name>
+    <message>
+        <source>“%1” is not a number</source>
+        <translation>„%1“ ist keine Zahl</translation>
+    </message>
+</context>
+<context>
+    <name>ledra::NumberSection</name>
+    <message>
+        <source>Number</source>
+        <translation>Nummer</translation>
+    </message>
+    <message>
+        <source>{NNN} number, {YYYY} {YY} year, {MM} month, {DD} day, {VAR} free text</source>
+        <translation>{NNN} Nummer, {YYYY} {YY} Jahr, {MM} Monat, {DD} Tag, {VAR} freier Text</translation>
+    </message>
+    <message>
+        <source>Format</source>
+        <translation>Format</translation>
+    </message>
+    <message>
+        <source>Free text</source>
+        <translation>Freier Text</translation>
+    </message>
+    <message>
+        <source>Printed as %1</source>
+        <translation>Gedruckt als %1</translation>
+    </message>
+</context>
+<context>
+    <name>ledra::PackageUpdater</name>
+    <message>
+        <source>PackageKit is not available here. Look for updates where you got Ledra from.</source>
+        <translation>PackageKit ist hier nicht verfügbar. Suchen Sie Updates dort, woher Sie Ledra haben.</translation>
+    </message>
+    <message>
+        <source>The package manager could not look for updates.</source>
+        <translation>Die Paketverwaltung konnte nicht nach Updates suchen.</translation>
+    </message>
+    <message>
+        <source>Ledra is up to date.</source>
+        <translation>Ledra ist auf dem neuesten Stand.</translation>
+    </message>
+    <message>
+        <source>Ledra %1 is available from your package manager.</source>
+        <translation>Ledra %1 ist über Ihre Paketverwaltung verfügbar.</translation>
+    </message>
+</context>
+<context>
+    <name>ledra::PageSection</name>
+    <message>
+        <source>Page</source>
+        <translation>Seite</translation>
+    </message>
+    <message>
+        <source>Paper</source>
+        <translation>Papier</translation>
+    </message>
+    <message>
+        <source>Background</source>
+        <translation>Hintergrund</translation>
+    </message>
+    <message>
+        <source>Page headline</source>
+        <translation>Seitenüberschrift</translation>
+    </message>
+    <message>
+        <source>Sender above the recipient</source>
+        <translation>Absender über dem Empfänger</translation>
+    </message>
+    <message>
+        <source>Column at the margin</source>
+        <translation>Randspalte</translation>
+    </message>
+    <message>
+        <source>Sender details stand in it; without it they stand in the footer</source>
+        <translation>Enthält die Absenderangaben; ohne sie stehen diese in der Fußzeile</translation>
+    </message>
+</context>
+<context>
+    <name>ledra::PreviewPanel</name>
+    <message>
+        <source>Page</source>
+        <translation>Seite</translation>
+    </message>
+    <message>
+        <source>Zoom Out</source>
+        <translation>Verkleinern</translation>
+    </message>
+    <message>
+        <source>Zoom In</source>
+        <translation>Vergrößern</translation>
+    </message>
+    <message>
+        <source>Fit Width</source>
+        <translation>Seitenbreite</translation>
+    </message>
+    <message>
+        <source>%1 %</source>
+        <translation>%1 %</translation>
+    </message>
+    <message>
+        <source>Page %1 of %2</source>
+        <translation>Seite %1 von %2</translation>
+    </message>
+</context>
+<context>
+    <name>ledra::ProfilesPage</name>
+    <message>
+        <source>Use</source>
+        <translation>Verwenden</translation>
+    </message>
+    <message>
+        <source>Delete…</source>
+        <translation>Löschen…</translation>
+    </message>
+    <message>
+        <source>Profiles</source>
+        <translation>Profile</translation>
+    </message>
+    <message>
+        <source>New Profile</source>
+        <translation>Neues Profil</translation>
+    </message>
+    <message>
+        <source>Rename</source>
+        <translation>Umbenennen</translation>
+    </message>
+    <message>
+        <source>Show the invoices of this profile</source>
+        <translation>Rechnungen dieses Profils zeigen</translation>
+    </message>
+    <message>
+        <source>%1 (in use)</source>
+        <translation>%1 (in Verwendung)</translation>
+    </message>
+    <message>
+        <source>Delete Profile</source>
+        <translation>Profil löschen</translation>
+    </message>
+    <message>
+        <source>Delete the profile “%1”?</source>
+        <translation>Profil „%1“ löschen?</translation>
+    </message>
+    <message>
+        <source>All its invoices and reminders go to the trash with it. From there the whole folder can be brought back.</source>
+        <translation>Alle seine Rechnungen und Mahnungen kommen mit in den Papierkorb. Von dort können Sie den ganzen Ordner zurückholen.</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>Löschen</translation>
+    </message>
+</context>
+<context>
+    <name>ledra::RecipientSection</name>
+    <message>
+        <source>Recipient</source>
+        <translation>Empfänger</translation>
+    </message>
+    <message>
+        <source>Business</source>
+        <translation>Firma</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>Name</translation>
+    </message>
+    <message>
+        <source>Address</source>
+        <translation>Adresse</translation>
+    </message>
+    <message>
+        <source>Address 2</source>
+        <translation>Adresse 2</translation>
+    </message>
+    <message>
+        <source>Postcode</source>
+        <translation>PLZ</translation>
+    </message>
+    <message>
+        <source>City</source>
+        <translation>Ort</translation>
+    </message>
+    <message>
+        <source>State</source>
+        <translation>Bundesland</translation>
+    </message>
+    <message>
+        <source>Country</source>
+        <translation>Land</translation>
+    </message>
+    <message>
+        <source>E-mail</source>
+        <translation>E-Mail</translation>
+    </message>
+    <message>
+        <source>The dropped contact holds neither a name nor an address.</source>
+        <translation>Der abgelegte Kontakt enthält weder Namen noch Adresse.</translation>
+    </message>
+    <message>
+        <source>Area</source>
+        <translation>Gebiet</translation>
+    </message>
+    <message>
+        <source>Atoll</source>
+        <translation>Atoll</translation>
+    </message>
+    <message>
+        <source>Canton</source>
+        <translation>Kanton</translation>
+    </message>
+    <message>
+        <source>County</source>
+        <translation>Grafschaft</translation>
+    </message>
+    <message>
+        <source>Department</source>
+        <translation>Departement</translation>
+    </message>
+    <message>
+        <source>District</source>
+        <translation>Bezirk</translation>
+    </message>
+    <message>
+        <source>Division</source>
+        <translation>Division</translation>
+    </message>
+    <message>
+        <source>Emirate</source>
+        <translation>Emirat</translation>
+    </message>
+    <message>
+        <source>Entity</source>
+        <translation>Entität</translation>
+    </message>
+    <message>
+        <source>Governorate</source>
+        <translation>Gouvernement</translation>
+    </message>
+    <message>
+        <source>Island</source>
+        <translation>Insel</translation>
+    </message>
+    <message>
+        <source>Locality</source>
+        <translation>Ortschaft</translation>
+    </message>
+    <message>
+        <source>Municipality</source>
+        <translation>Gemeinde</translation>
+    </message>
+    <message>
+        <source>Oblast</source>
+        <translation>Oblast</translation>
+    </message>
+    <message>
+        <source>Parish</source>
+        <translation>Gemeinde</translation>
+    </message>
+    <message>
+        <source>Prefecture</source>
+        <translation>Präfektur</translation>
+    </message>
+    <message>
+        <source>Province</source>
+        <translation>Provinz</translation>
+    </message>
+    <message>
+        <source>Quarter</source>
+        <translation>Quartier</translation>
+    </message>
+    <message>
+        <source>Region</source>
+        <translation>Region</translation>
+    </message>
+    <message>
+        <source>Village</source>
+        <translation>Dorf</translation>
+    </message>
+    <message>
+        <source>Voivodeship</source>
+        <translation>Woiwodschaft</translation>
+    </message>
+</context>
+<context>
+    <name>ledra::RecordWindow</name>
+    <message>
+        <source>Tools</source>
+        <translation>Werkzeuge</translation>
+    </message>
+    <message>
+        <source>Undo</source>
+        <translation>Rückgängig:</translation>
+    </message>
+    <message>
+        <source>Redo</source>
+        <translation>Wiederholen:</translation>
+    </message>
+    <message>
+        <source>Editor</source>
+        <translation>Editor</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Schließen</translation>
+    </message>
+</context>
+<context>
+    <name>ledra::ReminderDesk</name>
+    <message>
+        <source>No reminder selected</source>
+        <translation>Keine Mahnung ausgewählt</translation>
+    </message>
+    <message>
+        <source>The invoice has been deleted.</source>
+        <translation>Die Rechnung wurde gelöscht.</translation>
+    </message>
+    <message>
+        <source>Without it there is no letter.</source>
+        <translation>Ohne sie gibt es kein Schreiben.</translation>
+    </message>
+</context>
+<context>
+    <name>ledra::ReminderEditor</name>
+    <message>
+        <source>Interest rate</source>
+        <translation>Zinssatz</translation>
+    </message>
+    <message>
+        <source>Late payment fee</source>
+        <translation>Mahnkosten</translation>
+    </message>
+    <message>
+        <source>Reset Text</source>
+        <translation>Text zurücksetzen</translation>
+    </message>
+    <message>
+        <source>pay by %1</source>
+        <translation>zahlbar bis %1</translation>
+    </message>
+    <message>
+        <source>The invoice has been deleted.</source>
+        <translation>Die Rechnung wurde gelöscht.</translation>
+    </message>
+    <message>
+        <source>Invoice %1, %2, due on %3</source>
+        <translation>Rechnung %1, %2, fällig am %3</translation>
+    </message>
+    <message>
+        <source>%1 for %2</source>
+        <translation>%1 für %2</translation>
+    </message>
+    <message>
+        <source>altogether %1</source>
+        <translation>insgesamt %1</translation>
+    </message>
+    <message>
+        <source>Stage</source>
+        <translation>Mahnstufe</translation>
+    </message>
+    <message>
+        <source>Date</source>
+        <translation>Datum</translation>
+    </message>
+    <message>
+        <source>Text</source>
+        <translation>Text</translation>
+    </message>
+    <message>
+        <source>Write the usual letter of this stage again</source>
+        <translation>Den üblichen Text dieser Mahnstufe neu schreiben</translation>
+    </message>
+    <message>
+        <source>&amp;Text</source>
+        <translation>&amp;Text</translation>
+    </message>
+    <message>
+        <source>Insert:</source>
+        <translation>Einfügen:</translation>
+    </message>
+    <message>
+        <source>Insert %1</source>
+        <translation>%1 einfügen</translation>
+    </message>
+</context>
+<context>
+    <name>ledra::ReminderExport</name>
+    <message>
+        <source>Saved as %1</source>
+        <translation>Gespeichert als %1</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n reminders saved</source>
+        <translation>
+            <numerusform>%n Mahnung gespeichert</numerusform>
+            <numerusform>%n Mahnungen gespeichert</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Export as PDF</source>
+        <translation>Als PDF exportieren</translation>
+    </message>
+    <message>
+        <source>PDF files (*.pdf)</source>
+        <translation>PDF-Dateien (*.pdf)</translation>
+    </message>
+    <message>
+        <source>Letters whose invoice has been deleted were left out.</source>
+        <translation>Schreiben zu gelöschten Rechnungen wurden ausgelassen.</translation>
+    </message>
+</context>
+<context>
+    <name>ledra::ReminderListView</name>
+    <message>
+        <source>Reminders</source>
+        <translation>Mahnungen</translation>
+    </message>
+</context>
+<context>
+    <name>ledra::ReminderPanel</name>
+    <message>
+        <source>No reminders yet</source>
+        <translation>Noch keine Mahnungen</translation>
+    </message>
+    <message>
+        <source>Choose a sent invoice that is overdue, then “Create Payment Reminder”. The letter is written for you, and you can change every word of it.</source>
+        <translation>Wählen Sie eine versendete, überfällige Rechnung und dann „Mahnung erstellen“. Das Schreiben wird für Sie verfasst, und Sie können jedes Wort ändern.</translation>
+    </message>
+    <message>
+        <source>Edit</source>
+        <translation>Bearbeiten</translation>
+    </message>
+    <message>
+        <source>Show Invoice</source>
+        <translation>Rechnung zeigen</translation>
+    </message>
+    <message>
+        <source>Export as PDF…</source>
+        <translation>Als PDF exportieren…</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>Löschen</translation>
+    </message>
+</context>
+<context>
+    <name>ledra::ReminderTableModel</name>
+    <message>
+        <source>Reminder</source>
+        <translation>Mahnung</translation>
+    </message>
+    <message>
+        <source>Recipient</source>
+        <translation>Empfänger</translation>
+    </message>
+    <message>
+        <source>Pay by</source>
+        <translation>Zahlbar bis</translation>
+    </message>
+    <message>
+        <source>Stage of the reminder</source>
+        <translation>Mahnstufe</translation>
+    </message>
+    <message>
+        <source>Number of the invoice</source>
+        <translation>Rechnungsnummer</translation>
+    </message>
+    <message>
+        <source>Date of the reminder</source>
+        <translation>Datum der Mahnung</translation>
+    </message>
+    <message>
+        <source>Payment deadline</source>
+        <translation>Zahlungsfrist</translation>
+    </message>
+    <message>
+        <source>Total of the invoice with interest and fee</source>
+        <translation>Rechnungsbetrag mit Zinsen und Mahnkosten</translation>
+    </message>
+    <message>
+        <source>Deleted</source>
+        <translation>Gelöscht</translation>
+    </message>
+    <message>
+        <source>The payment deadline has passed.</source>
+        <translation>Die Zahlungsfrist ist abgelaufen.</translation>
+    </message>
+    <message>
+        <source>Invoice</source>
+        <translation>Rechnung</translation>
+    </message>
+    <message>
+        <source>Date</source>
+        <translation>Datum</translation>
+    </message>
+    <message>
+        <source>To pay</source>
+        <translation>Zu zahlen</translation>
+    </message>
+</context>
+<context>
+    <name>ledra::SenderSection</name>
+    <message>
+        <source>Sender</source>
+        <translation>Absender</translation>
+    </message>
+    <message>
+        <source>Business</source>
+        <translation>Firma</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>Name</translation>
+    </message>
+    <message>
+        <source>Address</source>
+        <translation>Adresse</translation>
+    </message>
+    <message>
+        <source>Address 2</source>
+        <translation>Adresse 2</translation>
+    </message>
+    <message>
+        <source>Postcode</source>
+        <translation>PLZ</translation>
+    </message>
+    <message>
+        <source>City</source>
+        <translation>Ort</translation>
+    </message>
+    <message>
+        <source>State</source>
+        <translation>Bundesland</translation>
+    </message>
+    <message>
+        <source>E-mail</source>
+        <translation>E-Mail</translation>
+    </message>
+    <message>
+        <source>Phone</source>
+        <translation>Telefon</translation>
+    </message>
+    <message>
+        <source>Website</source>
+        <translation>Website</translation>
+    </message>
+    <message>
+        <source>Additional</source>
+        <translation>Zusatz</translation>
+    </message>
+    <message>
+        <source>IBAN</source>
+        <translation>IBAN</translation>
+    </message>
+    <message>
+        <source>BIC</source>
+        <translation>BIC</translation>
+    </message>
+    <message>
+        <source>Tax number</source>
+        <translation>Steuernummer</translation>
+    </message>
+    <message>
+        <source>VAT ID</source>
+        <translation>USt-IdNr.</translation>
+    </message>
+    <message>
+        <source>Further numbers</source>
+        <translation>Weitere Nummern</translation>
+    </message>
+    <message>
+        <source>Country</source>
+        <translation>Land</translation>
+    </message>
+    <message>
+        <source>Take From Profile</source>
+        <translation>Aus Profil übernehmen</translation>
+    </message>
+</context>
+<context>
+    <name>ledra::SettingsWindow</name>
+    <message>
+        <source>Settings</source>
+        <translation>Einstellungen</translation>
+    </message>
+    <message>
+        <source>Pages</source>
+        <translation>Seiten</translation>
+    </message>
+</context>
+<context>
+    <name>ledra::SideBar</name>
+    <message>
+        <source>All</source>
+        <translation>Alle</translation>
+    </message>
+    <message>
+        <source>Drafts</source>
+        <translation>Entwürfe</translation>
+    </message>
+    <message>
+        <source>Sent</source>
+        <translation>Versendet</translation>
+    </message>
+    <message>
+        <source>Overdue</source>
+        <translation>Überfällig</translation>
+    </message>
+    <message>
+        <source>Paid</source>
+        <translation>Bezahlt</translation>
+    </message>
+    <message>
+        <source>Cancelled</source>
+        <translation>Storniert</translation>
+    </message>
+    <message>
+        <source>Quotes</source>
+        <translation>Angebote</translation>
+    </message>
+    <message>
+        <source>Profile</source>
+        <translation>Profil</translation>
+    </message>
+    <message>
+        <source>Lists</source>
+        <translation>Listen</translation>
+    </message>
+    <message>
+        <source>Reminders</source>
+        <translation>Mahnungen</translation>
+    </message>
+</context>
+<context>
+    <name>ledra::StyleSheetSection</name>
+    <message>
+        <source>Style sheet</source>
+        <translation>Stylesheet</translation>
+    </message>
+    <message>
+        <source>Remove Style Sheet</source>
+        <translation>Stylesheet entfernen</translation>
+    </message>
+    <message>
+        <source>Import Style Sheet…</source>
+        <translation>Stylesheet importieren…</translation>
+    </message>
+    <message>
+        <source>Import Style Sheet</source>
+        <translation>Stylesheet importieren</translation>
+    </message>
+    <message>
+        <source>Style sheets (*.css)</source>
+        <translation>Stylesheets (*.css)</translation>
+    </message>
+</context>
+<context>
+    <name>ledra::StylingPanel</name>
+    <message>
+        <source>Invoice Styling</source>
+        <translation>Rechnungsstil</translation>
+    </message>
+    <message>
+        <source>Reset to Defaults</source>
+        <translation>Auf Standard zurücksetzen</translation>
+    </message>
+    <message>
+        <source>Everything but the logo and the style sheet</source>
+        <translation>Alles außer Logo und Stylesheet</translation>
+    </message>
+    <message>
+        <source>Close Styling</source>
+        <translation>Stil schließen</translation>
+    </message>
+</context>
+<context>
+    <name>ledra::TableSection</name>
+    <message>
+        <source>Item table</source>
+        <translation>Positionstabelle</translation>
+    </message>
+    <message>
+        <source>Tinted rows</source>
+        <translation>Getönte Zeilen</translation>
+    </message>
+    <message>
+        <source>Lines</source>
+        <translation>Linien</translation>
+    </message>
+    <message>
+        <source>Lines stand between rows that are not tinted</source>
+        <translation>Linien stehen zwischen nicht getönten Zeilen</translation>
+    </message>
+    <message>
+        <source>Fill the page with empty rows</source>
+        <translation>Seite mit leeren Zeilen füllen</translation>
+    </message>
+</context>
+<context>
+    <name>ledra::TermsSection</name>
+    <message>
+        <source>Terms</source>
+        <translation>Konditionen</translation>
+    </message>
+    <message>
+        <source>VAT exemption</source>
+        <translation>Steuerbefreiung</translation>
+    </message>
+    <message>
+        <source>Currency</source>
+        <translation>Währung</translation>
+    </message>
+    <message>
+        <source>As in the profile</source>
+        <translation>Wie im Profil</translation>
+    </message>
+    <message>
+        <source>Language</source>
+        <translation>Sprache</translation>
+    </message>
+    <message>
+        <source>Marginal note</source>
+        <translation>Randnotiz</translation>
+    </message>
+</context>
+<context>
+    <name>ledra::TextParserPage</name>
+    <message>
+        <source>This address %1</source>
+        <translation>Adresse ungültig: %1</translation>
+    </message>
+    <message>
+        <source>Model on this computer</source>
+        <translation>Modell auf diesem Computer</translation>
+    </message>
+    <message>
+        <source>A model server on this computer turns texts into invoices. Nothing leaves the computer.</source>
+        <translation>Ein Modellserver auf diesem Computer macht aus Texten Rechnungen. Nichts verlässt den Computer.</translation>
+    </message>
+    <message>
+        <source>Address</source>
+        <translation>Adresse</translation>
+    </message>
+    <message>
+        <source>Model</source>
+        <translation>Modell</translation>
+    </message>
+    <message>
+        <source>The first that the server has</source>
+        <translation>Das erste auf dem Server</translation>
+    </message>
+    <message>
+        <source>Time limit</source>
+        <translation>Zeitlimit</translation>
+    </message>
+    <message>
+        <source> seconds</source>
+        <translation> Sekunden</translation>
+    </message>
+    <message>
+        <source>Test</source>
+        <translation>Testen</translation>
+    </message>
+    <message>
+        <source>Asking the server…</source>
+        <translation>Server wird gefragt…</translation>
+    </message>
+    <message>
+        <source>The model is available.</source>
+        <translation>Das Modell ist verfügbar.</translation>
+    </message>
+</context>
+<context>
+    <name>ledra::Toast</name>
+    <message>
+        <source>Message</source>
+        <translation>Meldung</translation>
+    </message>
+</context>
+<context>
+    <name>ledra::TrashTab</name>
+    <message>
+        <source>Trash</source>
+        <translation>Papierkorb</translation>
+    </message>
+    <message>
+        <source>Deleted</source>
+        <translation>Gelöscht</translation>
+    </message>
+    <message>
+        <source>Number</source>
+        <translation>Nummer</translation>
+    </message>
+    <message>
+        <source>File</source>
+        <translation>Datei</translation>
+    </message>
+    <message>
+        <source>Restore</source>
+        <translation>Wiederherstellen</translation>
+    </message>
+</context>
+</TS>
