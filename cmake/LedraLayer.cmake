@@ -21,13 +21,16 @@ if(LEDRA_SANITIZERS)
   target_link_options(ledra_options INTERFACE -fsanitize=${LEDRA_SANITIZERS})
 endif()
 
-# ledra_layer(NAME LAYERS a b LIBRARIES x y)
-# One static library for one folder of src/ and the folders inside it. It sees the headers of the layers that it
+# ledra_layer(NAME LAYERS a b LIBRARIES x y [WITHOUT folder])
+# One static library for one folder of src/ and the folders inside it but those named. It sees the headers of the layers that it
 # names, and only those are linked; the include check of the test suite keeps the
 # headers to the same table.
 function(ledra_layer name)
-  cmake_parse_arguments(ARG "" "" "LAYERS;LIBRARIES" ${ARGN})
+  cmake_parse_arguments(ARG "" "" "LAYERS;LIBRARIES;WITHOUT" ${ARGN})
   file(GLOB_RECURSE sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.cpp ${CMAKE_CURRENT_SOURCE_DIR}/*.h)
+  foreach(folder ${ARG_WITHOUT})
+    list(FILTER sources EXCLUDE REGEX "^${CMAKE_CURRENT_SOURCE_DIR}/${folder}/")
+  endforeach()
   add_library(ledra_${name} STATIC ${sources})
   target_include_directories(ledra_${name} PUBLIC ${PROJECT_SOURCE_DIR}/src)
   # Without this a file that is added later is not looked at for Q_OBJECT.

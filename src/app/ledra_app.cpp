@@ -44,10 +44,13 @@ LedraApp::LedraApp(const LaunchOptions& options)
     invoiceManager_ = std::make_unique<InvoiceManager>(
         context_, *profileManager_,
         options.loadsInvoices ? InvoiceManager::Loading::atOnce : InvoiceManager::Loading::never);
+    pluginManager_ = std::make_unique<PluginManager>(context_, options.plugins);
     filterManager_ = std::make_unique<FilterManager>(*invoiceManager_, *profileManager_, context_.clock);
     stylingManager_ = std::make_unique<StylingManager>(context_, *profileManager_, usage_);
     reminderManager_ = std::make_unique<ReminderManager>(context_, *profileManager_, *invoiceManager_);
     jobs_ = std::make_unique<InvoiceJobs>(*invoiceManager_, *profileManager_);
+    pluginJobs_ =
+        std::make_unique<PluginJobs>(context_, *pluginManager_, *jobs_, *invoiceManager_, *profileManager_);
     reminderJobs_ = std::make_unique<ReminderJobs>(*reminderManager_, *invoiceManager_, *jobs_);
     keptFiles_ = std::make_unique<KeptFiles>(context_, *profileManager_, *invoiceManager_);
     backupManager_ = std::make_unique<BackupManager>(
@@ -78,7 +81,9 @@ void LedraApp::connectDelegate()
                 profileManager_->resolveActiveProfile(profileId);
                 reveal(invoiceId);
             });
-    connect(appDelegate_.get(), &AppDelegate::pluginHandedOver, this, [this] {
+    connect(appDelegate_.get(), &AppDelegate::pluginHandedOver, this, [this](const QUrl& package) {
+        pluginManager_->pendingPackage = package.toLocalFile();
+        pluginManager_->showInstallDialog = true;
         if (windows_)
             windows_->openSettings();
         Q_EMIT openPluginSettings();

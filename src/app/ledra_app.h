@@ -6,9 +6,12 @@
 #include "app/filter_manager.h"
 #include "app/invoice_jobs.h"
 #include "app/kept_files.h"
+#include "app/plugin_jobs.h"
 #include "app/reminder_jobs.h"
 #include "app/settings.h"
 #include "app/undoable_jobs.h"
+#include "app/undoable_reminder_jobs.h"
+#include "app/undoable_styling.h"
 #include "exchange/profile_exporter.h"
 #include "exchange/styling_archives.h"
 #include "platform/file_device.h"
@@ -59,14 +62,15 @@ struct LaunchOptions
     bool watchesFolders = true;
     bool loadsInvoices = true;           ///< false for a command that has nothing to do with them
     std::optional<QString> profile = {}; ///< the one to work with in this run, as lookUpProfile() takes it
+    PluginSetting plugins = {};
 };
 
 /// The application: its long-lived objects and its state. The command line and the windows are two front ends
 /// over it. They read the stores; what changes records goes through jobs().
 ///
 /// It is built in a fixed order, each step complete before the next: what was interrupted last time is
-/// finished, then the updater starts, then the profiles and after them the invoices of the active one are
-/// loaded.
+/// finished, then the updater starts, then the profiles, after them the invoices of the active one and then
+/// the plugins are loaded.
 class LedraApp : public QObject
 {
     Q_OBJECT
@@ -85,10 +89,15 @@ public:
     UndoableJobs undoableJobs() { return {*invoiceManager_, *jobs_}; }
     QUndoStack& undoStack() { return invoiceManager_->undoStack(); }
     ReminderJobs& reminderJobs() { return *reminderJobs_; }
+    UndoableReminderJobs undoableReminderJobs() { return {*reminderManager_, *reminderJobs_, undoStack()}; }
     KeptFiles& keptFiles() { return *keptFiles_; }
     BackupManager& backupManager() { return *backupManager_; }
+    PluginManager& pluginManager() { return *pluginManager_; }
+    PluginJobs& pluginJobs() { return *pluginJobs_; }
     Console& console() { return context_.console; }
     UserDefaults& defaults() { return defaults_; }
+    const UsageSignals& usageSignals() const { return usage_; }
+    UndoableStyling undoableStyling() { return {*stylingManager_, undoStack()}; }
 
     /// What records of the active profile are shown with.
     DocumentSetting documentSetting();
@@ -156,10 +165,12 @@ private:
     UsageSignals usage_;
     std::unique_ptr<ProfileManager> profileManager_;
     std::unique_ptr<InvoiceManager> invoiceManager_;
+    std::unique_ptr<PluginManager> pluginManager_;
     std::unique_ptr<FilterManager> filterManager_;
     std::unique_ptr<StylingManager> stylingManager_;
     std::unique_ptr<ReminderManager> reminderManager_;
     std::unique_ptr<InvoiceJobs> jobs_;
+    std::unique_ptr<PluginJobs> pluginJobs_;
     std::unique_ptr<ReminderJobs> reminderJobs_;
     std::unique_ptr<KeptFiles> keptFiles_;
     std::unique_ptr<BackupManager> backupManager_;

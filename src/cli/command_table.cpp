@@ -11,6 +11,7 @@
 #include "cli/import_command.h"
 #include "cli/list_command.h"
 #include "cli/make_commands.h"
+#include "cli/plugin_command.h"
 #include "cli/profile_command.h"
 #include "cli/reminder_command.h"
 #include "cli/settings_command.h"
@@ -70,6 +71,7 @@ std::vector<std::unique_ptr<Command>> allCommands()
     commands.push_back(std::make_unique<ImportCommand>());
     commands.push_back(std::make_unique<ExtractCommand>());
     commands.push_back(std::make_unique<BackupCommand>());
+    commands.push_back(std::make_unique<PluginCommand>());
     return commands;
 }
 

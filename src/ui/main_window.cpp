@@ -1,92 +1,143 @@
 #include "ui/main_window.h"
 
 #include "render/invoice_document.h"
+#include "ui/commands/file_commands.h"
 #include "ui/editor/editor_panel.h"
+#include "ui/jobs/document_actions.h"
 #include "ui/list/list_panel.h"
 #include "ui/list/side_bar.h"
 #include "ui/look/toast.h"
 #include "ui/preview/preview_panel.h"
+#include "ui/reminders/invoice_reminders_bar.h"
+#include "ui/reminders/reminder_desk.h"
+#include "ui/reminders/reminder_editor.h"
+#include "ui/reminders/reminder_panel.h"
+#include "ui/settings/settings_window.h"
+#include "ui/styling/styling_panel.h"
 #include "ui/window_console.h"
+#include "ui/window_look.h"
 
 #include <QCloseEvent>
 #include <QHeaderView>
+#include <QMessageBox>
+#include <QMimeData>
+#include <QPushButton>
 #include <QUndoStack>
 #include <QVBoxLayout>
 
 namespace ledra {
 
-namespace {
-
-const QString geometryKey = QStringLiteral("MainWindow.geometry");
-const QString splitterKey = QStringLiteral("MainWindow.splitter");
-const QString columnsKey = QStringLiteral("MainWindow.columns");
-const QString selectionKey = QStringLiteral("MainWindow.selectedInvoiceId");
-const QString editorKey = QStringLiteral("MainWindow.openEdit");
-const QString zoomKey = QStringLiteral("MainWindow.zoom");
-
-} // namespace
-
 MainWindow::MainWindow(LedraApp& app, QtWebEngine& engine, WebFontManager& fonts)
     : messages_(new MessageBar),
       parts_{app, engine, fonts, *messages_, *this},
       splitter_(new QSplitter),
+      middle_(new QStackedWidget),
       sideBar_(new SideBar(app)),
       list_(new ListPanel(app)),
       preview_(new PreviewPanel(engine, app.console())),
-      editor_(new EditorPanel(parts_))
+      editor_(new EditorPanel(parts_)),
+      reminders_(new ReminderDesk(parts_, *sideBar_, *preview_)),
+      styling_(new StylingPanel(parts_)),
+      documents_(new DocumentActions(parts_)),
+      reporter_(*messages_),
+      autoExport_(app, engine, fonts, reporter_)
 {
     setObjectName(QStringLiteral("main-window"));
     setWindowTitle(QStringLiteral("Ledra"));
+    setAcceptDrops(true);
     setUpParts();
     addCommands();
     connectParts();
+    connectApplication();
     restoreLook();
     showSelected();
+    autoExport_.follow();
 }
 
 MainWindow::~MainWindow() = default;
 
 void MainWindow::setUpParts()
 {
-    splitter_->addWidget(sideBar_);
-    splitter_->addWidget(list_);
-    splitter_->addWidget(preview_);
-    splitter_->addWidget(editor_);
+    const auto column = [] {
+        auto* layout = new QVBoxLayout;
+        layout->setContentsMargins(0, 0, 0, 0);
+        layout->setSpacing(0);
+        return layout;
+    };
+    auto* document = new QWidget;
+    document->setLayout(column());
+    document->layout()->addWidget(&reminders_->bar());
+    document->layout()->addWidget(preview_);
+    middle_->addWidget(list_);
+    middle_->addWidget(&reminders_->panel());
+    for (QWidget* part : std::initializer_list<QWidget*>{sideBar_, middle_, document, editor_,
+                                                         &reminders_->editor(), styling_})
+        splitter_->addWidget(part);
     editor_->hide();
+    styling_->hide();
     splitter_->setHandleWidth(1);
     splitter_->setStretchFactor(2, 1);
     splitter_->setChildrenCollapsible(false);
-    splitter_->setSizes({200, 520, 560, 480});
+    splitter_->setSizes({200, 520, 560, 480, 480, 400});
     auto* center = new QWidget;
-    auto* layout = new QVBoxLayout(center);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->setSpacing(0);
-    layout->addWidget(messages_);
-    layout->addWidget(splitter_, 1);
+    center->setLayout(column());
+    center->layout()->addWidget(messages_);
+    center->layout()->addWidget(splitter_);
     setCentralWidget(center);
     connect(messages_, &MessageBar::noted, new Toast(this), &Toast::say);
 }
 
 void MainWindow::connectParts()
 {
-    LedraApp& app = parts_.app;
-    connect(&list_->list(), &InvoiceListView::chosenChanged, this, &MainWindow::showSelected);
+    InvoiceListView& list = list_->list();
+    connect(&list, &InvoiceListView::chosenChanged, this, &MainWindow::showSelected);
+    connect(&list, &InvoiceListView::opened, this, &MainWindow::openEditor);
+    connect(&list, &QWidget::customContextMenuRequested, this, [this, &list](const QPoint& place) {
+        commands_->contextMenu()->popup(list.viewport()->mapToGlobal(place));
+    });
+    list.setDragSource(
+        [this](const std::vector<InvoicePtr>& records) { return documents_->dragData(records); });
     connect(&list_->model(), &InvoiceTableModel::reloaded, this, &MainWindow::showSelected);
+    connect(list_, &ListPanel::newInvoiceWanted, commands_->action("New Invoice"), &QAction::trigger);
+    connect(editor_, &EditorPanel::closeWanted, this, &MainWindow::toggleEditor);
+    connect(editor_, &EditorPanel::made, this, &MainWindow::reveal);
+    connect(styling_, &StylingPanel::closeWanted, this, &MainWindow::toggleStyling);
+    connect(reminders_, &ReminderDesk::shownChanged, this, [this](bool isShown) {
+        middle_->setCurrentIndex(isShown ? 1 : 0);
+        shown_.reset();
+        showSelected();
+    });
+    connect(reminders_, &ReminderDesk::invoiceWanted, this, &MainWindow::reveal);
+    connect(&documents_->importer(), &FileImporter::imported, this, &MainWindow::reveal);
+    connect(&preview_->preview(), &DocumentPreview::interrupted, this, [this] {
+        messages_->warn(tr("The preview had stopped and was started again. Nothing is lost."));
+    });
+}
+
+void MainWindow::connectApplication()
+{
+    LedraApp& app = parts_.app;
     connect(&app.stylingManager(), &StylingManager::changed, this, [this] {
         shown_.reset();
         showSelected();
     });
-    connect(&list_->list(), &QWidget::customContextMenuRequested, this, [this](const QPoint& place) {
-        commands_->contextMenu()->popup(list_->list().viewport()->mapToGlobal(place));
+    connect(&app.profileManager(), &ProfileManager::activeProfileChanged, this, [this] {
+        parts_.app.undoStack().clear(); // its steps belong to the other profile
+        shown_.reset();
+        showProfiles();
+        showSelected();
     });
-    connect(&list_->list(), &InvoiceListView::opened, this, &MainWindow::openEditor);
-    connect(editor_, &EditorPanel::closeWanted, this, &MainWindow::toggleEditor);
-    connect(editor_, &EditorPanel::made, this, &MainWindow::reveal);
-    connect(list_, &ListPanel::newInvoiceWanted, commands_->action("New Invoice"), &QAction::trigger);
+    connect(&app.profileManager(), &ProfileManager::profilesChanged, this, [this] {
+        showProfiles();
+        shown_.reset(); // the document may show what the profile says
+        showSelected();
+    });
     connect(&app, &LedraApp::revealRequested, this, &MainWindow::revealPending);
-    connect(&preview_->preview(), &DocumentPreview::interrupted, this, [this] {
-        messages_->warn(tr("The preview had stopped and was started again. Nothing is lost."));
-    });
+    for (const auto handedOver : {&AppDelegate::documentHandedOver, &AppDelegate::stylingHandedOver,
+                                  &AppDelegate::profilesHandedOver})
+        connect(&app.appDelegate(), handedOver, this,
+                [this](const QUrl& url) { documents_->importer().importDropped({url}); });
+    showProfiles();
 }
 
 void MainWindow::addCommands()
@@ -97,6 +148,12 @@ void MainWindow::addCommands()
     tools->setIconSize(QSize(20, 20));
     setContextMenuPolicy(Qt::NoContextMenu);
     commands_ = new CommandSet(*this, *menuBar(), *tools);
+    addActiveProfileExport(*this);
+    addUndoCommands();
+}
+
+void MainWindow::addUndoCommands()
+{
     QUndoStack& stack = parts_.app.undoStack();
     QAction* undo = stack.createUndoAction(this, tr("Undo"));
     undo->setShortcut(QKeySequence::Undo);
@@ -111,7 +168,7 @@ void MainWindow::addCommands()
 
 std::vector<InvoicePtr> MainWindow::selected() const
 {
-    return list_->list().selected();
+    return reminders_->isShown() ? std::vector<InvoicePtr>() : list_->list().selected();
 }
 
 bool MainWindow::isOffered(CommandNeeds needs) const
@@ -139,6 +196,21 @@ bool MainWindow::isOffered(CommandNeeds needs) const
     }
 }
 
+/// Fills the menu in which the profile is switched.
+void MainWindow::showProfiles()
+{
+    QMenu* menu = commands_->menu(Menu::profile);
+    menu->clear();
+    ProfileManager& profiles = parts_.app.profileManager();
+    for (const ProfilePtr& profile : profiles.profiles()) {
+        QAction* action = menu->addAction((*profile)->displayName(), this, [&profiles, id = (*profile)->id] {
+            profiles.resolveActiveProfile(id);
+        });
+        action->setCheckable(true);
+        action->setChecked(profile == profiles.activeProfile());
+    }
+}
+
 void MainWindow::updateCommands()
 {
     commands_->update([this](CommandNeeds needs) { return isOffered(needs); });
@@ -146,7 +218,7 @@ void MainWindow::updateCommands()
 
 void MainWindow::reveal(const QUuid& id)
 {
-    if (!list_->model().indexOf(id).isValid())
+    if (reminders_->isShown() || !list_->model().indexOf(id).isValid())
         sideBar_->showAll();
     list_->list().reveal(id);
 }
@@ -165,15 +237,16 @@ void MainWindow::follow(WindowConsole& console)
 void MainWindow::showSelected()
 {
     updateCommands();
-    const std::vector<InvoicePtr> records = selected();
-    if (records.size() != 1) {
-        shown_.reset();
+    if (reminders_->isShown()) {
         shownRecord_.reset();
         editor_->setRecord(nullptr);
         editor_->hide();
-        preview_->showHint(records.empty()
-                               ? tr("No invoice selected")
-                               : tr("%n invoices selected", nullptr, static_cast<int>(records.size())));
+        return;
+    }
+    const std::vector<InvoicePtr> records = selected();
+    reminders_->bar().setInvoice(records.size() == 1 ? records.front() : nullptr);
+    if (records.size() != 1) {
+        showNone(records.size());
         return;
     }
     const InvoicePtr& record = records.front();
@@ -190,13 +263,75 @@ void MainWindow::showSelected()
     showDocument(record, true);
 }
 
+void MainWindow::showNone(std::size_t count)
+{
+    shown_.reset();
+    shownRecord_.reset();
+    editor_->setRecord(nullptr);
+    editor_->hide();
+    preview_->showHint(count == 0 ? tr("No invoice selected")
+                                  : tr("%n invoices selected", nullptr, static_cast<int>(count)));
+}
+
 void MainWindow::toggleEditor()
 {
     parts_.app.openEdit = !parts_.app.openEdit;
+    if (isEditorOpen())
+        styling_->hide(); // they have one place
     editor_->setVisible(isEditorOpen() && shown_);
+    makeRoomForEditor();
     if (editor_->isVisible())
         editor_->start();
     updateCommands();
+}
+
+/// While the editor is open the list is narrow, so that the document stays large.
+void MainWindow::makeRoomForEditor()
+{
+    constexpr int narrowList = 400;
+    constexpr int editorWidth = 470;
+    QList<int> sizes = splitter_->sizes();
+    int& list = sizes[splitter_->indexOf(middle_)];
+    int& document = sizes[splitter_->indexOf(middle_) + 1];
+    if (!editor_->isVisible()) {
+        document += list - std::max(list, listWidth_);
+        list = std::max(list, listWidth_);
+    } else if (const int spare = list - narrowList; spare > 0) {
+        listWidth_ = list;
+        list = narrowList;
+        sizes[splitter_->indexOf(editor_)] = editorWidth;
+        document += spare;
+    }
+    splitter_->setSizes(sizes);
+}
+
+void MainWindow::toggleStyling()
+{
+    const bool opens = !isStylingOpen();
+    if (opens && isEditorOpen())
+        toggleEditor();
+    styling_->setVisible(opens);
+    if (opens)
+        styling_->start();
+    updateCommands();
+}
+
+bool MainWindow::isStylingOpen() const
+{
+    return !styling_->isHidden();
+}
+
+SettingsWindow& MainWindow::openSettings(const QString& page)
+{
+    if (!settings_) {
+        settings_ = new SettingsWindow(parts_, this);
+        connect(settings_, &SettingsWindow::appearanceChanged, this, &MainWindow::appearanceChanged);
+    }
+    settings_->openPage(page);
+    settings_->show();
+    settings_->raise();
+    settings_->activateWindow();
+    return *settings_;
 }
 
 void MainWindow::openEditor()
@@ -215,42 +350,58 @@ void MainWindow::showDocument(const InvoicePtr& record, bool isOther)
                    isOther);
 }
 
-void MainWindow::restoreLook()
+WindowLook MainWindow::look()
 {
-    const UserDefaults& defaults = parts_.app.defaults();
-    if (!restoreGeometry(defaults.value(geometryKey).toByteArray()))
-        resize(1360, 840);
-    parts_.app.openEdit = defaults.value(editorKey).toBool();
-    splitter_->restoreState(defaults.value(splitterKey).toByteArray());
-    list_->list().horizontalHeader()->restoreState(defaults.value(columnsKey).toByteArray());
-    preview_->setZoomText(defaults.value(zoomKey).toString());
-    const QUuid last = defaults.value(selectionKey).toUuid();
-    const QModelIndex index = list_->model().indexOf(last);
-    const QModelIndex chosen = index.isValid() ? index : list_->model().firstRecord();
-    if (const InvoicePtr record = list_->model().invoice(chosen))
-        list_->list().reveal((*record)->id);
+    return {*this, *splitter_, *list_->list().horizontalHeader(), *preview_};
 }
 
-void MainWindow::keepLook()
+void MainWindow::restoreLook()
 {
-    UserDefaults& defaults = parts_.app.defaults();
-    const std::pair<QString, QVariant> values[] = {
-        {geometryKey, saveGeometry()},
-        {splitterKey, splitter_->saveState()},
-        {columnsKey, list_->list().horizontalHeader()->saveState()},
-        {editorKey, isEditorOpen()},
-        {zoomKey, preview_->zoomText()},
-        {selectionKey, parts_.app.selectedInvoiceId.value_or(QUuid())}};
-    for (const auto& [key, value] : values) {
-        if (const auto kept = defaults.setValue(key, value); !kept)
-            parts_.app.console().failure(kept.error());
-    }
+    const WindowLook::State state = look().restore(parts_.app.defaults());
+    parts_.app.openEdit = state.isEditorOpen;
+    const QModelIndex last = list_->model().indexOf(state.selectedId);
+    if (const InvoicePtr record =
+            list_->model().invoice(last.isValid() ? last : list_->model().firstRecord()))
+        list_->list().reveal((*record)->id);
 }
 
 void MainWindow::closeEvent(QCloseEvent* event)
 {
-    keepLook();
+    if (!maySkipWriting()) {
+        event->ignore();
+        return;
+    }
+    look().keep(parts_.app.defaults(), parts_.app.console(),
+                {isEditorOpen(), parts_.app.selectedInvoiceId.value_or(QUuid())});
     event->accept();
+}
+
+void MainWindow::dragEnterEvent(QDragEnterEvent* event)
+{
+    if (event->mimeData()->hasUrls() && !event->source()) // not what was dragged out of here
+        event->acceptProposedAction();
+}
+
+void MainWindow::dropEvent(QDropEvent* event)
+{
+    event->acceptProposedAction();
+    documents_->importer().importDropped(event->mimeData()->urls());
+}
+
+/// Asks before changes are lost that cannot be written.
+bool MainWindow::maySkipWriting()
+{
+    const JobResult<void> written = parts_.app.jobs().finishWriting();
+    if (written)
+        return true;
+    QMessageBox question(QMessageBox::Warning, tr("Close"), tr("Some changes could not be saved."),
+                         QMessageBox::NoButton, this);
+    question.setInformativeText(
+        tr("%1\n\nThey are lost when the window is closed now.").arg(written.error().text));
+    const QPushButton* lose = question.addButton(tr("Close Anyway"), QMessageBox::DestructiveRole);
+    question.setDefaultButton(question.addButton(QMessageBox::Cancel));
+    question.exec();
+    return question.clickedButton() == lose;
 }
 
 } // namespace ledra

@@ -1,21 +1,29 @@
 #pragma once
 
+#include "app/auto_export.h"
 #include "ui/commands/command_set.h"
+#include "ui/jobs/auto_export_reporter.h"
 #include "ui/window_parts.h"
 
 #include <QMainWindow>
 #include <QSplitter>
+#include <QStackedWidget>
 
 namespace ledra {
 
+class DocumentActions;
 class EditorPanel;
 class ListPanel;
 class PreviewPanel;
+class ReminderDesk;
+class SettingsWindow;
 class SideBar;
+class StylingPanel;
 class WindowConsole;
+struct WindowLook;
 
 /// The window that people live in: lists at the left, records in the middle, the document of the selected one
-/// at the right. It joins its parts; each of them knows only the application.
+/// at the right and its editor beside it. It joins its parts; each of them knows only the application.
 class MainWindow : public QMainWindow
 {
     Q_OBJECT
@@ -26,15 +34,18 @@ public:
 
     const WindowParts& parts() const { return parts_; }
     UndoableJobs jobs() const { return parts_.app.undoableJobs(); }
-    ListPanel& listPanel() { return *list_; }
-    PreviewPanel& previewPanel() { return *preview_; }
-    EditorPanel& editor() { return *editor_; }
     CommandSet& commands() { return *commands_; }
+    DocumentActions& documents() { return *documents_; }
+    EditorPanel& editor() { return *editor_; }
+    ListPanel& listPanel() { return *list_; }
     const ListPanel& listPanel() const { return *list_; }
+    PreviewPanel& previewPanel() { return *preview_; }
+    ReminderDesk& reminders() { return *reminders_; }
+    StylingPanel& styling() { return *styling_; }
     SideBar& sideBar() { return *sideBar_; }
     const SideBar& sideBar() const { return *sideBar_; }
 
-    /// The selected records, in the order of the list.
+    /// The selected records, in the order of the list; none while reminders are shown.
     std::vector<InvoicePtr> selected() const;
 
     /// Selects a record and scrolls to it; goes to the list of all records where the list in force has it
@@ -47,31 +58,56 @@ public:
     void openEditor();
     bool isEditorOpen() const { return parts_.app.openEdit; }
 
+    void toggleStyling();
+    bool isStylingOpen() const;
+
+    /// Opens the settings at a page, by its English title.
+    SettingsWindow& openSettings(const QString& page = {});
+
     /// Shows on the console's behalf what failed.
     void follow(WindowConsole& console);
 
+Q_SIGNALS:
+    void appearanceChanged(); ///< the settings ask for another one
+
 protected:
     void closeEvent(QCloseEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
 
 private:
     void setUpParts();
     void connectParts();
+    void connectApplication();
     void addCommands();
+    void addUndoCommands();
+    void showProfiles();
     bool isOffered(CommandNeeds needs) const;
     void showSelected();
+    void showNone(std::size_t count);
     void showDocument(const InvoicePtr& record, bool isOther);
     void revealPending();
+    WindowLook look();
     void restoreLook();
-    void keepLook();
+    bool maySkipWriting();
+    void makeRoomForEditor();
 
     MessageBar* messages_;
     WindowParts parts_;
     QSplitter* splitter_;
+    QStackedWidget* middle_;
     SideBar* sideBar_;
     ListPanel* list_;
     PreviewPanel* preview_;
     EditorPanel* editor_;
+    ReminderDesk* reminders_;
+    StylingPanel* styling_;
+    SettingsWindow* settings_ = nullptr;
+    DocumentActions* documents_;
     CommandSet* commands_ = nullptr;
+    AutoExportReporter reporter_;
+    AutoExport autoExport_;
+    int listWidth_ = 0; ///< before the editor needed room
     InvoicePtr shown_;
     Observation shownRecord_; ///< of the record in the preview
 };

@@ -1,11 +1,14 @@
 #pragma once
 
 #include "app/ledra_app.h"
-#include "render/qt_web_engine.h"
-#include "render/web_font_manager.h"
 #include "ui/look/message_bar.h"
 
+class QWidget;
+
 namespace ledra {
+
+class QtWebEngine;
+class WebFontManager;
 
 /// What the parts of a window work with.
 struct WindowParts

@@ -37,7 +37,8 @@ CommandSearch::CommandSearch(const CommandSet& commands, const QMenuBar& bar, QW
     list_->setAccessibleName(tr("Commands"));
     list_->setFrameShape(QFrame::NoFrame);
     list_->setFocusPolicy(Qt::NoFocus);
-    list_->setUniformItemSizes(true);
+    list_->setIconSize(QSize(16, 16));
+    list_->setStyleSheet(QStringLiteral("QListWidget::item { padding: 4px; }"));
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(search_);
     layout->addWidget(list_);

@@ -1,6 +1,8 @@
 #include "ui/commands/record_commands.h"
 
 #include "ui/main_window.h"
+#include "ui/record_window.h"
+#include "ui/reminders/reminder_desk.h"
 
 #include <QCoreApplication>
 #include <QMessageBox>
@@ -11,10 +13,10 @@ namespace ledra {
 
 namespace {
 
-QString tr(const char* text, int count = -1)
+struct RecordCommands
 {
-    return QCoreApplication::translate("WindowCommands", text, nullptr, count);
-}
+    Q_DECLARE_TR_FUNCTIONS(RecordCommands)
+};
 
 /// Shows a record that was just made.
 void revealMade(MainWindow& window, const JobResult<InvoicePtr>& made)
@@ -35,13 +37,14 @@ bool mayDelete(MainWindow& window, const std::vector<InvoicePtr>& records)
         std::ranges::count_if(records, [](const InvoicePtr& each) { return isGuarded(**each); });
     if (guarded == 0)
         return true;
-    QMessageBox question(QMessageBox::Warning, tr("Delete"), tr("Delete invoices that were sent?"),
-                         QMessageBox::NoButton, &window);
-    question.setInformativeText(
-        tr("%n of the selected records left the house already. Others may hold them, and numbers "
-           "must have no gaps. They can be taken out of the trash again.",
-           static_cast<int>(guarded)));
-    const QPushButton* erase = question.addButton(tr("Delete"), QMessageBox::DestructiveRole);
+    QMessageBox question(QMessageBox::Warning, RecordCommands::tr("Delete"),
+                         RecordCommands::tr("Delete invoices that were sent?"), QMessageBox::NoButton,
+                         &window);
+    question.setInformativeText(RecordCommands::tr(
+        "%n of the selected records left the house already. Others may hold them, and numbers "
+        "must have no gaps. They can be taken out of the trash again.",
+        nullptr, static_cast<int>(guarded)));
+    const QPushButton* erase = question.addButton(RecordCommands::tr("Delete"), QMessageBox::DestructiveRole);
     question.setDefaultButton(question.addButton(QMessageBox::Cancel));
     question.exec();
     return question.clickedButton() == erase;
@@ -61,6 +64,15 @@ void newQuote(MainWindow& window)
     window.openEditor();
 }
 
+void openInSeparateWindow(MainWindow& window)
+{
+    const WindowParts& parts = window.parts();
+    auto* separate = new RecordWindow(parts.app, parts.engine, parts.fonts, window.selected().front());
+    QObject::connect(&window, &QObject::destroyed, separate, &QObject::deleteLater);
+    separate->setAttribute(Qt::WA_DeleteOnClose);
+    separate->show();
+}
+
 void duplicateRecord(MainWindow& window)
 {
     revealMade(window, window.jobs().duplicate(selectedId(window)));
@@ -76,6 +88,11 @@ void makeInvoiceOfQuote(MainWindow& window)
     revealMade(window, window.jobs().convert(selectedId(window)));
 }
 
+void remindOfInvoice(MainWindow& window)
+{
+    window.reminders().remind(selectedId(window));
+}
+
 void deleteRecords(MainWindow& window)
 {
     const std::vector<InvoicePtr> records = window.selected();
@@ -83,7 +100,7 @@ void deleteRecords(MainWindow& window)
         return;
     QUndoStack& stack = window.parts().app.undoStack();
     if (records.size() > 1)
-        stack.beginMacro(QStringLiteral("Delete"));
+        stack.beginMacro(RecordCommands::tr("Delete"));
     for (const InvoicePtr& record : records)
         (void)window.parts().succeeded(window.jobs().remove((*record)->id, Force::yes));
     if (records.size() > 1)
@@ -95,7 +112,7 @@ void setStatusOfRecords(MainWindow& window, Status status)
     const std::vector<InvoicePtr> records = window.selected();
     QUndoStack& stack = window.parts().app.undoStack();
     if (records.size() > 1)
-        stack.beginMacro(QStringLiteral("Status"));
+        stack.beginMacro(RecordCommands::tr("Status"));
     for (const InvoicePtr& record : records)
         (void)window.parts().succeeded(window.jobs().setStatus((*record)->id, status));
     if (records.size() > 1)

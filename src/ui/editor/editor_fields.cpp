@@ -4,6 +4,7 @@
 #include "ui/look/status_colors.h"
 
 #include <QCompleter>
+#include <QFocusEvent>
 #include <QSignalBlocker>
 
 namespace ledra {
@@ -186,7 +187,6 @@ ChoiceField::ChoiceField(RecordEditing& editing, const std::vector<Choice>& choi
         setInsertPolicy(NoInsert);
         completer()->setCompletionMode(QCompleter::PopupCompletion);
         completer()->setFilterMode(Qt::MatchContains);
-        connect(lineEdit(), &QLineEdit::editingFinished, this, &ChoiceField::takeTyped);
     }
     connect(this, &QComboBox::activated, this, [this](int row) {
         const QString value = itemData(row).toString();
@@ -206,8 +206,15 @@ void ChoiceField::refresh()
     const QSignalBlocker quiet(this);
     if (row != currentIndex())
         setCurrentIndex(row);
-    if (isEditable() && !lineEdit()->hasFocus())
+    if (isEditable() && !hasFocus())
         lineEdit()->setText(itemText(row));
+}
+
+void ChoiceField::focusOutEvent(QFocusEvent* event)
+{
+    QComboBox::focusOutEvent(event);
+    if (isEditable() && event->reason() != Qt::PopupFocusReason)
+        takeTyped();
 }
 
 /// What was typed and is no entry goes back to what holds.

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "ui/editor/record_editing.h"
+#include "ui/look/field_form.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -89,15 +90,14 @@ class ChoiceField : public QComboBox
     Q_OBJECT
 
 public:
-    struct Choice
-    {
-        QString text;
-        QString value;
-    };
+    using Choice = FieldChoice;
     using Read = std::function<QString(const Invoice&)>;
     using Write = std::function<void(Invoice&, const QString&)>;
     ChoiceField(RecordEditing& editing, const std::vector<Choice>& choices, Read read, Write write,
                 bool isSearchable, QWidget* parent);
+
+protected:
+    void focusOutEvent(QFocusEvent* event) override; ///< the line inside has no focus of its own
 
 private:
     void refresh();

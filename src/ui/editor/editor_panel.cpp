@@ -5,9 +5,9 @@
 #include "ui/editor/record_sections.h"
 #include "ui/look/icons.h"
 #include "ui/look/status_colors.h"
+#include "ui/look/undo_guard.h"
 
 #include <QApplication>
-#include <QKeyEvent>
 #include <QUndoStack>
 
 namespace ledra {
@@ -45,7 +45,7 @@ EditorPanel::EditorPanel(const WindowParts& parts, QWidget* parent)
     setMinimumWidth(440);
     connect(&editing_, &RecordEditing::lockChanged, this, &EditorPanel::showLock);
     connect(&editing_, &RecordEditing::changed, this, &EditorPanel::showHeader);
-    QCoreApplication::instance()->installEventFilter(this);
+    new UndoGuard(*this);
     showLock();
 }
 
@@ -160,28 +160,12 @@ void EditorPanel::cancelAndDuplicate()
         editing_.invoice().type == InvoiceType::invoice && editing_.invoice().status != Status::cancelled;
     UndoableJobs jobs = parts_.app.undoableJobs();
     QUndoStack& stack = parts_.app.undoStack();
-    stack.beginMacro(QStringLiteral("Cancel and duplicate"));
+    stack.beginMacro(tr("Cancel and duplicate"));
     const bool isCancelled = !cancels || parts_.succeeded(jobs.cancel(id));
     const JobResult<InvoicePtr> copy = isCancelled ? jobs.duplicate(id) : JobResult<InvoicePtr>();
     stack.endMacro();
     if (isCancelled && parts_.succeeded(copy))
         Q_EMIT made((**copy)->id);
-}
-
-/// Fields have a way back of their own, which would end at the field: the application's goes on beyond it.
-bool EditorPanel::eventFilter(QObject* watched, QEvent* event)
-{
-    if (event->type() != QEvent::ShortcutOverride)
-        return false;
-    const auto* widget = qobject_cast<QWidget*>(watched);
-    if (!widget || !isAncestorOf(widget))
-        return false;
-    const auto* key = static_cast<QKeyEvent*>(event);
-    const bool isWayBack = key->matches(QKeySequence::Undo) || key->matches(QKeySequence::Redo) ||
-                           (key->key() == Qt::Key_Y && key->modifiers() == Qt::ControlModifier);
-    if (isWayBack)
-        event->ignore();
-    return isWayBack;
 }
 
 } // namespace ledra

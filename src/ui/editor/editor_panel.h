@@ -30,9 +30,6 @@ Q_SIGNALS:
     void closeWanted();
     void made(const QUuid& id); ///< a record that goes on where the locked one ends
 
-protected:
-    bool eventFilter(QObject* watched, QEvent* event) override;
-
 private:
     QWidget* makeHeader();
     QWidget* makeLockNotice();

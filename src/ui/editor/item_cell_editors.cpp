@@ -14,6 +14,8 @@
 #include <QStringListModel>
 #include <QTextLayout>
 
+#include <cmath>
+
 namespace ledra {
 
 namespace {
@@ -21,10 +23,47 @@ namespace {
 constexpr int horizontalRoom = 6;
 constexpr int verticalRoom = 7;
 
-/// The height of a text that is broken at a width.
-int textHeight(const QString& text, const QFontMetrics& metrics, int width)
+/// Lines break between words, and within a word that is longer than a line.
+QTextOption wrapping(Qt::Alignment alignment)
 {
-    return metrics.boundingRect(QRect(0, 0, std::max(width, 20), 100'000), Qt::TextWordWrap, text).height();
+    QTextOption option(alignment);
+    option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+    return option;
+}
+
+/// The height of a text that is broken at a width.
+int textHeight(const QString& text, const QFont& font, int width)
+{
+    constexpr int least = 20;
+    QTextLayout layout(QString(text).replace(u'\n', QChar::LineSeparator), font);
+    layout.setTextOption(wrapping(Qt::AlignLeft));
+    layout.beginLayout();
+    double height = 0;
+    for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine()) {
+        line.setLineWidth(std::max(width, least));
+        height += line.height();
+    }
+    layout.endLayout();
+    return static_cast<int>(std::ceil(height));
+}
+
+/// What a key that ends typing asks for; nothing for any other key.
+std::optional<QAbstractItemDelegate::EndEditHint> endBy(const QKeyEvent& event)
+{
+    const bool isShifted = event.modifiers().testFlag(Qt::ShiftModifier);
+    switch (event.key()) {
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        return isShifted ? std::nullopt : std::optional(QAbstractItemDelegate::SubmitModelCache);
+    case Qt::Key_Tab:
+        return QAbstractItemDelegate::EditNextItem;
+    case Qt::Key_Backtab:
+        return QAbstractItemDelegate::EditPreviousItem;
+    case Qt::Key_Escape:
+        return QAbstractItemDelegate::NoHint;
+    default:
+        return std::nullopt;
+    }
 }
 
 } // namespace
@@ -36,7 +75,7 @@ DescriptionEdit::DescriptionEdit(Suggest suggest, QWidget* parent)
 {
     setFrameShape(NoFrame);
     setUndoRedoEnabled(false); // the application's own way back reaches further
-    setTabChangesFocus(true);
+    setTabChangesFocus(false); // it goes on to the next cell
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     document()->setDocumentMargin(2);
@@ -79,12 +118,8 @@ void DescriptionEdit::keyPressEvent(QKeyEvent* event)
         }
         completer_->popup()->hide();
     }
-    if (isEnter && !event->modifiers().testFlag(Qt::ShiftModifier)) {
-        Q_EMIT finished(true);
-        return;
-    }
-    if (event->key() == Qt::Key_Escape) {
-        Q_EMIT finished(false);
+    if (const auto hint = endBy(*event)) {
+        Q_EMIT finished(*hint);
         return;
     }
     const QString before = toPlainText();
@@ -133,9 +168,8 @@ QWidget* ItemDelegate::descriptionEditor(QWidget* parent, const QPersistentModel
     });
     connect(edit, &DescriptionEdit::tablePasted, this,
             [this, index](const QMimeData& data) { model_.paste(index.row(), data); });
-    connect(edit, &DescriptionEdit::finished, this, [this, edit](bool goesOn) {
-        Q_EMIT self().closeEditor(edit, goesOn ? SubmitModelCache : NoHint);
-    });
+    connect(edit, &DescriptionEdit::finished, this,
+            [this, edit](EndEditHint hint) { Q_EMIT self().closeEditor(edit, hint); });
     return edit;
 }
 
@@ -211,8 +245,8 @@ QSize ItemDelegate::sizeHint(const QStyleOptionViewItem& option, const QModelInd
     if (index.column() == ItemsModel::description) {
         const auto* view = qobject_cast<const QAbstractItemView*>(option.widget);
         const int width = view ? view->visualRect(index).width() : option.rect.width();
-        height = std::max(
-            height, textHeight(index.data().toString(), option.fontMetrics, width - 2 * horizontalRoom));
+        height =
+            std::max(height, textHeight(index.data().toString(), option.font, width - 2 * horizontalRoom));
     }
     return {40, height + 2 * verticalRoom};
 }
@@ -226,8 +260,9 @@ void ItemDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
     const bool isFaint = model_.isNewRow(index.row()) || index.column() == ItemsModel::total;
     painter->setPen(option.palette.color(isFaint ? QPalette::PlaceholderText : QPalette::Text));
     const auto alignment = static_cast<Qt::Alignment>(index.data(Qt::TextAlignmentRole).toInt());
-    painter->drawText(option.rect.adjusted(horizontalRoom, verticalRoom, -horizontalRoom, -verticalRoom + 4),
-                      static_cast<int>(alignment) | Qt::TextWordWrap, index.data().toString());
+    painter->drawText(
+        QRectF(option.rect).adjusted(horizontalRoom, verticalRoom, -horizontalRoom, -verticalRoom + 4),
+        index.data().toString(), wrapping(alignment));
     painter->restore();
 }
 

@@ -23,8 +23,8 @@ public:
 Q_SIGNALS:
     void edited();
     void completed(const ledra::Invoice::Item& item);
-    void tablePasted(const QMimeData& data); ///< lines instead of a text
-    void finished(bool goesOn);              ///< by Enter, which goes on to the next line, or by Escape
+    void tablePasted(const QMimeData& data);                ///< lines instead of a text
+    void finished(QAbstractItemDelegate::EndEditHint hint); ///< by Enter, Tab or Escape
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;

@@ -12,9 +12,9 @@ namespace ledra {
 namespace {
 
 constexpr std::array<const char*, ItemsModel::columns> titles = {
-    QT_TRANSLATE_NOOP("ItemsModel", "Description"), QT_TRANSLATE_NOOP("ItemsModel", "Qty"),
-    QT_TRANSLATE_NOOP("ItemsModel", "Unit"),        QT_TRANSLATE_NOOP("ItemsModel", "Price"),
-    QT_TRANSLATE_NOOP("ItemsModel", "VAT"),         QT_TRANSLATE_NOOP("ItemsModel", "Total"),
+    QT_TRANSLATE_NOOP("ledra::ItemsModel", "Description"), QT_TRANSLATE_NOOP("ledra::ItemsModel", "Qty"),
+    QT_TRANSLATE_NOOP("ledra::ItemsModel", "Unit"),        QT_TRANSLATE_NOOP("ledra::ItemsModel", "Price"),
+    QT_TRANSLATE_NOOP("ledra::ItemsModel", "VAT"),         QT_TRANSLATE_NOOP("ledra::ItemsModel", "Total"),
 };
 
 /// Lines with all their digits; the text beside it is rounded by nobody either, but spoken by the locale.

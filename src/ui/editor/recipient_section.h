@@ -2,7 +2,7 @@
 
 #include "model/recipient.h"
 #include "ui/editor/editor_fields.h"
-#include "ui/editor/section.h"
+#include "ui/look/section.h"
 
 #include <QCompleter>
 

@@ -23,27 +23,6 @@ QString dayText(RecordEditing& editing, QDate day)
 }
 
 template <TextEnum E>
-std::vector<ChoiceField::Choice> choicesOf(const char* context)
-{
-    std::vector<ChoiceField::Choice> choices;
-    for (const EnumText<E>& row : enumTexts<E>) {
-        const auto text = [](std::string_view view) {
-            return QString::fromUtf8(view.data(), static_cast<qsizetype>(view.size()));
-        };
-        choices.push_back({QCoreApplication::translate(context, text(row.displayText).toUtf8().constData()),
-                           text(row.rawValue)});
-    }
-    return choices;
-}
-
-template <TextEnum E>
-QString rawText(E value)
-{
-    const std::string_view raw = rawValue(value);
-    return QString::fromUtf8(raw.data(), static_cast<qsizetype>(raw.size()));
-}
-
-template <TextEnum E>
 E fromRawText(const QString& text, E otherwise)
 {
     return enumFromRawValue<E>(text.toStdString()).value_or(otherwise);
@@ -190,7 +169,7 @@ TermsSection::TermsSection(RecordEditing& editing, QWidget* parent) : Section(tr
     content()->addLayout(form);
     addRow(form, tr("VAT exemption"),
            new ChoiceField(
-               editing, choicesOf<VATExemptionReason>("VATExemptionReason"),
+               editing, choicesOf<VATExemptionReason>("Choices"),
                [](const Invoice& invoice) { return rawText(invoice.vatExemptionReason); },
                [](Invoice& invoice, const QString& text) {
                    invoice.vatExemptionReason = fromRawText(text, VATExemptionReason::none);
@@ -210,7 +189,7 @@ TermsSection::TermsSection(RecordEditing& editing, QWidget* parent) : Section(tr
            new ChoiceField(
                editing, currencies, [](const Invoice& invoice) { return invoice.currency.code; },
                [](Invoice& invoice, const QString& code) { invoice.currency.code = code; }, true, this));
-    std::vector<ChoiceField::Choice> languages = choicesOf<Language>("Language");
+    std::vector<ChoiceField::Choice> languages = choicesOf<Language>("Choices");
     languages.insert(languages.begin(), {tr("As in the profile"), QString()});
     addRow(
         form, tr("Language"),

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "ui/editor/editor_fields.h"
-#include "ui/editor/section.h"
+#include "ui/look/section.h"
 
 namespace ledra {
 

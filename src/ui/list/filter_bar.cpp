@@ -30,19 +30,20 @@ QDate quarterBegin(QDate day)
 }
 
 constexpr std::array periods = {
-    Period{QT_TRANSLATE_NOOP("FilterBar", "This month"), monthBegin,
+    Period{QT_TRANSLATE_NOOP("ledra::FilterBar", "This month"), monthBegin,
            [](QDate today) { return monthBegin(today).addMonths(1).addDays(-1); }},
-    Period{QT_TRANSLATE_NOOP("FilterBar", "Last month"),
+    Period{QT_TRANSLATE_NOOP("ledra::FilterBar", "Last month"),
            [](QDate today) { return monthBegin(today).addMonths(-1); },
            [](QDate today) { return monthBegin(today).addDays(-1); }},
-    Period{QT_TRANSLATE_NOOP("FilterBar", "This quarter"), quarterBegin,
+    Period{QT_TRANSLATE_NOOP("ledra::FilterBar", "This quarter"), quarterBegin,
            [](QDate today) { return quarterBegin(today).addMonths(3).addDays(-1); }},
-    Period{QT_TRANSLATE_NOOP("FilterBar", "Last quarter"),
+    Period{QT_TRANSLATE_NOOP("ledra::FilterBar", "Last quarter"),
            [](QDate today) { return quarterBegin(today).addMonths(-3); },
            [](QDate today) { return quarterBegin(today).addDays(-1); }},
-    Period{QT_TRANSLATE_NOOP("FilterBar", "This year"), [](QDate today) { return QDate(today.year(), 1, 1); },
+    Period{QT_TRANSLATE_NOOP("ledra::FilterBar", "This year"),
+           [](QDate today) { return QDate(today.year(), 1, 1); },
            [](QDate today) { return QDate(today.year(), 12, 31); }},
-    Period{QT_TRANSLATE_NOOP("FilterBar", "Last year"),
+    Period{QT_TRANSLATE_NOOP("ledra::FilterBar", "Last year"),
            [](QDate today) { return QDate(today.year() - 1, 1, 1); },
            [](QDate today) { return QDate(today.year() - 1, 12, 31); }},
 };

@@ -27,6 +27,7 @@ InvoiceListView::InvoiceListView(InvoiceTableModel& model, QWidget* parent)
     setDragEnabled(true);
     setDragDropMode(DragOnly);
     setVerticalScrollMode(ScrollPerPixel);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff); // the recipient takes what is left
     setContextMenuPolicy(Qt::CustomContextMenu);
     setUpColumns();
     connect(&model, &QAbstractItemModel::modelAboutToBeReset, this, [this] {
@@ -55,7 +56,7 @@ void InvoiceListView::setUpColumns()
     setSortingEnabled(true);
     sortByColumn(InvoiceTableModel::date, Qt::DescendingOrder);
     header->setSectionResizeMode(InvoiceTableModel::recipient, QHeaderView::Stretch);
-    constexpr std::array<int, InvoiceTableModel::columns> widths = {116, 180, 100, 100, 108, 104};
+    constexpr std::array<int, InvoiceTableModel::columns> widths = {100, 180, 92, 92, 96, 98};
     for (int column = 0; column < InvoiceTableModel::columns; ++column)
         setColumnWidth(column, widths.at(static_cast<std::size_t>(column)));
 }
@@ -99,7 +100,8 @@ void InvoiceListView::reveal(const QUuid& id)
     const QModelIndex index = model_.indexOf(id);
     if (!index.isValid())
         return;
-    selectRow(index.row());
+    // Not selectRow(), which adds to the choice while Ctrl is held, as it is for a shortcut.
+    selectionModel()->setCurrentIndex(index, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
     scrollTo(index);
 }
 
@@ -138,8 +140,8 @@ void InvoiceListView::resizeEvent(QResizeEvent* event)
 /// In a narrow list the days give way first: whom, how much and how it stands remain.
 void InvoiceListView::fitColumns()
 {
-    constexpr int roomForDue = 560;
-    constexpr int roomForDate = 440;
+    constexpr int roomForDue = 600;
+    constexpr int roomForDate = 480;
     setColumnHidden(InvoiceTableModel::due, viewport()->width() < roomForDue);
     setColumnHidden(InvoiceTableModel::date, viewport()->width() < roomForDate);
 }

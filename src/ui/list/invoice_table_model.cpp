@@ -14,9 +14,12 @@ namespace ledra {
 namespace {
 
 constexpr std::array<const char*, InvoiceTableModel::columns> titles = {
-    QT_TRANSLATE_NOOP("InvoiceTableModel", "Number"), QT_TRANSLATE_NOOP("InvoiceTableModel", "Recipient"),
-    QT_TRANSLATE_NOOP("InvoiceTableModel", "Date"),   QT_TRANSLATE_NOOP("InvoiceTableModel", "Due"),
-    QT_TRANSLATE_NOOP("InvoiceTableModel", "Total"),  QT_TRANSLATE_NOOP("InvoiceTableModel", "Status"),
+    QT_TRANSLATE_NOOP("ledra::InvoiceTableModel", "Number"),
+    QT_TRANSLATE_NOOP("ledra::InvoiceTableModel", "Recipient"),
+    QT_TRANSLATE_NOOP("ledra::InvoiceTableModel", "Date"),
+    QT_TRANSLATE_NOOP("ledra::InvoiceTableModel", "Due"),
+    QT_TRANSLATE_NOOP("ledra::InvoiceTableModel", "Total"),
+    QT_TRANSLATE_NOOP("ledra::InvoiceTableModel", "Status"),
 };
 
 QString dayOf(QDate day)

@@ -23,13 +23,13 @@ struct Title
 };
 
 constexpr std::array titles = {
-    Title{Kind::all, QT_TRANSLATE_NOOP("SideBar", "All"), "all"},
-    Title{Kind::drafts, QT_TRANSLATE_NOOP("SideBar", "Drafts"), "drafts"},
-    Title{Kind::sent, QT_TRANSLATE_NOOP("SideBar", "Sent"), "sent"},
-    Title{Kind::overdue, QT_TRANSLATE_NOOP("SideBar", "Overdue"), "overdue"},
-    Title{Kind::paid, QT_TRANSLATE_NOOP("SideBar", "Paid"), "paid"},
-    Title{Kind::cancelled, QT_TRANSLATE_NOOP("SideBar", "Cancelled"), "cancelled"},
-    Title{Kind::quotes, QT_TRANSLATE_NOOP("SideBar", "Quotes"), "quotes"},
+    Title{Kind::all, QT_TRANSLATE_NOOP("ledra::SideBar", "All"), "all"},
+    Title{Kind::drafts, QT_TRANSLATE_NOOP("ledra::SideBar", "Drafts"), "drafts"},
+    Title{Kind::sent, QT_TRANSLATE_NOOP("ledra::SideBar", "Sent"), "sent"},
+    Title{Kind::overdue, QT_TRANSLATE_NOOP("ledra::SideBar", "Overdue"), "overdue"},
+    Title{Kind::paid, QT_TRANSLATE_NOOP("ledra::SideBar", "Paid"), "paid"},
+    Title{Kind::cancelled, QT_TRANSLATE_NOOP("ledra::SideBar", "Cancelled"), "cancelled"},
+    Title{Kind::quotes, QT_TRANSLATE_NOOP("ledra::SideBar", "Quotes"), "quotes"},
 };
 
 constexpr int countRole = Qt::UserRole;
@@ -194,9 +194,10 @@ int SideBar::rowOfChosen() const
 void SideBar::showLists()
 {
     const QSignalBlocker quiet(lists_);
+    // Before anything is cleared: reading them says that they are new.
+    const std::size_t reminders = countsReminders_ ? app_.reminderManager().reminders().size() : 0;
     entries_.clear();
     lists_->clear();
-    const std::size_t reminders = countsReminders_ ? app_.reminderManager().reminders().size() : 0;
     for (SmartListContent& content : smartLists(app_.invoiceManager().invoices(), app_.clock().now())) {
         const bool isLastKind = content.list.kind == Kind::quotes;
         addEntry({std::move(content)});
@@ -211,6 +212,12 @@ void SideBar::showLists()
 void SideBar::showAll()
 {
     lists_->setCurrentRow(0);
+}
+
+void SideBar::showReminders()
+{
+    const auto found = std::ranges::find_if(entries_, &Entry::isReminders);
+    lists_->setCurrentRow(static_cast<int>(found - entries_.begin()));
 }
 
 void SideBar::pick(int row)

@@ -22,6 +22,8 @@ public:
     /// Goes to the list of all records.
     void showAll();
 
+    void showReminders();
+
 Q_SIGNALS:
     void recordsPicked();   ///< a list of invoices, quotes and cancellations; the filter is set
     void remindersPicked(); ///< the list of reminders

@@ -41,8 +41,8 @@ constexpr std::array colors = {
     PaletteColor{QPalette::Shadow, 0xff8a8a92, 0xff0c0c0e},
 };
 
-constexpr QRgb disabledLight = 0xff9a9aa2;
-constexpr QRgb disabledDark = 0xff707078;
+constexpr QRgb disabledLight = 0xff77777f;
+constexpr QRgb disabledDark = 0xff94949c;
 
 QPalette paletteOf(QRgb PaletteColor::* shade, QRgb disabled)
 {

@@ -6,6 +6,7 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
+#include <QTimer>
 #include <QToolButton>
 #include <QVBoxLayout>
 
@@ -20,14 +21,27 @@ MessageBar::MessageBar(QWidget* parent) : QWidget(parent), layout_(new QVBoxLayo
 
 void MessageBar::warn(const QString& line, const std::vector<Remedy>& remedies)
 {
+    addRow(line, remedies, "warning", warningLook());
+}
+
+void MessageBar::inform(const QString& line, const std::vector<Remedy>& remedies)
+{
+    constexpr int milliseconds = 20'000;
+    if (QFrame* row = addRow(line, remedies, "information", statusLook(Status::sent)))
+        QTimer::singleShot(milliseconds, row, [this, row] { remove(row); });
+}
+
+/// Nothing where the line stands already.
+QFrame* MessageBar::addRow(const QString& line, const std::vector<Remedy>& remedies, const char* iconName,
+                           const StatusLook& look)
+{
     constexpr std::size_t most = 4; // older ones make room
     if (lines().contains(line))
-        return;
+        return nullptr;
     if (rows_.size() == most)
         remove(rows_.front().second);
     auto* row = new QFrame(this);
     row->setAutoFillBackground(true);
-    const StatusLook& look = warningLook();
     QPalette palette = row->palette();
     palette.setColor(QPalette::Window, look.ground());
     palette.setColor(QPalette::WindowText, look.ink());
@@ -35,7 +49,7 @@ void MessageBar::warn(const QString& line, const std::vector<Remedy>& remedies)
     auto* parts = new QHBoxLayout(row);
     parts->setContentsMargins(12, 6, 8, 6);
     auto* icon = new QLabel(row);
-    icon->setPixmap(lineIcon("warning", look.ink()).pixmap(QSize(18, 18), devicePixelRatioF()));
+    icon->setPixmap(lineIcon(iconName, look.ink()).pixmap(QSize(18, 18), devicePixelRatioF()));
     parts->addWidget(icon, 0, Qt::AlignTop);
     auto* text = new QLabel(row);
     text->setTextFormat(Qt::PlainText);
@@ -60,6 +74,7 @@ void MessageBar::warn(const QString& line, const std::vector<Remedy>& remedies)
     layout_->addWidget(row);
     rows_.emplace_back(line, row);
     show();
+    return row;
 }
 
 QStringList MessageBar::lines() const

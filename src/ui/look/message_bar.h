@@ -10,6 +10,8 @@ class QVBoxLayout;
 
 namespace ledra {
 
+struct StatusLook;
+
 /// Says above the content what went wrong, until somebody has read it. The same line is not said twice.
 class MessageBar : public QWidget
 {
@@ -26,6 +28,10 @@ public:
     };
 
     void warn(const QString& line, const std::vector<Remedy>& remedies = {});
+
+    /// Something went well that can be followed up; it goes by itself after a while.
+    void inform(const QString& line, const std::vector<Remedy>& remedies);
+
     QStringList lines() const; ///< that are to be read
     void clear();
 
@@ -36,6 +42,8 @@ Q_SIGNALS:
     void noted(const QString& line);
 
 private:
+    QFrame* addRow(const QString& line, const std::vector<Remedy>& remedies, const char* icon,
+                   const StatusLook& look);
     void remove(QFrame* row);
 
     QVBoxLayout* layout_;

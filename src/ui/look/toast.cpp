@@ -1,6 +1,7 @@
 #include "ui/look/toast.h"
 
 #include <QEvent>
+#include <QPainter>
 
 namespace ledra {
 
@@ -8,8 +9,8 @@ Toast::Toast(QWidget* window) : QLabel(window)
 {
     setTextFormat(Qt::PlainText);
     setAttribute(Qt::WA_TransparentForMouseEvents);
-    setStyleSheet(QStringLiteral("background: palette(tool-tip-base); color: palette(tool-tip-text); "
-                                 "border-radius: 8px; padding: 8px 14px;"));
+    setContentsMargins(14, 8, 14, 8);
+    setForegroundRole(QPalette::ToolTipText);
     setAccessibleName(tr("Message"));
     hide();
     timer_.setSingleShot(true);
@@ -26,6 +27,19 @@ void Toast::say(const QString& line)
     show();
     raise();
     timer_.start(leastTime + timePerLetter * static_cast<int>(line.size()));
+}
+
+void Toast::paintEvent(QPaintEvent* event)
+{
+    constexpr double radius = 8;
+    {
+        QPainter painter(this);
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(palette().brush(QPalette::ToolTipBase));
+        painter.drawRoundedRect(rect(), radius, radius);
+    }
+    QLabel::paintEvent(event);
 }
 
 void Toast::place()

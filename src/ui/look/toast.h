@@ -16,6 +16,7 @@ public:
     void say(const QString& line);
 
 protected:
+    void paintEvent(QPaintEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:

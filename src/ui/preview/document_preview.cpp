@@ -50,6 +50,7 @@ DocumentPreview::DocumentPreview(QtWebEngine& engine, Console& console, QWidget*
 
 DocumentPreview::~DocumentPreview()
 {
+    ++turn_; // pages that go answer their scripts
     for (const std::unique_ptr<Pane>& pane : panes_) {
         pane->page->disconnect(this);
         for (const QUrl& address : pane->addresses)
