@@ -1,56 +1,15 @@
-#include "support/program_run.h"
-#include "support/recording_console.h"
+#include "support/desk.h"
 #include "support/test_suite.h"
-#include "ui/document_preview.h"
-#include "ui/main_window.h"
 
-#include <QAction>
-#include <QLineEdit>
+#include <QHeaderView>
 #include <QListWidget>
-#include <QSignalSpy>
-#include <QTableView>
+#include <QWebEnginePage>
+#include <QWebEngineView>
+
+#include <csignal>
 
 using namespace ledra;
-
-namespace {
-
-/// The window over an empty home, driven as by a user.
-struct Desk
-{
-    Desk()
-    {
-        window.show();
-        window.activateWindow();
-    }
-
-    QTableView* table() const { return window.findChild<QTableView*>(); }
-    QListWidget* lists() const { return window.findChild<QListWidget*>(); }
-
-    void press(const char* shortcut)
-    {
-        for (QAction* action : window.findChildren<QAction*>()) {
-            if (action->shortcut() == QKeySequence(QString::fromLatin1(shortcut)) && action->isEnabled())
-                action->trigger();
-        }
-    }
-
-    /// The texts of a row, with bars between them.
-    QString row(int number) const
-    {
-        QStringList texts;
-        for (int column = 0; column < table()->model()->columnCount(); ++column)
-            texts += table()->model()->index(number, column).data().toString();
-        return texts.join(u'|');
-    }
-
-    test::RecordingConsole console;
-    LedraApp app{{.console = console}};
-    QtWebEngine engine;
-    WebFontManager fonts;
-    MainWindow window{app, engine, fonts};
-};
-
-} // namespace
+using test::Desk;
 
 class MainWindowTest : public test::Suite
 {
@@ -59,6 +18,7 @@ class MainWindowTest : public test::Suite
 private Q_SLOTS:
     void init()
     {
+        test::failOnWindowWarnings();
         home_ = std::make_unique<test::ProgramHome>();
         home_->enter();
     }
@@ -66,22 +26,23 @@ private Q_SLOTS:
     void makesShowsAndTakesBack()
     {
         Desk desk;
-        QSignalSpy shown(&desk.window.preview(), &DocumentPreview::shown);
+        QSignalSpy shown(&desk.window.previewPanel().preview(), &DocumentPreview::shown);
         desk.press("Ctrl+N");
-        QCOMPARE(desk.table()->model()->rowCount(), 1);
+        QCOMPARE(desk.model().recordCount(), std::size_t(1));
         QVERIFY(desk.row(0).endsWith(u"Draft"));
         QVERIFY(desk.window.selected().size() == 1);
-        QVERIFY(shown.wait(20'000));
+        QTRY_COMPARE_WITH_TIMEOUT(desk.window.previewPanel().preview().pageCount(), 1, 20'000);
         desk.press("Ctrl+D");
-        QCOMPARE(desk.table()->model()->rowCount(), 2);
-        desk.press("Ctrl+2");
-        QCOMPARE(desk.lists()->item(2)->text(), QStringLiteral("Sent  (1)"));
-        desk.press("Del"); // what is sent stays, and the window says why
-        QCOMPARE(desk.table()->model()->rowCount(), 2);
+        QCOMPARE(desk.model().recordCount(), std::size_t(2));
+        desk.press("Ctrl+Alt+2");
+        QVERIFY(desk.row(0).endsWith(u"Sent"));
+        QTRY_COMPARE(desk.lists()->item(2)->data(Qt::AccessibleTextRole).toString(),
+                     QStringLiteral("Sent, 1"));
         for (int step = 0; step < 3; ++step)
             desk.press("Ctrl+Z");
-        QCOMPARE(desk.table()->model()->rowCount(), 0);
-        QCOMPARE(desk.lists()->item(0)->text(), QStringLiteral("All  (0)"));
+        QCOMPARE(desk.model().recordCount(), std::size_t(0));
+        desk.press("Ctrl+Shift+Z");
+        QCOMPARE(desk.model().recordCount(), std::size_t(1));
         QVERIFY(desk.console.failures.isEmpty());
     }
 
@@ -90,20 +51,61 @@ private Q_SLOTS:
         Desk desk;
         for (const char* name : {"Jonas Ahlers", "Mia Petersen"}) {
             desk.press("Ctrl+N");
-            QVERIFY(desk.window.jobs().edit(
-                (*desk.window.selected().front())->id,
-                [&](Invoice& invoice) { invoice.name = QString::fromLatin1(name); }, EditKind::typing));
+            QVERIFY(desk.type("Name", QString::fromLatin1(name)));
         }
-        desk.press("Ctrl+3");
-        desk.lists()->setCurrentRow(4); // paid
-        QCOMPARE(desk.table()->model()->rowCount(), 1);
+        desk.press("Ctrl+Alt+3");
+        QTRY_COMPARE(desk.lists()->item(4)->data(Qt::AccessibleTextRole).toString(),
+                     QStringLiteral("Paid, 1"));
+        desk.lists()->setCurrentRow(4);
+        QCOMPARE(desk.model().recordCount(), std::size_t(1));
         QVERIFY(desk.row(0).contains(u"Mia Petersen"));
         desk.lists()->setCurrentRow(0);
-        QTest::keyClicks(desk.window.findChild<QLineEdit*>(), QStringLiteral("jona"));
-        QCOMPARE(desk.table()->model()->rowCount(), 1);
+        desk.press("Ctrl+F");
+        auto* search = qobject_cast<QLineEdit*>(QApplication::focusWidget());
+        QVERIFY(search);
+        QTest::keyClicks(search, QStringLiteral("jona"));
+        QCOMPARE(desk.model().recordCount(), std::size_t(1));
         QVERIFY(desk.row(0).contains(u"Jonas Ahlers"));
         desk.lists()->setCurrentRow(4); // the search goes on in the other list
-        QCOMPARE(desk.table()->model()->rowCount(), 0);
+        QCOMPARE(desk.model().recordCount(), std::size_t(0));
+    }
+
+    void ordersAndGroups()
+    {
+        Desk desk;
+        const QDate days[] = {QDate(2026, 3, 5), QDate(2026, 3, 20), QDate(2025, 12, 31)};
+        const char* names[] = {"Berta", "Anton", "Cäsar"};
+        for (int i = 0; i < 3; ++i) {
+            desk.press("Ctrl+N");
+            QVERIFY(desk.window.jobs().edit(
+                desk.invoice().id,
+                [&](Invoice& invoice) {
+                    invoice.name = QString::fromUtf8(names[i]);
+                    invoice.date = Timestamp::fromDateTime(QDateTime(days[i], QTime(12, 0)));
+                },
+                EditKind::single));
+        }
+        QCOMPARE(desk.model().headings(), (std::vector<int>{0, 3}));
+        QCOMPARE(desk.model().index(0, 0).data().toString(), QStringLiteral("March 2026"));
+        QVERIFY(!(desk.model().flags(desk.model().index(0, 0)) & Qt::ItemIsSelectable));
+        desk.list().sortByColumn(InvoiceTableModel::recipient, Qt::AscendingOrder);
+        QVERIFY(desk.model().headings().empty());
+        QVERIFY(desk.row(0).contains(u"Anton") && desk.row(2).contains(u"Cäsar"));
+        desk.list().sortByColumn(InvoiceTableModel::recipient, Qt::DescendingOrder);
+        QVERIFY(desk.row(0).contains(u"Cäsar"));
+    }
+
+    /// The list gives room to the editor, and shows whom, how much and how it stands.
+    void makesRoomForTheEditor()
+    {
+        Desk desk;
+        desk.window.resize(1400, 800);
+        desk.press("Ctrl+N");
+        QTRY_VERIFY(desk.list().viewport()->width() < 480);
+        QTRY_VERIFY(desk.list().isColumnHidden(InvoiceTableModel::date));
+        QVERIFY(desk.list().columnWidth(InvoiceTableModel::recipient) >= 80);
+        desk.press("Ctrl+Return");
+        QTRY_VERIFY(!desk.list().isColumnHidden(InvoiceTableModel::date));
     }
 
     void looksAsItWasLeft()
@@ -113,14 +115,75 @@ private Q_SLOTS:
             Desk desk;
             desk.press("Ctrl+N");
             desk.press("Ctrl+N");
-            desk.table()->selectRow(1);
-            selected = (*desk.window.selected().front())->id;
-            desk.window.resize(1111, 666);
+            desk.list().reveal((*desk.app.invoiceManager().invoices().back())->id);
+            selected = desk.invoice().id;
+            desk.list().sortByColumn(InvoiceTableModel::total, Qt::AscendingOrder);
+            desk.window.resize(1411, 766);
+            desk.window.previewPanel().actualSize();
             desk.window.close();
         }
         Desk again;
-        QCOMPARE(again.window.size(), QSize(1111, 666));
-        QCOMPARE((*again.window.selected().front())->id, selected);
+        QCOMPARE(again.window.size(), QSize(1411, 766));
+        QCOMPARE(again.invoice().id, selected);
+        QVERIFY(again.window.isEditorOpen());
+        QCOMPARE(again.list().horizontalHeader()->sortIndicatorSection(), int(InvoiceTableModel::total));
+        QCOMPARE(again.window.previewPanel().preview().zoom(), 96.0 / 72.0);
+    }
+
+    /// A second process changes the record on screen, and then makes one.
+    void followsAnotherProcess()
+    {
+        Desk desk;
+        desk.press("Ctrl+N");
+        const QString id = desk.invoice().id.toString(QUuid::WithoutBraces);
+        QCOMPARE(test::runProgram({QStringLiteral("set"), id, QStringLiteral("recipient.name=From Outside")})
+                     .exitCode,
+                 0);
+        QTRY_VERIFY_WITH_TIMEOUT(desk.row(0).contains(u"From Outside"), 10'000);
+        QCOMPARE(desk.field<QLineEdit>("Name")->text(), QStringLiteral("From Outside"));
+        QCOMPARE(test::runProgram({QStringLiteral("new"), QStringLiteral("quote")}).exitCode, 0);
+        QTRY_COMPARE_WITH_TIMEOUT(desk.model().recordCount(), std::size_t(2), 10'000);
+        QCOMPARE(desk.invoice().id.toString(QUuid::WithoutBraces), id); // what was chosen stays chosen
+    }
+
+    /// The engine's process dies under the preview: it says so once and comes back.
+    void survivesADeadEngine()
+    {
+        Desk desk;
+        desk.press("Ctrl+N");
+        DocumentPreview& preview = desk.window.previewPanel().preview();
+        QTRY_COMPARE_WITH_TIMEOUT(preview.pageCount(), 1, 20'000);
+        QSignalSpy interrupted(&preview, &DocumentPreview::interrupted);
+        QSignalSpy shown(&preview, &DocumentPreview::shown);
+        for (const QWebEngineView* view : preview.findChildren<QWebEngineView*>())
+            QCOMPARE(::kill(static_cast<pid_t>(view->page()->renderProcessPid()), SIGKILL), 0);
+        QVERIFY(interrupted.wait(10'000));
+        QVERIFY(shown.wait(20'000));
+        QCOMPARE(preview.pageCount(), 1);
+        QVERIFY(desk.type("Name", QStringLiteral("Still here")));
+        QVERIFY(shown.wait(20'000));
+        QCOMPARE(desk.window.parts().messages.lines().size(), 1);
+    }
+
+    /// Typing goes on while the folder is gone; everything is written once it is back.
+    void keepsWhatIsTypedWithoutTheFolder()
+    {
+        Desk desk;
+        desk.press("Ctrl+N");
+        const QString file = desk.app.invoiceManager().filePath(desk.invoice().id);
+        const QString folder = QFileInfo(file).path();
+        QVERIFY(QFile::rename(folder, folder + QStringLiteral("-away")));
+        QVERIFY(test::writeFile(folder, "in the way"));
+        QVERIFY(desk.type("Name", QStringLiteral("Typed in the dark")));
+        QTRY_VERIFY_WITH_TIMEOUT(!desk.console.failures.isEmpty(), 5'000);
+        QCOMPARE(desk.invoice().name, QStringLiteral("Typed in the dark"));
+        QVERIFY(QFile::remove(folder));
+        QVERIFY(QFile::rename(folder + QStringLiteral("-away"), folder));
+        QVERIFY(desk.type("City", QStringLiteral("Kiel")));
+        QTRY_VERIFY_WITH_TIMEOUT(
+            test::runProgram({QStringLiteral("show"), desk.invoice().id.toString(QUuid::WithoutBraces)})
+                .output.contains("Typed in the dark"),
+            10'000);
     }
 
 private:

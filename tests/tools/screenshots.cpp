@@ -1,0 +1,190 @@
+// Takes pictures of the window in every state that users see, one after another, on the display that it is
+// given.
+//   usage: screenshots light|dark FOLDER        with the environment of a home that scripts/sample-home has
+//   filled
+
+#include "render/qt_web_engine.h"
+#include "render/web_font_manager.h"
+#include "ui/editor/editor_panel.h"
+#include "ui/jobs/document_actions.h"
+#include "ui/list/list_panel.h"
+#include "ui/list/side_bar.h"
+#include "ui/look/appearance.h"
+#include "ui/look/interface_language.h"
+#include "ui/main_window.h"
+#include "ui/preview/preview_panel.h"
+#include "ui/record_window.h"
+#include "ui/settings/settings_window.h"
+#include "ui/window_console.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QLineEdit>
+#include <QScreen>
+#include <QScrollArea>
+#include <QScrollBar>
+#include <QTest>
+
+#include <cstdio>
+
+namespace {
+
+using namespace ledra;
+
+class Photographer
+{
+public:
+    Photographer(MainWindow& window, const QString& folder) : window_(window), folder_(folder) {}
+
+    void takeAll()
+    {
+        take("list");
+        choose(Status::draft);
+        window_.openEditor();
+        take("editor");
+        scrollEditor(520);
+        take("editor-items");
+        scrollEditor(100'000);
+        take("editor-end");
+        scrollEditor(0);
+        choose(Status::sent);
+        take("editor-locked");
+        window_.toggleEditor();
+        run("Filter");
+        take("filter");
+        run("Filter");
+        run("Invoice Styling…");
+        take("styling");
+        run("Invoice Styling…");
+        search(QStringLiteral("nothing of that kind"));
+        take("nothing-found");
+        search({});
+        window_.listPanel().list().selectAll();
+        take("several");
+        choose(Status::draft);
+        takeLists();
+        takeDialogs();
+        takeMessages();
+    }
+
+private:
+    void take(const char* name)
+    {
+        constexpr int settling = 1500; // until the preview and the fonts stand
+        QTest::qWait(settling);
+        const QString path = QStringLiteral("%1/%2.png").arg(folder_, QString::fromLatin1(name));
+        if (!window_.screen()->grabWindow(0).save(path))
+            std::fprintf(stderr, "cannot write %s\n", qPrintable(path));
+    }
+
+    void run(const char* command) { window_.commands().action(command)->trigger(); }
+
+    void choose(Status status)
+    {
+        for (const InvoicePtr& record : window_.parts().app.invoiceManager().invoices()) {
+            if ((*record)->status == status && (*record)->type == InvoiceType::invoice) {
+                window_.reveal((*record)->id);
+                return;
+            }
+        }
+    }
+
+    void scrollEditor(int position)
+    {
+        window_.editor().findChild<QScrollArea*>()->verticalScrollBar()->setValue(position);
+    }
+
+    void search(const QString& text) { window_.listPanel().findChild<QLineEdit*>()->setText(text); }
+
+    void takeLists()
+    {
+        auto* lists = window_.sideBar().findChild<QListWidget*>();
+        constexpr int overdue = 3;
+        constexpr int reminders = 7;
+        lists->setCurrentRow(overdue);
+        window_.listPanel().list().selectRow(1);
+        take("overdue");
+        lists->setCurrentRow(reminders);
+        take("reminders");
+        window_.sideBar().showAll();
+        choose(Status::draft);
+    }
+
+    /// Runs a command that opens a dialog or a menu, takes its picture and closes it.
+    void takeOpened(const char* command, const char* name)
+    {
+        run(command);
+        take(name);
+        while (QWidget* open = QApplication::activePopupWidget() ? QApplication::activePopupWidget()
+                                                                 : QApplication::activeModalWidget())
+            open->close();
+        QTest::qWait(100);
+    }
+
+    void takeDialogs()
+    {
+        takeOpened("Search Commands…", "command-search");
+        takeOpened("CSV…", "csv");
+        choose(Status::cancelled);
+        takeOpened("Export as XRechnung…", "missing-fields");
+        choose(Status::draft);
+        takeOpened("Terms of Use", "terms");
+        takeOpened("About", "about");
+        SettingsWindow& settings = window_.openSettings();
+        for (const SettingsPage& page : settingsPages()) {
+            settings.openPage(QString::fromLatin1(page.title));
+            take(QByteArray("settings-")
+                     .append(QByteArray(page.title).toLower().replace(' ', '-'))
+                     .constData());
+        }
+        settings.close();
+        window_.commands().contextMenu()->popup(window_.mapToGlobal(QPoint(500, 260)));
+        take("context-menu");
+        window_.commands().contextMenu()->close();
+        RecordWindow separate(window_.parts().app, window_.parts().engine, window_.parts().fonts,
+                              window_.selected().front());
+        separate.show();
+        take("separate-window");
+    }
+
+    void takeMessages()
+    {
+        window_.parts().messages.warn(QStringLiteral("Error saving invoice: No space left on device"));
+        window_.parts().messages.note(QStringLiteral("2026-007.pdf"));
+        take("messages");
+    }
+
+    MainWindow& window_;
+    QString folder_;
+};
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    if (argc != 3) {
+        std::fputs("usage: screenshots light|dark FOLDER\n", stderr);
+        return 2;
+    }
+    QtWebEngine::prepare(true);
+    int engineArgc = 1; // the engine reads the arguments of the program
+    const QApplication application(engineArgc, argv);
+    const InterfaceLanguage language;
+    WindowConsole console;
+    LedraApp app({.console = console});
+    if (!app.settings().set(QStringLiteral("appearance"), QString::fromLocal8Bit(argv[1])))
+        return 2;
+    const AppearanceController appearance(app.settings());
+    QtWebEngine engine;
+    WebFontManager fonts;
+    app.followFonts(fonts);
+    MainWindow window(app, engine, fonts);
+    window.move(0, 0);
+    window.resize(window.screen()->size());
+    window.show();
+    const QString folder = QString::fromLocal8Bit(argv[2]);
+    if (!QDir().mkpath(folder))
+        return 1;
+    Photographer(window, folder).takeAll();
+    return 0;
+}
