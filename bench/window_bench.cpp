@@ -1,0 +1,161 @@
+// Weighs the window: from the start of the program's own work until it is painted and answers, a key stroke in
+// the search field, scrolling, and the preview after a key stroke in the editor. Prints lines "name value" in
+// seconds, which bench/run makes a table of.
+//   usage: window_bench FOLDER        an empty scratch folder
+
+#include "render/qt_web_engine.h"
+#include "render/web_font_manager.h"
+#include "scratch_home.h"
+#include "timing.h"
+#include "ui/editor/editor_panel.h"
+#include "ui/list/list_panel.h"
+#include "ui/main_window.h"
+#include "ui/preview/preview_panel.h"
+
+#include <QApplication>
+#include <QLineEdit>
+#include <QScrollBar>
+#include <QSignalSpy>
+#include <QTest>
+
+namespace {
+
+using namespace ledra;
+using bench::median;
+using bench::require;
+using bench::say;
+using bench::secondsOf;
+
+constexpr int someInvoices = 10'000;
+constexpr int manyInvoices = 100'000;
+
+/// The program's start without the loading of its libraries.
+struct Running
+{
+    explicit Running(Console& console) : app({.console = console}), window(app, engine, fonts)
+    {
+        window.resize(1360, 840);
+        window.show();
+        require(QTest::qWaitForWindowExposed(&window), "the window does not show");
+        window.repaint();
+    }
+
+    LedraApp app;
+    QtWebEngine engine;
+    WebFontManager fonts;
+    MainWindow window;
+};
+
+/// Until nothing is left to be done at once.
+void settle()
+{
+    QTest::qWait(2000);
+}
+
+void measureStart(Console& console)
+{
+    constexpr int rounds = 3;
+    std::vector<double> times;
+    for (int round = 0; round < rounds; ++round) {
+        std::unique_ptr<Running> running;
+        times.push_back(secondsOf([&] { running = std::make_unique<Running>(console); }));
+        require(running->window.listPanel().model().recordCount() > someInvoices * 9 / 10, "the list is not full");
+        settle();
+    }
+    say("window_start", median(times));
+}
+
+/// The longest time for which the window does not answer while it is scrolled page by page.
+void measureScrolling(Running& running)
+{
+    QScrollBar* bar = running.window.listPanel().list().verticalScrollBar();
+    double worst = 0;
+    std::vector<double> times;
+    for (int position = 0; position < bar->maximum(); position += bar->maximum() / 200) {
+        const double time = secondsOf([&] {
+            bar->setValue(position);
+            running.window.listPanel().list().viewport()->repaint();
+        });
+        times.push_back(time);
+        worst = std::max(worst, time);
+    }
+    require(bar->maximum() > 1000, "there is nothing to scroll");
+    say("window_scroll_frame", median(times));
+    say("window_scroll_worst", worst);
+}
+
+/// What one letter in the search field costs until the list has changed and is painted.
+void measureSearch(Running& running)
+{
+    auto* search = running.window.listPanel().findChild<QLineEdit*>();
+    search->setFocus();
+    const auto press = [&](const QString& letter) {
+        return secondsOf([&] {
+            QTest::keyClicks(search, letter);
+            running.window.listPanel().list().viewport()->repaint();
+        });
+    };
+    say("window_search_first", press(QStringLiteral("b")));
+    std::vector<double> times;
+    for (const char* word : {"erlin", "muster", "rechnung", "4711"}) {
+        for (const char* letter = word; *letter; ++letter)
+            times.push_back(press(QString(QLatin1Char(*letter))));
+        search->selectAll();
+        times.push_back(press(QStringLiteral("a")));
+    }
+    search->clear();
+    say("window_search_key", median(times));
+    say("window_search_worst", *std::ranges::max_element(times));
+}
+
+/// From the last key stroke in the editor until the preview shows it.
+void measurePreview(Running& running)
+{
+    constexpr int strokes = 20;
+    MainWindow& window = running.window;
+    const JobResult<InvoicePtr> made = window.jobs().create(InvoiceType::invoice);
+    require(made.has_value(), "no invoice was made");
+    window.reveal((**made)->id);
+    window.openEditor();
+    DocumentPreview& preview = window.previewPanel().preview();
+    QSignalSpy shown(&preview, &DocumentPreview::shown);
+    settle();
+    auto* field = qobject_cast<QLineEdit*>(QApplication::focusWidget());
+    require(field, "no field has the focus");
+    std::vector<double> times;
+    for (int stroke = 0; stroke < strokes; ++stroke) {
+        const auto before = shown.size();
+        times.push_back(secondsOf([&] {
+            QTest::keyClicks(field, QStringLiteral("x"));
+            require(QTest::qWaitFor([&] { return shown.size() > before; }), "the preview does not follow");
+        }));
+        QTest::qWait(50);
+    }
+    say("window_preview", median(times));
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    require(argc == 2, "usage: window_bench FOLDER");
+    QtWebEngine::prepare(false);
+    const QString folder = QString::fromLocal8Bit(argv[1]);
+    int engineArgc = 1; // the engine reads the arguments of the program
+    const QApplication application(engineArgc, argv);
+    {
+        bench::ScratchHome home(folder + QStringLiteral("/some"));
+        home.fill(someInvoices);
+        measureStart(home.console);
+        Running running(home.console);
+        settle();
+        measureScrolling(running);
+        measurePreview(running);
+    }
+    bench::ScratchHome home(folder + QStringLiteral("/many"));
+    home.fill(manyInvoices);
+    Running running(home.console);
+    settle();
+    measureSearch(running);
+    return 0;
+}
