@@ -1,6 +1,6 @@
-// Weighs the window: from the start of the program's own work until it is painted and answers, a key stroke in
-// the search field, scrolling, and the preview after a key stroke in the editor. Prints lines "name value" in
-// seconds, which bench/run makes a table of.
+// Weighs the window: from the start of the program's own work until it is painted and answers, a key stroke
+// in the search field, scrolling, and the preview after a key stroke in the editor. Prints lines "name value"
+// in seconds, which bench/run makes a table of.
 //   usage: window_bench FOLDER        an empty scratch folder
 
 #include "render/qt_web_engine.h"
@@ -59,7 +59,8 @@ void measureStart(Console& console)
     for (int round = 0; round < rounds; ++round) {
         std::unique_ptr<Running> running;
         times.push_back(secondsOf([&] { running = std::make_unique<Running>(console); }));
-        require(running->window.listPanel().model().recordCount() > someInvoices * 9 / 10, "the list is not full");
+        require(running->window.listPanel().model().recordCount() > someInvoices * 9 / 10,
+                "the list is not full");
         settle();
     }
     say("window_start", median(times));
@@ -124,10 +125,9 @@ void measurePreview(Running& running)
     require(field, "no field has the focus");
     std::vector<double> times;
     for (int stroke = 0; stroke < strokes; ++stroke) {
-        const auto before = shown.size();
         times.push_back(secondsOf([&] {
             QTest::keyClicks(field, QStringLiteral("x"));
-            require(QTest::qWaitFor([&] { return shown.size() > before; }), "the preview does not follow");
+            require(shown.wait(), "the preview does not follow");
         }));
         QTest::qWait(50);
     }

@@ -40,7 +40,7 @@ DocumentPreview::DocumentPreview(QtWebEngine& engine, Console& console, QWidget*
     : QWidget(parent), engine_(engine), paginator_(engine, console), layout_(new QStackedLayout(this))
 {
     layout_->setStackingMode(QStackedLayout::StackAll); // a view that is hidden does not draw
-    for (const std::size_t position : {0, 1})
+    for (const std::size_t position : {0U, 1U})
         makePane(position);
     limit_.setSingleShot(true);
     constexpr int seconds = 10;
@@ -171,7 +171,7 @@ void DocumentPreview::recover()
     limit_.stop();
     ++turn_;
     constexpr int attempts = 3;
-    for (const std::size_t position : {0, 1}) {
+    for (const std::size_t position : {0U, 1U}) {
         panes_[position]->page->disconnect(this);
         for (const QUrl& address : panes_[position]->addresses)
             engine_.pages().withdraw(address);
