@@ -1,5 +1,5 @@
-// Texts that windows show and that stand in tables below them, where nothing is translated. Read by lupdate only, not
-// compiled.
+// Texts that windows show and that stand in tables below them, where nothing is translated. Read by lupdate
+// only, not compiled.
 #include <QtGlobal>
 
 const char* const stateLabels[] = {
@@ -44,14 +44,10 @@ const char* const headlines[] = {
     QT_TRANSLATE_NOOP("ReminderHeadline", "Final Payment Reminder"),
 };
 const char* const columns[] = {
-    QT_TRANSLATE_NOOP("CSVExporter", "Name"),
-    QT_TRANSLATE_NOOP("CSVExporter", "Address"),
-    QT_TRANSLATE_NOOP("CSVExporter", "Date"),
-    QT_TRANSLATE_NOOP("CSVExporter", "Invoice Number"),
-    QT_TRANSLATE_NOOP("CSVExporter", "Net"),
-    QT_TRANSLATE_NOOP("CSVExporter", "VAT"),
-    QT_TRANSLATE_NOOP("CSVExporter", "Gross"),
-    QT_TRANSLATE_NOOP("CSVExporter", "Currency"),
+    QT_TRANSLATE_NOOP("CSVExporter", "Name"),   QT_TRANSLATE_NOOP("CSVExporter", "Address"),
+    QT_TRANSLATE_NOOP("CSVExporter", "Date"),   QT_TRANSLATE_NOOP("CSVExporter", "Invoice Number"),
+    QT_TRANSLATE_NOOP("CSVExporter", "Net"),    QT_TRANSLATE_NOOP("CSVExporter", "VAT"),
+    QT_TRANSLATE_NOOP("CSVExporter", "Gross"),  QT_TRANSLATE_NOOP("CSVExporter", "Currency"),
     QT_TRANSLATE_NOOP("CSVExporter", "Status"),
 };
 const char* const statuses[] = {
@@ -61,27 +57,25 @@ const char* const statuses[] = {
     QT_TRANSLATE_NOOP("StatusLook", "Cancelled"),
 };
 const char* const standardButtons[] = {
-    QT_TRANSLATE_NOOP("QPlatformTheme", "OK"),
-    QT_TRANSLATE_NOOP("QPlatformTheme", "Cancel"),
-    QT_TRANSLATE_NOOP("QPlatformTheme", "Close"),
-    QT_TRANSLATE_NOOP("QPlatformTheme", "Open"),
-    QT_TRANSLATE_NOOP("QPlatformTheme", "Save"),
-    QT_TRANSLATE_NOOP("QPlatformTheme", "&Yes"),
-    QT_TRANSLATE_NOOP("QPlatformTheme", "&No"),
-    QT_TRANSLATE_NOOP("QPlatformTheme", "Apply"),
-    QT_TRANSLATE_NOOP("QPlatformTheme", "Reset"),
-    QT_TRANSLATE_NOOP("QPlatformTheme", "Discard"),
+    QT_TRANSLATE_NOOP("QPlatformTheme", "OK"),    QT_TRANSLATE_NOOP("QPlatformTheme", "Cancel"),
+    QT_TRANSLATE_NOOP("QPlatformTheme", "Close"), QT_TRANSLATE_NOOP("QPlatformTheme", "Open"),
+    QT_TRANSLATE_NOOP("QPlatformTheme", "Save"),  QT_TRANSLATE_NOOP("QPlatformTheme", "&Yes"),
+    QT_TRANSLATE_NOOP("QPlatformTheme", "&No"),   QT_TRANSLATE_NOOP("QPlatformTheme", "Apply"),
+    QT_TRANSLATE_NOOP("QPlatformTheme", "Reset"), QT_TRANSLATE_NOOP("QPlatformTheme", "Discard"),
 };
 const char* const identifierProblems[] = {
-    QT_TRANSLATE_NOOP("IdentifierChecks", "An IBAN begins with two letters and two digits: DE89 3704 0044 0532 0130 00"),
+    QT_TRANSLATE_NOOP("IdentifierChecks",
+                      "An IBAN begins with two letters and two digits: DE89 3704 0044 0532 0130 00"),
     QT_TRANSLATE_NOOP("IdentifierChecks", "IBANs of this country have another length"),
-    QT_TRANSLATE_NOOP("IdentifierChecks", "The check digits do not fit: a character is wrong, or two are swapped"),
+    QT_TRANSLATE_NOOP("IdentifierChecks",
+                      "The check digits do not fit: a character is wrong, or two are swapped"),
     QT_TRANSLATE_NOOP("IdentifierChecks", "A BIC has 8 or 11 letters and digits: COBADEFFXXX"),
     QT_TRANSLATE_NOOP("IdentifierChecks", "The fifth and sixth letter name no country"),
     QT_TRANSLATE_NOOP("IdentifierChecks", "German tax numbers have 10 to 13 digits: 29/815/08154"),
     QT_TRANSLATE_NOOP("IdentifierChecks", "A VAT ID begins with the letters of its country"),
     QT_TRANSLATE_NOOP("IdentifierChecks", "VAT IDs of this country look different"),
-    QT_TRANSLATE_NOOP("IdentifierChecks", "The check digit does not fit: a character is wrong, or two are swapped"),
+    QT_TRANSLATE_NOOP("IdentifierChecks",
+                      "The check digit does not fit: a character is wrong, or two are swapped"),
 };
 const char* const choices[] = {
     QT_TRANSLATE_NOOP("Choices", "None"),

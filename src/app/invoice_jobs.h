@@ -50,7 +50,8 @@ public:
 private:
     JobResult<InvoicePtr> find(const QUuid& id) const;
     JobFailure guarded(const InvoicePtr& record) const;
-    JobResult<void> mayEdit(const InvoicePtr& record, const std::function<void(Invoice&)>& change, Force force) const;
+    JobResult<void> mayEdit(const InvoicePtr& record, const std::function<void(Invoice&)>& change,
+                            Force force) const;
 
     InvoiceManager& invoices_;
     const ProfileManager& profiles_;

@@ -22,7 +22,8 @@ namespace ledra::test {
 /// A warning of Qt fails the test, but for what the platform without a display cannot do.
 inline void failOnWindowWarnings()
 {
-    QTest::failOnWarning(QRegularExpression(QStringLiteral("^(?!This plugin does not support |WebEngineContext used |No suitable graphics ).*")));
+    QTest::failOnWarning(QRegularExpression(
+        QStringLiteral("^(?!This plugin does not support |WebEngineContext used |No suitable graphics ).*")));
 }
 
 /// The window over the home that the environment names, used as by somebody who sits before it.

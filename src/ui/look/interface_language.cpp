@@ -10,8 +10,7 @@ namespace ledra {
 InterfaceLanguage::InterfaceLanguage()
 {
     const bool isGerman = readerLanguage() == Language::german;
-    if (isGerman &&
-        qt_.load(QStringLiteral("qtbase_de"), QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
+    if (isGerman && qt_.load(QStringLiteral("qtbase_de"), QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
         QCoreApplication::installTranslator(&qt_);
     // English has its plurals there only.
     if (own_.load(QStringLiteral(":/translations/ledra_%1.qm")

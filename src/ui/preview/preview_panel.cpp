@@ -127,7 +127,8 @@ void PreviewPanel::showState()
 
 QString PreviewPanel::zoomText() const
 {
-    return fits_ ? QStringLiteral("fit") : QString::number(preview_->zoom(), 'g', QLocale::FloatingPointShortest);
+    return fits_ ? QStringLiteral("fit")
+                 : QString::number(preview_->zoom(), 'g', QLocale::FloatingPointShortest);
 }
 
 void PreviewPanel::setZoomText(const QString& text)
