@@ -14,7 +14,7 @@ class ExportSourceFinder
 {
 public:
     ExportSourceFinder(const CommandArguments& arguments, Console& console)
-        : arguments_(arguments), console_(console), files_(clock_, ids_, systemRegion(), console)
+        : arguments_(arguments), files_(clock_, ids_, systemRegion(), console)
     {}
 
     /// All sources; what is wrong has been said when there are none. A record that is not found is named, and
@@ -32,7 +32,6 @@ private:
     std::expected<std::vector<ExportSource>, QString> withOwnStyling(std::vector<ExportSource> sources);
 
     const CommandArguments& arguments_;
-    Console& console_;
     SystemClock clock_;
     RandomIdSource ids_;
     BareFiles files_;

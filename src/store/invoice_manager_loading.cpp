@@ -38,7 +38,7 @@ void InvoiceManager::open()
     if (path == folder_.path() && profileId == profileId_)
         return;
     if (profileId != profileId_) {
-        writeUnsaved(); // the last chance
+        (void)writeUnsaved(); // the last chance; what is refused stays with the recovery
         entries_.clear();
         fallbackUndoStack_.clear();
         newlyCreatedInvoiceId_.reset();
