@@ -2,6 +2,7 @@
 
 #include <bitset>
 #include <cstddef>
+#include <cstdint>
 #include <functional>
 #include <memory>
 #include <tuple>
@@ -83,9 +84,13 @@ public:
     const T& operator*() const { return value_; }
     const T* operator->() const { return &value_; }
 
+    /// Grows with each edit, so that whoever keeps something that follows from the value knows whether it holds.
+    std::uint32_t revision() const { return revision_; }
+
     template <class Mutator>
     void edit(Mutator&& mutate)
     {
+        ++revision_;
         if (!observers_) {
             std::forward<Mutator>(mutate)(value_);
             return;
@@ -143,6 +148,7 @@ private:
     }
 
     T value_;
+    std::uint32_t revision_ = 0;
     mutable std::unique_ptr<std::vector<std::weak_ptr<Slot>>> observers_; ///< looking on changes nothing
 };
 
