@@ -114,15 +114,19 @@ void measureMany(bench::ScratchHome& home)
     say("store_many_start", seconds);
     say("store_many_memory", static_cast<double>(bench::proportionalMemory().value_or(0) - before) / 1024);
 
-    const auto measure = [](const char* name, const auto& work) {
+    FilterManager& filters = app->filterManager();
+    // What passes a filter is kept until another one is asked for.
+    const auto forget = [&] { (void)filters.passing({.year = 1970}); };
+    const auto measure = [&](const char* name, const auto& work) {
         std::vector<double> times;
-        for (int round = 0; round < rounds; ++round)
+        for (int round = 0; round < rounds; ++round) {
+            forget();
             times.push_back(secondsOf(work));
+        }
         say(name, median(times));
     };
     measure("store_next_number",
             [&] { require(app->invoiceManager().nextNumber(InvoiceType::invoice) > 0, "no next number"); });
-    FilterManager& filters = app->filterManager();
     const auto filter = [&](const char* name, const InvoiceFilter& wanted) {
         std::size_t found = 0;
         measure(name, [&] { found = filters.filtered(wanted).size(); });
@@ -130,7 +134,7 @@ void measureMany(bench::ScratchHome& home)
     };
     filter("store_filter_year", {.status = Status::sent, .year = 2025});
     filter("store_filter_overdue", {.overdueOnly = true});
-    say("store_index", secondsOf([&] { (void)filters.filtered({.search = QStringLiteral("x")}); }));
+    say("store_index", secondsOf([&] { filters.prepareSearch(); }));
     filter("store_filter_search", {.search = QStringLiteral("auftrag 4711")});
     filter("store_filter_words", {.search = QStringLiteral("özdemir kaffeetüten")});
 }

@@ -1,5 +1,7 @@
 #include "app/filter_manager.h"
 
+#include <algorithm>
+#include <iterator>
 #include <limits>
 
 namespace ledra {
@@ -67,28 +69,57 @@ void FilterManager::setFilter(const InvoiceFilter& filter)
 std::vector<InvoicePtr> FilterManager::filtered(const InvoiceFilter& filter)
 {
     const std::vector<InvoicePtr>& all = invoices_.invoices();
-    const bool searches = !filter.search.trimmed().isEmpty();
-    if (searches)
-        updateIndex();
-    const std::vector<bool> found = searches ? index_.matches(filter.search) : std::vector<bool>();
-
-    const Criteria passes(filter, clock_.now());
     std::vector<InvoicePtr> passed;
-    for (std::size_t i = 0; i < all.size(); ++i) {
-        if ((!searches || found[i]) && passes(**all[i]))
-            passed.push_back(all[i]);
-    }
+    for (const std::uint32_t place : passing(filter))
+        passed.push_back(all[place]);
     return passed;
 }
 
-void FilterManager::updateIndex()
+std::vector<std::uint32_t> FilterManager::passing(const InvoiceFilter& filter)
+{
+    if (filter.search.trimmed().isEmpty())
+        return passingCriteria(filter);
+    prepareSearch();
+    const std::vector<std::uint32_t>& found = index_.matches(filter.search);
+    const std::vector<std::uint32_t>& passed = passingCriteria(filter);
+    std::vector<std::uint32_t> both;
+    both.reserve(std::min(found.size(), passed.size()));
+    std::ranges::set_intersection(found, passed, std::back_inserter(both));
+    return both;
+}
+
+const std::vector<std::uint32_t>& FilterManager::passingCriteria(const InvoiceFilter& filter)
+{
+    InvoiceFilter withoutSearch = filter;
+    withoutSearch.search.clear();
+    const std::uint64_t revision = invoices_.contentRevision();
+    // What is overdue depends on the time as well.
+    if (passing_ && passing_->revision == revision && passing_->filter == withoutSearch &&
+        !filter.overdueOnly)
+        return passing_->places;
+    passing_ = {.filter = withoutSearch, .revision = revision, .places = {}};
+    const Criteria passes(filter, clock_.now());
+    const std::vector<InvoicePtr>& all = invoices_.invoices();
+    for (std::uint32_t place = 0; place < all.size(); ++place) {
+        if (passes(**all[place]))
+            passing_->places.push_back(place);
+    }
+    return passing_->places;
+}
+
+bool FilterManager::prepareSearch(QDeadlineTimer end)
 {
     const ProfilePtr& profile = profiles_.activeProfile();
+    if (!profile)
+        return true;
     const std::pair state(invoices_.contentRevision(), profiles_.profilesRevision());
-    if (!profile || indexedState_ == state)
-        return;
-    index_.build(invoices_.invoices(), **profile);
-    indexedState_ = state;
+    if (indexedState_ != state) {
+        const bool sameNumbers = indexedState_ && indexedState_->second == state.second;
+        index_.follow(invoices_.list(),
+                      sameNumbers ? SearchIndex::Known::stays : SearchIndex::Known::isOutdated);
+        indexedState_ = state;
+    }
+    return index_.advance(**profile, end);
 }
 
 } // namespace ledra

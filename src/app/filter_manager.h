@@ -50,14 +50,20 @@ public:
     void setFilter(const InvoiceFilter& filter);
 
     /// The records that pass, in the order of the list.
-    std::vector<InvoicePtr> filtered() { return filtered(filter_); }
     std::vector<InvoicePtr> filtered(const InvoiceFilter& filter);
+
+    /// The same as places in the list, ascending.
+    std::vector<std::uint32_t> passing(const InvoiceFilter& filter);
+
+    /// Reads the records for the next search until all is read, which is the result, or the time is over. A
+    /// search does the same itself; a window asks for it while nobody waits.
+    bool prepareSearch(QDeadlineTimer end = QDeadlineTimer(QDeadlineTimer::Forever));
 
 Q_SIGNALS:
     void changed();
 
 private:
-    void updateIndex();
+    const std::vector<std::uint32_t>& passingCriteria(const InvoiceFilter& filter);
 
     const InvoiceManager& invoices_;
     const ProfileManager& profiles_;
@@ -65,6 +71,15 @@ private:
     InvoiceFilter filter_;
     SearchIndex index_;
     std::optional<std::pair<std::uint64_t, unsigned>> indexedState_; ///< revisions of invoices and profiles
+
+    /// What passes without the search, which changes at each key stroke while the rest stays.
+    struct Passing
+    {
+        InvoiceFilter filter;
+        std::uint64_t revision = 0;
+        std::vector<std::uint32_t> places;
+    };
+    std::optional<Passing> passing_;
 };
 
 } // namespace ledra

@@ -38,8 +38,8 @@ InvoiceManager::~InvoiceManager() = default;
 std::int64_t InvoiceManager::nextNumber(InvoiceType type) const
 {
     std::vector<const Invoice*> records;
-    records.reserve(invoices_.size());
-    for (const InvoicePtr& invoice : invoices_)
+    records.reserve(invoices_->size());
+    for (const InvoicePtr& invoice : *invoices_)
         records.push_back(&**invoice);
     const ProfilePtr& profile = profiles_.activeProfile();
     const auto frequency = profile ? (*profile)->resetNumberFrequency : NumberResetFrequency::year;

@@ -27,6 +27,9 @@ struct FolderChanges;
 /// A record as others see it: they look on, the store edits.
 using InvoicePtr = std::shared_ptr<const InvoiceRecord>;
 
+/// A list of records that stays as it is; a change of the list is another one.
+using InvoiceList = std::shared_ptr<const std::vector<InvoicePtr>>;
+
 /// The invoices, quotes and cancellations of the active profile.
 ///
 /// Loads them from the profile's "Invoices" folder, makes new ones with their numbers, and writes every
@@ -46,7 +49,8 @@ public:
     ~InvoiceManager() override;
 
     /// Newest first.
-    const std::vector<InvoicePtr>& invoices() const { return invoices_; }
+    const std::vector<InvoicePtr>& invoices() const { return *invoices_; }
+    const InvoiceList& list() const { return invoices_; }
     int refreshTrigger() const { return refreshTrigger_; }
 
     /// Grows with every change of the list or of a record in it.
@@ -161,7 +165,7 @@ private:
     std::unique_ptr<FolderWatcher> watcher_;
     QHash<QUuid, Entry> entries_;
     QHash<QString, QUuid> idOfFile_; ///< by name, second files included
-    std::vector<InvoicePtr> invoices_;
+    InvoiceList invoices_ = std::make_shared<const std::vector<InvoicePtr>>();
     int refreshTrigger_ = 0;
     std::uint64_t contentRevision_ = 0;
     std::optional<QUuid> newlyCreatedInvoiceId_;

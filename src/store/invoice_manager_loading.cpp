@@ -170,15 +170,16 @@ void InvoiceManager::dropFile(const QString& name)
 
 void InvoiceManager::publish()
 {
-    invoices_.clear();
-    invoices_.reserve(static_cast<std::size_t>(entries_.size()));
+    std::vector<InvoicePtr> list;
+    list.reserve(static_cast<std::size_t>(entries_.size()));
     for (const Entry& entry : std::as_const(entries_))
-        invoices_.push_back(entry.record);
-    std::ranges::sort(invoices_, comesBefore);
+        list.push_back(entry.record);
+    std::ranges::sort(list, comesBefore);
+    invoices_ = std::make_shared<const std::vector<InvoicePtr>>(std::move(list));
     ++refreshTrigger_;
     ++contentRevision_;
     context_.console.information(QStringLiteral("InvoiceManager: Loaded %1 invoices, refreshTrigger: %2")
-                                     .arg(invoices_.size())
+                                     .arg(invoices_->size())
                                      .arg(refreshTrigger_));
     Q_EMIT refreshed();
 }

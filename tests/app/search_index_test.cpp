@@ -11,17 +11,37 @@ class SearchIndexTest : public test::Suite
 private Q_SLOTS:
     void words_data();
     void words();
+    void followsTheList();
+    void typing();
 };
 
 namespace {
 
-InvoicePtr record(const char* name, const char* item, std::int64_t number)
+const Profile profile = newProfile(QUuid::createUuid(), QStringLiteral("DE"));
+
+std::shared_ptr<InvoiceRecord> record(const char* name, const char* item, std::int64_t number)
 {
     Invoice invoice = newInvoice(QUuid::createUuid(), Timestamp(), {});
     invoice.name = QString::fromUtf8(name);
     invoice.number = number;
     invoice.items.push_back({{}, QString::fromUtf8(item), 1, Unit::piece, 1, 0});
     return std::make_shared<InvoiceRecord>(invoice);
+}
+
+InvoiceList listOf(std::vector<InvoicePtr> records)
+{
+    return std::make_shared<const std::vector<InvoicePtr>>(std::move(records));
+}
+
+const QDeadlineTimer forever(QDeadlineTimer::Forever);
+
+/// The places in which a text is found, one digit each.
+QString placesOf(SearchIndex& index, const char* text)
+{
+    QString places;
+    for (const std::uint32_t place : index.matches(QString::fromUtf8(text)))
+        places += QString::number(place);
+    return places;
 }
 
 } // namespace
@@ -44,17 +64,64 @@ void SearchIndexTest::words_data()
 
 void SearchIndexTest::words()
 {
-    const std::vector<InvoicePtr> records = {record("Aylin Özdemir", "Übersetzung", 10),
-                                             record("Zoë Brückner", "Tür und Rahmen\nin Weiß", 11),
-                                             record("", "Fuchs 🦊", 12), record("Mensch", "am Ende", 13)};
     SearchIndex index;
-    index.build(records, newProfile(QUuid::createUuid(), QStringLiteral("DE")));
+    index.follow(listOf({record("Aylin Özdemir", "Übersetzung", 10),
+                         record("Zoë Brückner", "Tür und Rahmen\nin Weiß", 11), record("", "Fuchs 🦊", 12),
+                         record("Mensch", "am Ende", 13)}),
+                 SearchIndex::Known::isOutdated);
+    QVERIFY(index.advance(profile, forever));
     QFETCH(QString, text);
-    QString found;
-    const std::vector<bool> matches = index.matches(text);
-    for (std::size_t i = 0; i < matches.size(); ++i)
-        found += matches[i] ? QString::number(i) : QString();
-    QTEST(found, "found");
+    QTEST(placesOf(index, text.toUtf8().constData()), "found");
+}
+
+/// Records that were edited, moved, added or left out between two states, the second of which is cut off
+/// once.
+void SearchIndexTest::followsTheList()
+{
+    std::vector<InvoicePtr> records;
+    std::vector<std::shared_ptr<InvoiceRecord>> editable;
+    constexpr int count = 500;
+    for (int i = 0; i < count; ++i)
+        records.push_back(editable.emplace_back(record("Kunde", "gleich", i)));
+    SearchIndex index;
+    index.follow(listOf(records), SearchIndex::Known::isOutdated);
+    QVERIFY(index.advance(profile, forever));
+
+    editable[7]->edit([](Invoice& invoice) { invoice.name = QStringLiteral("verändert"); });
+    editable[3]->edit([](Invoice& invoice) { invoice.name = QStringLiteral("verändert"); });
+    std::vector<InvoicePtr> next = records;
+    std::rotate(next.begin(), next.begin() + 7, next.begin() + 8); // to the front
+    next.erase(next.begin() + 100, next.begin() + 300);            // further than is looked ahead
+    next.insert(next.begin() + 2, record("verändert", "neu", count));
+    index.follow(listOf(next), SearchIndex::Known::stays);
+    QVERIFY(!index.advance(profile, QDeadlineTimer(0)));
+    index.follow(listOf(next), SearchIndex::Known::stays);
+    QVERIFY(index.advance(profile, forever));
+    QCOMPARE(placesOf(index, "verändert"), QStringLiteral("025"));
+    QCOMPARE(index.matches(QStringLiteral("gleich")).size(), next.size() - 1);
+
+    Profile renumbered = profile;
+    renumbered.numberFormat = QStringLiteral("Beleg ");
+    index.follow(listOf(next), SearchIndex::Known::isOutdated);
+    QVERIFY(index.advance(renumbered, forever));
+    QCOMPARE(index.matches(QStringLiteral("beleg")).size(), next.size());
+}
+
+/// What was found for a shorter text narrows the search, in whichever order texts come.
+void SearchIndexTest::typing()
+{
+    SearchIndex index;
+    index.follow(listOf({record("Meier", "Mauer", 1), record("Meyer", "Putz", 2), record("Maier", "Meise", 3),
+                         record("Nagel", "Seife", 4), record("Bauer", "Leim", 5), record("Braun", "Kalk", 6),
+                         record("Mei", "Eier", 7), record("Kern", "Stein", 8), record("Lang", "Holz", 9)}),
+                 SearchIndex::Known::isOutdated);
+    QVERIFY(index.advance(profile, forever));
+    const std::pair<const char*, const char*> steps[] = {
+        {"m", "01246"}, {"me", "0126"},    {"mei", "026"},     {"meie", "0"},
+        {"mei", "026"}, {"mei e", "026"},  {"e mei", "026"},   {"ei", "02367"},
+        {"eier", "06"}, {"", "012345678"}, {"meier eier", "0"}};
+    for (const auto& [text, found] : steps)
+        QCOMPARE(placesOf(index, text) + QLatin1String(text), QLatin1String(found) + QLatin1String(text));
 }
 
 const ledra::test::RegisterSuite<SearchIndexTest> registration("search_index_test");

@@ -30,11 +30,7 @@ InvoiceListView::InvoiceListView(InvoiceTableModel& model, QWidget* parent)
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff); // the recipient takes what is left
     setContextMenuPolicy(Qt::CustomContextMenu);
     setUpColumns();
-    connect(&model, &QAbstractItemModel::modelAboutToBeReset, this, [this] {
-        kept_.clear();
-        for (const InvoicePtr& record : selected())
-            kept_ += (*record)->id;
-    });
+    connect(&model, &QAbstractItemModel::modelAboutToBeReset, this, [this] { kept_ = selected(); });
     connect(&model, &InvoiceTableModel::reloaded, this, &InvoiceListView::followModel);
     connect(selectionModel(), &QItemSelectionModel::selectionChanged, this, &InvoiceListView::chosenChanged);
     connect(this, &QTableView::doubleClicked, this, &InvoiceListView::opened);
@@ -69,8 +65,8 @@ void InvoiceListView::followModel()
         setSpan(row, 0, 1, InvoiceTableModel::columns);
     QItemSelection selection;
     QModelIndex first;
-    for (const QUuid& id : std::as_const(kept_)) {
-        const QModelIndex index = model_.indexOf(id);
+    for (const InvoicePtr& record : kept_) {
+        const QModelIndex index = model_.indexOf(record);
         if (!index.isValid())
             continue;
         selection.select(index, index.siblingAtColumn(InvoiceTableModel::columns - 1));

@@ -39,7 +39,7 @@ private:
     void fitColumns();
 
     InvoiceTableModel& model_;
-    QList<QUuid> kept_; ///< what was chosen before the list changed
+    std::vector<InvoicePtr> kept_; ///< what was chosen before the list changed
     std::function<std::unique_ptr<QMimeData>(const std::vector<InvoicePtr>&)> dragSource_;
 };
 

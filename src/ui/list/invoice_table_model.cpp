@@ -24,7 +24,7 @@ constexpr std::array<const char*, InvoiceTableModel::columns> titles = {
 
 QString dayOf(QDate day)
 {
-    return QLocale::system().toString(day, QLocale::ShortFormat);
+    return QLocale().toString(day, QLocale::ShortFormat);
 }
 
 /// The records' places in the order of a key; equal keys keep the order of the list.
@@ -57,7 +57,8 @@ InvoiceTableModel::InvoiceTableModel(LedraApp& app, QObject* parent) : QAbstract
 void InvoiceTableModel::reload()
 {
     beginResetModel();
-    insertHeadings(ordered(app_.filterManager().filtered()));
+    list_ = app_.invoiceManager().list();
+    insertHeadings(ordered(app_.filterManager().passing(app_.filterManager().filter())));
     endResetModel();
     Q_EMIT reloaded();
 }
@@ -94,55 +95,72 @@ void InvoiceTableModel::rankAll()
             return orderBy(all, [](const Invoice& i) { return i.status; });
         }
     }();
-    ranks_ = {revision, sortColumn_, {}};
-    ranks_.places.reserve(all.size());
-    for (std::uint32_t place = 0; place < order.size(); ++place)
-        ranks_.places.emplace(all[order[place]].get(), place);
+    ranks_ = {revision, sortColumn_, std::vector<std::uint32_t>(all.size())};
+    for (std::uint32_t rank = 0; rank < order.size(); ++rank)
+        ranks_.ranks[order[rank]] = rank;
 }
 
-/// Distributes the records to their places, which is faster than comparing them.
-std::vector<InvoicePtr> InvoiceTableModel::ordered(std::vector<InvoicePtr> records)
+/// Distributes the records to their ranks, which is faster than comparing them.
+std::vector<std::uint32_t> InvoiceTableModel::ordered(std::vector<std::uint32_t> places)
 {
     const bool isDescending = sortOrder_ == Qt::DescendingOrder;
     if (sortColumn_ == date) {
         if (!isDescending) // the list has the newest first
-            std::ranges::reverse(records);
-        return records;
+            std::ranges::reverse(places);
+        return places;
     }
     rankAll();
-    std::vector<InvoicePtr> places(app_.invoiceManager().invoices().size());
-    for (InvoicePtr& record : records) {
-        const std::size_t place = ranks_.places.at(record.get());
-        places[isDescending ? places.size() - 1 - place : place] = std::move(record);
+    constexpr std::uint32_t none = 0xFFFFFFFF;
+    std::vector<std::uint32_t> byRank(list_->size(), none);
+    for (const std::uint32_t place : places) {
+        const std::size_t rank = ranks_.ranks[place];
+        byRank[isDescending ? byRank.size() - 1 - rank : rank] = place;
     }
-    std::erase(places, nullptr);
-    return places;
+    std::erase(byRank, none);
+    return byRank;
 }
 
-void InvoiceTableModel::insertHeadings(std::vector<InvoicePtr> records)
+void InvoiceTableModel::readMonths()
 {
-    recordCount_ = records.size();
-    headings_.clear();
-    if (sortColumn_ != date) {
-        rows_ = std::move(records);
+    const std::uint64_t revision = app_.invoiceManager().contentRevision();
+    if (months_.revision == revision && months_.months.size() == list_->size())
         return;
-    }
-    rows_.clear();
-    constexpr std::size_t monthsOfManyYears = 240;
-    rows_.reserve(records.size() + monthsOfManyYears);
+    months_ = {revision, {}};
+    months_.months.reserve(list_->size());
     Timestamp begin;
     Timestamp end;
-    for (InvoicePtr& record : records) {
+    std::int32_t month = 0;
+    for (const InvoicePtr& record : *list_) {
         const Timestamp moment = (*record)->date;
-        if (rows_.empty() || moment < begin || moment >= end) {
+        if (months_.months.empty() || moment < begin || moment >= end) {
             const QDate day = moment.localDate();
             const QDate first(day.year(), day.month(), 1);
             begin = Timestamp::fromDateTime(first.startOfDay());
             end = Timestamp::fromDateTime(first.addMonths(1).startOfDay());
-            headings_.push_back(static_cast<int>(rows_.size()));
-            rows_.push_back(nullptr);
+            month = day.year() * 12 + day.month();
         }
-        rows_.push_back(std::move(record));
+        months_.months.push_back(month);
+    }
+}
+
+void InvoiceTableModel::insertHeadings(const std::vector<std::uint32_t>& places)
+{
+    recordCount_ = places.size();
+    headings_.clear();
+    if (sortColumn_ != date) {
+        rows_ = places;
+        return;
+    }
+    readMonths();
+    rows_.clear();
+    constexpr std::size_t monthsOfManyYears = 240;
+    rows_.reserve(places.size() + monthsOfManyYears);
+    for (const std::uint32_t place : places) {
+        if (rows_.empty() || months_.months[place] != months_.months[rows_.back()]) {
+            headings_.push_back(static_cast<int>(rows_.size()));
+            rows_.push_back(headingRow);
+        }
+        rows_.push_back(place);
     }
 }
 
@@ -155,18 +173,24 @@ void InvoiceTableModel::sort(int column, Qt::SortOrder order)
 
 InvoicePtr InvoiceTableModel::invoice(const QModelIndex& index) const
 {
-    return index.isValid() ? rows_.at(static_cast<std::size_t>(index.row())) : nullptr;
+    return index.isValid() && !isHeading(index.row()) ? record(index.row()) : nullptr;
 }
 
 bool InvoiceTableModel::isHeading(int row) const
 {
-    return !rows_.at(static_cast<std::size_t>(row));
+    return rows_.at(static_cast<std::size_t>(row)) == headingRow;
 }
 
 QModelIndex InvoiceTableModel::indexOf(const QUuid& id) const
 {
-    const auto found =
-        std::ranges::find_if(rows_, [&](const InvoicePtr& each) { return each && (*each)->id == id; });
+    const InvoicePtr record = app_.invoiceManager().find(id);
+    return record ? indexOf(record) : QModelIndex();
+}
+
+QModelIndex InvoiceTableModel::indexOf(const InvoicePtr& record) const
+{
+    const auto found = std::ranges::find_if(
+        rows_, [&](std::uint32_t place) { return place != headingRow && (*list_)[place] == record; });
     return found == rows_.end() ? QModelIndex() : index(static_cast<int>(found - rows_.begin()), 0);
 }
 
@@ -216,7 +240,7 @@ QString InvoiceTableModel::text(const Invoice& invoice, int column) const
 
 QString InvoiceTableModel::heading(int row) const
 {
-    const InvoicePtr& first = rows_.at(static_cast<std::size_t>(row) + 1); // a heading has records below it
+    const InvoicePtr& first = record(row + 1); // a heading has records below it
     return QLocale(documentLocale(readerLanguage())).toString((*first)->date.localDate(), u"MMMM yyyy");
 }
 

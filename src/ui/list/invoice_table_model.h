@@ -4,7 +4,6 @@
 
 #include <QAbstractTableModel>
 
-#include <unordered_map>
 #include <vector>
 
 namespace ledra {
@@ -26,6 +25,7 @@ public:
     InvoicePtr invoice(const QModelIndex& index) const;
     bool isHeading(int row) const;
     QModelIndex indexOf(const QUuid& id) const;
+    QModelIndex indexOf(const InvoicePtr& record) const; ///< found faster, since no record is looked into
     QModelIndex firstRecord() const;
     std::size_t recordCount() const { return recordCount_; }
     const std::vector<int>& headings() const { return headings_; } ///< their rows, ascending
@@ -46,26 +46,39 @@ Q_SIGNALS:
 private:
     void reload();
     void showEdited(const QUuid& id);
-    std::vector<InvoicePtr> ordered(std::vector<InvoicePtr> records);
+    std::vector<std::uint32_t> ordered(std::vector<std::uint32_t> places);
     void rankAll();
-    void insertHeadings(std::vector<InvoicePtr> records);
+    void readMonths();
+    void insertHeadings(const std::vector<std::uint32_t>& places);
+    const InvoicePtr& record(int row) const { return (*list_)[rows_.at(static_cast<std::size_t>(row))]; }
     QString text(const Invoice& invoice, int column) const;
     QString heading(int row) const;
 
     LedraApp& app_;
-    std::vector<InvoicePtr> rows_; ///< null for a heading
+    static constexpr std::uint32_t headingRow = 0xFFFFFFFF;
+
+    InvoiceList list_;                ///< as it was when the rows were made
+    std::vector<std::uint32_t> rows_; ///< places in the list, or headingRow
     std::vector<int> headings_;
     std::size_t recordCount_ = 0;
     int sortColumn_ = date;
     Qt::SortOrder sortOrder_ = Qt::DescendingOrder;
 
-    /// The place of each record in the order of a column, since the search asks for it at each key stroke.
+    /// Where each record of the list stands in the order of a column, since the search asks for it at each
+    /// key stroke.
     struct Ranks
     {
         std::uint64_t revision = 0;
         int column = -1;
-        std::unordered_map<const InvoiceRecord*, std::uint32_t> places;
+        std::vector<std::uint32_t> ranks;
     } ranks_;
+
+    /// The month of each record of the list, counted from the year 0.
+    struct Months
+    {
+        std::uint64_t revision = 0;
+        std::vector<std::int32_t> months;
+    } months_;
 };
 
 } // namespace ledra

@@ -43,12 +43,35 @@ ListPanel::ListPanel(LedraApp& app, QWidget* parent)
     filter_->hide();
     setMinimumWidth(300);
     connect(toggle, &QToolButton::clicked, this, &ListPanel::toggleFilterBar);
-    connect(search_, &QLineEdit::textChanged, this, [this](const QString& text) {
-        InvoiceFilter filter = app_.filterManager().filter();
-        filter.search = text;
-        app_.filterManager().setFilter(filter);
-    });
+    setUpSearch();
     setUpEmptyState();
+}
+
+/// The records are read while nobody waits, after a pause in which the list may go on changing.
+void ListPanel::setUpSearch()
+{
+    using namespace std::chrono_literals;
+    prepare_.setSingleShot(true);
+    const auto prepareSoon = [this] { prepare_.start(300ms); };
+    connect(&app_.invoiceManager(), &InvoiceManager::refreshed, this, prepareSoon);
+    connect(&app_.invoiceManager(), &InvoiceManager::edited, this, prepareSoon);
+    connect(&app_.profileManager(), &ProfileManager::profilesChanged, this, prepareSoon);
+    connect(&prepare_, &QTimer::timeout, this, &ListPanel::searchWhenPrepared);
+    connect(search_, &QLineEdit::textChanged, this, &ListPanel::searchWhenPrepared);
+    prepareSoon();
+}
+
+/// A key stroke never waits until all records are read: the list follows when they are.
+void ListPanel::searchWhenPrepared()
+{
+    using namespace std::chrono_literals;
+    InvoiceFilter filter = app_.filterManager().filter();
+    filter.search = search_->text();
+    const bool isPrepared = app_.filterManager().prepareSearch(QDeadlineTimer(6ms));
+    if (!isPrepared)
+        prepare_.start(0ms);
+    if (isPrepared || filter.search.trimmed().isEmpty())
+        app_.filterManager().setFilter(filter);
 }
 
 void ListPanel::setUpEmptyState()

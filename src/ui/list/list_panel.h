@@ -5,6 +5,7 @@
 
 #include <QLineEdit>
 #include <QStackedWidget>
+#include <QTimer>
 #include <QWidget>
 
 namespace ledra {
@@ -32,13 +33,16 @@ Q_SIGNALS:
     void newInvoiceWanted();
 
 private:
+    void setUpSearch();
     void setUpEmptyState();
+    void searchWhenPrepared();
     void showListOrHint();
     void clearSearchAndFilter();
 
     LedraApp& app_;
     InvoiceTableModel* model_;
     QLineEdit* search_;
+    QTimer prepare_; ///< reads the records for the search, a little at a time
     FilterBar* filter_;
     InvoiceListView* list_;
     EmptyState* empty_;
