@@ -1,107 +1,15 @@
 #include "app/undoable_reminder_jobs.h"
 
-#include "model/field_changes.h"
-
-#include <QCoreApplication>
-#include <QUndoCommand>
+#include "app/undo_commands.h"
 
 namespace ledra {
 
 namespace {
 
-// Tells these commands from those of records, whose typing has the id 1.
+// Tells these steps from those of records, whose typing has the id 1.
 constexpr int typingId = 2;
 
-/// A change of fields, which has been made when the command is pushed.
-class EditReminderCommand final : public QUndoCommand
-{
-public:
-    EditReminderCommand(ReminderManager& reminders, Reminder before, Reminder after, EditKind kind, int run)
-        : reminders_(reminders),
-          before_(std::move(before)),
-          after_(std::move(after)),
-          fields_(changedFields(before_, after_)),
-          kind_(kind),
-          run_(run)
-    {
-        setText(QCoreApplication::translate("UndoText", "Edit Reminder"));
-    }
-
-    void undo() override { apply(before_); }
-    void redo() override
-    {
-        if (std::exchange(isMade_, false))
-            return;
-        apply(after_);
-    }
-
-    int id() const override { return kind_ == EditKind::typing ? typingId : -1; }
-
-    bool mergeWith(const QUndoCommand* other) override
-    {
-        const auto* next = static_cast<const EditReminderCommand*>(other); // of the same id()
-        if (next->before_.id != before_.id || next->fields_ != fields_ || next->run_ != run_)
-            return false;
-        after_ = next->after_;
-        fields_ = changedFields(before_, after_);
-        setObsolete(fields_.none());
-        return true;
-    }
-
-private:
-    /// What fails has been told by the store.
-    void apply(const Reminder& state) const
-    {
-        if (reminders_.find(state.id))
-            (void)reminders_.edit(state.id,
-                                  [&](Reminder& reminder) { copyFields(state, reminder, fields_); });
-    }
-
-    ReminderManager& reminders_;
-    Reminder before_;
-    Reminder after_;
-    FieldSet<Reminder> fields_;
-    EditKind kind_;
-    int run_;
-    bool isMade_ = true;
-};
-
-/// A reminder that was made or deleted, which has happened when the command is pushed.
-class ReminderPresenceCommand final : public QUndoCommand
-{
-public:
-    ReminderPresenceCommand(ReminderManager& reminders, Reminder reminder, bool isPresent, const char* text)
-        : reminders_(reminders), reminder_(std::move(reminder)), isPresent_(isPresent)
-    {
-        setText(QCoreApplication::translate("UndoText", text));
-    }
-
-    void undo() override { apply(!isPresent_); }
-    void redo() override
-    {
-        if (std::exchange(isMade_, false))
-            return;
-        apply(isPresent_);
-    }
-
-private:
-    /// What fails has been told by the store or shows in the list.
-    void apply(bool isPresent)
-    {
-        const ReminderPtr present = reminders_.find(reminder_.id);
-        if (isPresent && !present) {
-            (void)reminders_.insert(reminder_);
-        } else if (!isPresent && present) {
-            reminder_ = **present; // as it is by now
-            (void)reminders_.remove(reminder_.id);
-        }
-    }
-
-    ReminderManager& reminders_;
-    Reminder reminder_;
-    bool isPresent_; ///< after the command
-    bool isMade_ = true;
-};
+using ReminderPresence = PresenceStep<ReminderManager, Reminder>;
 
 } // namespace
 
@@ -117,7 +25,14 @@ JobResult<void> UndoableReminderJobs::edit(const QUuid& id, const std::function<
     });
     // What could not be written is changed in memory all the same, and has its way back.
     if (before != after)
-        stack_.push(new EditReminderCommand(reminders_, before, after, kind, run)); // the stack owns it
+        stack_.push(new EditStep<Reminder>( // the stack owns it
+            QT_TRANSLATE_NOOP("UndoText", "Edit Reminder"), before, after,
+            {kind == EditKind::typing ? typingId : -1, run},
+            [&reminders = reminders_](const Reminder& state, const FieldSet<Reminder>& fields) {
+                if (reminders.find(state.id))
+                    (void)reminders.edit(state.id,
+                                         [&](Reminder& reminder) { copyFields(state, reminder, fields); });
+            }));
     return edited;
 }
 
@@ -125,8 +40,8 @@ JobResult<ReminderPtr> UndoableReminderJobs::create(const QUuid& invoiceId, Forc
 {
     JobResult<ReminderPtr> made = jobs_.create(invoiceId, force);
     if (made)
-        stack_.push(new ReminderPresenceCommand(reminders_, ***made, true,
-                                                QT_TRANSLATE_NOOP("UndoText", "Create Payment Reminder")));
+        stack_.push(new ReminderPresence(QT_TRANSLATE_NOOP("UndoText", "Create Payment Reminder"), reminders_,
+                                         ***made, true));
     return made;
 }
 
@@ -136,8 +51,8 @@ JobResult<void> UndoableReminderJobs::remove(const QUuid& id)
     const Reminder before = reminder ? **reminder : Reminder();
     if (const JobResult<void> removed = jobs_.remove(id); !removed)
         return removed;
-    stack_.push(new ReminderPresenceCommand(reminders_, before, false,
-                                            QT_TRANSLATE_NOOP("UndoText", "Delete Reminder")));
+    stack_.push(
+        new ReminderPresence(QT_TRANSLATE_NOOP("UndoText", "Delete Reminder"), reminders_, before, false));
     return {};
 }
 
