@@ -46,7 +46,7 @@ public:
 };
 
 /// The computer's own file system.
-class SystemFileDevice final : public FileDevice
+class SystemFileDevice : public FileDevice
 {
 public:
     std::expected<std::optional<QByteArray>, FileError> read(const QString& path, qint64 limit) override;

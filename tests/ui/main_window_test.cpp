@@ -1,5 +1,6 @@
 #include "support/desk.h"
 #include "support/test_suite.h"
+#include "ui/window_console.h"
 
 #include <QHeaderView>
 #include <QListWidget>
@@ -10,6 +11,32 @@
 
 using namespace ledra;
 using test::Desk;
+
+namespace {
+
+/// The computer's file system, as long as there is no reason against writing.
+class RefusingDevice : public SystemFileDevice
+{
+public:
+    QString reason;
+
+    std::expected<void, FileError> write(const QString& path, const QByteArray& content) override
+    {
+        return reason.isEmpty() ? SystemFileDevice::write(path, content) : refused(path);
+    }
+    std::expected<void, FileError> rename(const QString& from, const QString& to) override
+    {
+        return reason.isEmpty() ? SystemFileDevice::rename(from, to) : refused(to);
+    }
+
+private:
+    std::unexpected<FileError> refused(const QString& path) const
+    {
+        return std::unexpected(FileError{path, reason});
+    }
+};
+
+} // namespace
 
 class MainWindowTest : public test::Suite
 {
@@ -184,6 +211,38 @@ private Q_SLOTS:
             test::runProgram({QStringLiteral("show"), desk.invoice().id.toString(QUuid::WithoutBraces)})
                 .output.contains("Typed in the dark"),
             10'000);
+    }
+
+    void worksOnADeviceThatRefuses_data()
+    {
+        QTest::addColumn<QString>("reason");
+        QTest::newRow("full") << "No space left on device";
+        QTest::newRow("read-only") << "Read-only file system";
+    }
+
+    /// What is typed stays, the window says once what is wrong, and all is written as soon as it can be.
+    void worksOnADeviceThatRefuses()
+    {
+        QFETCH(QString, reason);
+        RefusingDevice device;
+        Desk desk(&device);
+        WindowConsole console;
+        desk.window.follow(console);
+        desk.press("Ctrl+N");
+        device.reason = reason;
+        QVERIFY(desk.type("Name", QStringLiteral("Kept")));
+        QTRY_VERIFY_WITH_TIMEOUT(!desk.console.failures.isEmpty(), 5'000);
+        QVERIFY2(desk.console.failures.constLast().contains(reason),
+                 qPrintable(desk.console.failures.constLast()));
+        for (int i = 0; i < 3; ++i)
+            console.failure(desk.console.failures.constLast());
+        QCOMPARE(desk.window.parts().messages.lines().size(), 1);
+        QVERIFY(desk.type("City", QStringLiteral("Kiel")));
+        QCOMPARE(desk.invoice().name + desk.invoice().addressCity, QStringLiteral("KeptKiel"));
+        device.reason.clear();
+        const QString id = desk.invoice().id.toString(QUuid::WithoutBraces);
+        QTRY_VERIFY_WITH_TIMEOUT(test::runProgram({QStringLiteral("show"), id}).output.contains("Kiel"),
+                                 10'000);
     }
 
 private:
