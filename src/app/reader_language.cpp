@@ -6,7 +6,7 @@ namespace ledra {
 
 Language readerLanguage()
 {
-    return QLocale::system().language() == QLocale::German ? Language::german : Language::english;
+    return QLocale().language() == QLocale::German ? Language::german : Language::english;
 }
 
 } // namespace ledra

@@ -43,6 +43,7 @@ const std::array specs = {
     SettingSpec{"showBadge", "true", truthValues, "Show a count on the icon in the dock."},
     SettingSpec{"appIcon", "standard", rawValues<AppIcon>, "The icon of the application."},
     SettingSpec{"appearance", "system", rawValues<Appearance>, "Light or dark windows."},
+    SettingSpec{"language", "system", rawValues<WantedLanguage>, "The language of the window."},
     SettingSpec{"invoiceDarkMode", "false", truthValues, "Show documents dark in dark windows."},
     SettingSpec{"defaultExportFormat", "pdf", rawValues<ExportFormat>, "The format of the export button."},
     SettingSpec{"backupFrequency", "1", rawValues<BackupFrequency>, "Days between backups."},

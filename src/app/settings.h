@@ -29,6 +29,16 @@ inline constexpr std::array enumTexts<Appearance> = {
     EnumText{Appearance::dark, "dark", "Dark"},
 };
 
+/// The language of the window: what the system speaks, or one of those that the interface is translated to.
+enum class WantedLanguage { system, english, german };
+
+template <>
+inline constexpr std::array enumTexts<WantedLanguage> = {
+    EnumText{WantedLanguage::system, "system", "System"},
+    EnumText{WantedLanguage::english, "en", "English"},
+    EnumText{WantedLanguage::german, "de", "German"},
+};
+
 /// One setting of the application that users may change directly.
 struct SettingSpec
 {

@@ -68,7 +68,7 @@ public:
     void follow(WindowConsole& console);
 
 Q_SIGNALS:
-    void appearanceChanged(); ///< the settings ask for another one
+    void appearanceChanged(); ///< the settings ask for another one, or another language, icon or badge
 
 protected:
     void closeEvent(QCloseEvent* event) override;

@@ -1,47 +1,54 @@
 #include "ui/window_program.h"
 
-#include "render/qt_web_engine.h"
-#include "render/web_font_manager.h"
-#include "ui/look/appearance.h"
-#include "ui/look/interface_language.h"
-#include "ui/main_window.h"
-#include "ui/package_updater.h"
-#include "ui/window_console.h"
-#include "ui/window_front.h"
+#include "ui/desktop/application_bus.h"
+#include "ui/running_program.h"
 
 #include <QApplication>
+#include <QDir>
+#include <QFileInfo>
 
 namespace ledra {
 
-bool wantsWindow(int argc, char**)
+namespace {
+
+/// Whether an argument is something that the desktop hands to the program, rather than a word of its command
+/// line.
+bool isHandedOver(const QString& argument)
+{
+    return argument.startsWith(u"ledra:") || argument.startsWith(u"file:") || QFileInfo::exists(argument);
+}
+
+QList<QUrl> handedOver(const QStringList& arguments)
+{
+    QList<QUrl> urls;
+    for (const QString& argument : arguments)
+        urls += QUrl::fromUserInput(argument, QDir::currentPath(), QUrl::AssumeLocalFile);
+    return urls;
+}
+
+} // namespace
+
+bool wantsWindow(int argc, char** argv)
 {
     const bool hasDisplay =
         qEnvironmentVariableIsSet("DISPLAY") || qEnvironmentVariableIsSet("WAYLAND_DISPLAY");
-    return argc == 1 && hasDisplay;
+    return hasDisplay && std::all_of(argv + 1, argv + argc,
+                                     [](char* each) { return isHandedOver(QString::fromLocal8Bit(each)); });
 }
 
 int runWindow(int argc, char** argv)
 {
     QCoreApplication::setApplicationName(QStringLiteral("Ledra"));
+    QGuiApplication::setDesktopFileName(QLatin1String(applicationId));
     QtWebEngine::prepare(true);
     const QApplication application(argc, argv);
-    const InterfaceLanguage language;
-    WindowConsole console;
-    PackageUpdater updater;
-    WindowFront front;
-    LedraApp app({.console = console, .windows = &front, .updater = &updater});
-    AppearanceController appearance(app.settings());
-    QtWebEngine engine;
-    WebFontManager fonts;
-    app.followFonts(fonts);
-    MainWindow window(app, engine, fonts);
-    front.setWindow(&window);
-    QObject::connect(&window, &MainWindow::appearanceChanged, &appearance, &AppearanceController::apply);
-    window.follow(console);
-    QObject::connect(&updater, &PackageUpdater::answered, &window.parts().messages, &MessageBar::note);
-    window.show();
-    app.keepBackups();
-    app.pluginManager().start();
+    const QList<QUrl> urls = handedOver(QCoreApplication::arguments().mid(1));
+    ApplicationBus bus;
+    // One that does not answer must not keep people from their records; two instances get along.
+    if (!bus.becomeFirst() && bus.handOver(urls))
+        return 0;
+    RunningProgram program(bus);
+    program.open(urls);
     return QApplication::exec();
 }
 

@@ -169,9 +169,9 @@ int main(int argc, char** argv)
     QtWebEngine::prepare(true);
     int engineArgc = 1; // the engine reads the arguments of the program
     const QApplication application(engineArgc, argv);
-    const InterfaceLanguage language;
     WindowConsole console;
     LedraApp app({.console = console});
+    const InterfaceLanguage language(app.settings());
     if (!app.settings().set(QStringLiteral("appearance"), QString::fromLocal8Bit(argv[1])))
         return 2;
     const AppearanceController appearance(app.settings());

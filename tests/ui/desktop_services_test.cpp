@@ -1,3 +1,4 @@
+#include "support/message_bus.h"
 #include "support/test_suite.h"
 #include "ui/document_desk.h"
 #include "ui/jobs/file_reveal.h"
@@ -5,7 +6,6 @@
 #include <QDBusArgument>
 #include <QDBusUnixFileDescriptor>
 #include <QFile>
-#include <QProcess>
 #include <QSignalSpy>
 
 using namespace ledra;
@@ -67,24 +67,13 @@ private Q_SLOTS:
 
     void initTestCase()
     {
-        const QString tool = QStandardPaths::findExecutable(QStringLiteral("dbus-daemon"));
-        if (tool.isEmpty())
+        if (!bus_.start())
             QSKIP("needs dbus-daemon");
-        daemon_.start(tool, {QStringLiteral("--session"), QStringLiteral("--nofork"),
-                             QStringLiteral("--print-address=1")});
-        QVERIFY(daemon_.waitForReadyRead());
-        address_ = QString::fromUtf8(daemon_.readLine().trimmed());
-    }
-
-    void cleanupTestCase()
-    {
-        daemon_.kill();
-        daemon_.waitForFinished();
     }
 
     void portalGetsTheLetter()
     {
-        QDBusConnection desktop = connection("desktop");
+        QDBusConnection desktop = bus_.connection("desktop");
         QVERIFY(desktop.registerService(QStringLiteral("org.freedesktop.portal.Desktop")));
         MailPortal portal;
         QVERIFY(desktop.registerObject(QStringLiteral("/org/freedesktop/portal/desktop"), &portal,
@@ -93,7 +82,7 @@ private Q_SLOTS:
         const QString file = home_->path(QStringLiteral("Invoice 1.pdf"));
         QVERIFY(test::writeFile(file, "%PDF-1.7 letter"));
         test::DocumentDesk desk;
-        MailSender sender(desk.parts, connection("window"));
+        MailSender sender(desk.parts, bus_.connection("window"));
         sender.compose({QStringLiteral("erika@example.de"), QStringLiteral("Rechnung 1 – März"), {file}});
         QVERIFY(composed.wait());
         QCOMPARE(portal.options[QStringLiteral("address")].toString(), QStringLiteral("erika@example.de"));
@@ -103,26 +92,20 @@ private Q_SLOTS:
 
     void fileManagerShowsTheFile()
     {
-        QDBusConnection desktop = connection("desktop");
+        QDBusConnection desktop = bus_.connection("desktop");
         QVERIFY(desktop.registerService(QStringLiteral("org.freedesktop.FileManager1")));
         FileManager manager;
         QVERIFY(desktop.registerObject(QStringLiteral("/org/freedesktop/FileManager1"), &manager,
                                        QDBusConnection::ExportAllSlots));
         QSignalSpy shown(&manager, &FileManager::shown);
-        FileReveal(connection("window")).show({QStringLiteral("/data/Rechnung 1.pdf")});
+        FileReveal(bus_.connection("window")).show({QStringLiteral("/data/Rechnung 1.pdf")});
         QVERIFY(shown.wait());
         QCOMPARE(shown[0][0].toStringList(), QStringList{QStringLiteral("file:///data/Rechnung%201.pdf")});
     }
 
 private:
-    QDBusConnection connection(const char* name) const
-    {
-        return QDBusConnection::connectToBus(address_, QString::fromLatin1(name));
-    }
-
     std::unique_ptr<test::ProgramHome> home_;
-    QProcess daemon_;
-    QString address_;
+    test::MessageBus bus_;
 };
 
 const ledra::test::RegisterSuite<DesktopServicesTest> registration("desktop_services_test");

@@ -24,7 +24,7 @@ void write(const WindowParts& parts, const std::vector<InvoicePtr>& records, con
     std::vector<const Invoice*> invoices;
     for (const InvoicePtr& record : records)
         invoices.push_back(&**record);
-    const CSVExporter::Reader reader{QLocale::system(), readerLanguage(), dialog.guardsFormulas()};
+    const CSVExporter::Reader reader{QLocale(), readerLanguage(), dialog.guardsFormulas()};
     const Profile& profile = **parts.app.profileManager().activeProfile();
     const QByteArray text = CSVExporter::text(invoices, dialog.columns(), profile, reader);
     if (const auto written = writeExport(target, text, Overwrite::replace); !written) {

@@ -14,7 +14,7 @@ namespace {
 /// The system's short form, with all digits of the year: two would be taken for those of another century.
 QString dayFormat()
 {
-    QString format = QLocale::system().dateFormat(QLocale::ShortFormat);
+    QString format = QLocale().dateFormat(QLocale::ShortFormat);
     if (!format.contains(u"yyyy"))
         format.replace(QStringLiteral("yy"), QStringLiteral("yyyy"));
     return format;

@@ -34,7 +34,7 @@ constexpr std::array<const char*, ReminderTableModel::columns> explanations = {
 
 QString dayOf(QDate day)
 {
-    return QLocale::system().toString(day, QLocale::ShortFormat);
+    return QLocale().toString(day, QLocale::ShortFormat);
 }
 
 Qt::Alignment alignmentOf(int column)

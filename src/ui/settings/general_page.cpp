@@ -22,6 +22,16 @@ QVBoxLayout* newPage(QWidget* page)
     return layout;
 }
 
+/// A setting that the windows follow at once.
+template <class T>
+Access<T> told(SettingsWindow& window, const Access<T>& access)
+{
+    return {access.read, [&window, access](const T& value) {
+                access.write(value);
+                Q_EMIT window.appearanceChanged();
+            }};
+}
+
 FieldForm* addForm(QVBoxLayout* page, const QString& title)
 {
     auto* section = new Section(title, false, nullptr); // the page owns it
@@ -49,16 +59,17 @@ GeneralPage::GeneralPage(SettingsWindow& window) : QWidget(&window)
 {
     QVBoxLayout* page = newPage(this);
     FieldForm* looks = addForm(page, tr("Appearance"));
-    Access<QString> appearance = textSetting(window, "appearance");
-    appearance.write = [&window, write = appearance.write](const QString& text) {
-        write(text);
-        Q_EMIT window.appearanceChanged();
-    };
-    looks->addChoice(tr("Windows"), choicesOf<Appearance>(choiceTexts), appearance);
+    looks->addChoice(tr("Windows"), choicesOf<Appearance>(choiceTexts),
+                     told(window, textSetting(window, "appearance")));
+    looks->addChoice(tr("Language"), choicesOf<WantedLanguage>(choiceTexts),
+                     told(window, textSetting(window, "language")));
+    looks->addChoice(tr("Icon"), choicesOf<AppIcon>(choiceTexts),
+                     told(window, textSetting(window, "appIcon")));
     looks->addToggle(tr("Show documents dark in dark windows"),
                      {[&window] { return window.app().settings().boolean("invoiceDarkMode"); },
                       [this, &window](const bool& isDark) { setDarkDocuments(window, isDark); }});
-    looks->addToggle(tr("Show a count on the icon in the dock"), truthSetting(window, "showBadge"));
+    looks->addToggle(tr("Show a count on the icon in the dock"),
+                     told(window, truthSetting(window, "showBadge")));
     connect(&window.app().profileManager(), &ProfileManager::profilesChanged, looks, &FieldForm::refresh);
 
     FieldForm* documents = addForm(page, tr("Documents"));

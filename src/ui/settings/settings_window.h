@@ -45,7 +45,7 @@ public:
     void tell(const JobResult<void>& done);
 
 Q_SIGNALS:
-    void appearanceChanged();
+    void appearanceChanged(); ///< or language, icon or badge
 
 protected:
     void closeEvent(QCloseEvent* event) override;
