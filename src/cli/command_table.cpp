@@ -29,7 +29,9 @@ constexpr int helpColumn = 28;
 
 QString row(const QString& left, const char* right)
 {
-    return QStringLiteral("  ") + left.leftJustified(helpColumn) + QString::fromUtf8(right) + u'\n';
+    // Where the left column is too wide two spaces stay; completions and manual are made from this text.
+    const QString gap = QStringLiteral("  ");
+    return gap + (left + gap).leftJustified(helpColumn) + QString::fromUtf8(right) + u'\n';
 }
 
 QString optionText(const OptionSpec& option)
