@@ -11,8 +11,8 @@ def _usage(words):
     texts = []
     for word in words.split():
         bare = word.strip("[]…")
-        isLiteral = bare == bare.lower() or bare.startswith("-")
-        texts.append(f"\\f{'B' if isLiteral else 'I'}{_escaped(word)}\\fR")
+        is_literal = bare == bare.lower() or bare.startswith("-")
+        texts.append(f"\\f{'B' if is_literal else 'I'}{_escaped(word)}\\fR")
     return " ".join(texts)
 
 
