@@ -4,7 +4,7 @@
 usage: docs_commands.py PROGRAM EXAMPLES PAGE.md…
 
 A page's ```console blocks are one session in a fresh home: lines that begin with "$ " are commands (a "\\" at the end
-goes on in the next line), the others what they print on both outputs. "…" stands for any text within a line, a line of
+goes on in the next line, <<'END' until that word), the others what they print on both outputs. "…" stands for any text within a line, a line of
 only "…" for any lines. A command may fail only where "$ echo $?" follows. A command shown in any other kind of block
 would not be run, so a page that has one is refused.
 """
@@ -42,7 +42,7 @@ def steps_of(page, text):
             else:
                 steps[-1].expected.append(line)
                 continue
-            continues = line.endswith("\\")
+            continues = line.endswith("\\") or ("<<'END'" in steps[-1].command and line != "END")
     if not steps:
         raise ValueError(f"{page}: shows no commands")
     return steps
