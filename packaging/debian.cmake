@@ -24,10 +24,10 @@ set(CPACK_DEBIAN_PACKAGE_PRIORITY optional)
 set(CPACK_DEBIAN_COMPRESSION_TYPE xz)
 set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
 
-# Libraries are found by dpkg-shlibdeps. What is not linked but needed: the web engine's render process, the reader of
-# SVG, a font for characters that the shipped ones lack, and the icon theme that the icons are put into.
+# Libraries and the web engine's own programs are found by dpkg-shlibdeps. What is needed besides:
+# a font for characters that the shipped ones lack, and what the icons and types are put into.
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
-set(CPACK_DEBIAN_PACKAGE_DEPENDS "libqt6webenginecore6-bin, libqt6svg6, fonts-noto-core, hicolor-icon-theme, shared-mime-info")
+set(CPACK_DEBIAN_PACKAGE_DEPENDS "fonts-noto-core, hicolor-icon-theme, shared-mime-info")
 # Chinese, Japanese and Korean; Qt's own German; Wayland; "gapplication" for launchers that do not speak D-Bus themselves.
 set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "fonts-noto-cjk, qt6-translations-l10n, qt6-wayland, libglib2.0-bin, xdg-desktop-portal")
 set(CPACK_DEBIAN_PACKAGE_SUGGESTS "packagekit")

@@ -29,7 +29,7 @@ own_files() { # what is left of the package, outside of homes and of dpkg's and 
     -path /var/tmp \) -prune -o -iname '*ledra*' -print
 }
 
-type_of() { runuser -u tester -- xdg-mime query filetype "$1"; }
+type_of() { gio info -a standard::content-type "$1" | sed -n 's/.*content-type: //p'; }
 
 apt-get update -qq >/dev/null
 useradd -m tester
@@ -47,11 +47,13 @@ check "a plugin is installed" as_user ledra plugin install $examples/plugins/boo
 check "its script runs, so the runner is found" as_user ledra plugin run bookkeeping exportInvoices -o bookings.csv
 
 echo "== The files for desktops"
-check "tools" install desktop-file-utils appstream lintian man-db xdg-utils libglib2.0-bin bash-completion file
+check "tools" install desktop-file-utils appstream lintian man-db libglib2.0-bin bash-completion file
 check "desktop file" desktop-file-validate /usr/share/applications/de.ledra.Ledra.desktop
 check "its types are known" grep -q 'x-scheme-handler/ledra=de.ledra.Ledra.desktop' /usr/share/applications/mimeinfo.cache
 check "metainfo" appstreamcli validate --no-net /usr/share/metainfo/de.ledra.Ledra.metainfo.xml
-touch data.ledradata look.ledrastyle plugin.ledraplugin.zip
+as_user ledra profile export -o data.ledradata >/dev/null
+as_user ledra styling export -o look.ledrastyle >/dev/null
+cp look.ledrastyle plugin.ledraplugin.zip
 check "type of data files" same "$(type_of data.ledradata)" application/x-ledra-data
 check "type of style files" same "$(type_of look.ledrastyle)" application/x-ledra-style
 check "type of plugins" same "$(type_of plugin.ledraplugin.zip)" application/x-ledra-plugin
@@ -63,7 +65,10 @@ check "lintian" lintian --allow-root --fail-on error "$package"
 
 echo "== In a session"
 check "tools" install xvfb xdotool dbus dbus-x11 at-spi2-core python3-pyatspi procps
-runuser -u tester -- env -i PATH="$PATH" HOME=/home/tester LC_ALL=C.UTF-8 LANG=C.UTF-8 bash /check/session.sh || failures=$((failures + 1))
+runuser -u tester -- env -i PATH="$PATH" HOME=/home/tester LC_ALL=C.UTF-8 LANG=C.UTF-8 bash /check/session.sh 2>/var/tmp/session.log || {
+  failures=$((failures + 1))
+  tail -n 20 /var/tmp/session.log
+}
 
 echo "== Upgrading and removing"
 before=$(find /home/tester/.local/share/Ledra -type f -exec sha256sum {} + | sort)
