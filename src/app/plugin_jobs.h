@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/invoice_jobs.h"
+#include "app/undoable_jobs.h"
 #include "plugins/import_patch.h"
 #include "plugins/plugin_data.h"
 #include "plugins/plugin_manager.h"
@@ -30,42 +30,55 @@ struct PluginChanges
 };
 
 /// What plugins do to invoices. Their patches go the way of all edits: a record that others hold keeps its
-/// content, and only its status follows.
+/// content, and only its status follows. What one run has changed is one step back. Nothing is changed when
+/// another profile is in use by the time the plugin answers.
 class PluginJobs : public QObject
 {
     Q_OBJECT
 
 public:
-    PluginJobs(StoreContext& context, PluginManager& plugins, InvoiceJobs& jobs,
-               const InvoiceManager& invoices, const ProfileManager& profiles);
+    PluginJobs(StoreContext& context, PluginManager& plugins, InvoiceJobs& jobs, InvoiceManager& invoices,
+               const ProfileManager& profiles);
 
     using Exported = std::function<void(const std::expected<PluginOutput, QString>&)>;
     using Changed = std::function<void(const std::expected<PluginChanges, QString>&)>;
 
-    /// Answers come later, in the thread that asks; errors are one line.
-    void exportInvoice(const QString& plugin, const Invoice& invoice, const Exported& done);
-    void exportInvoices(const QString& plugin, const std::vector<Invoice>& invoices, const Exported& done);
+    // Answers come later, in the thread that asks; errors are one line. Until then the run can be cancelled
+    // at the manager of the plugins.
+    PluginTicket exportInvoice(const QString& plugin, const Invoice& invoice, const Exported& done);
+    PluginTicket exportInvoices(const QString& plugin, const std::vector<Invoice>& invoices,
+                                const Exported& done);
 
     /// Makes drafts; without an input the plugin fetches what it imports itself.
-    void importInvoices(const QString& plugin, const std::optional<PluginInput>& input, const Changed& done);
+    PluginTicket importInvoices(const QString& plugin, const std::optional<PluginInput>& input,
+                                const Changed& done);
 
     /// Changes records among those given. What the plugin reads for it is in the context under "input".
-    void updateInvoices(const QString& plugin, const std::vector<Invoice>& invoices,
-                        const std::optional<PluginInput>& input, const Changed& done);
+    PluginTicket updateInvoices(const QString& plugin, const std::vector<Invoice>& invoices,
+                                const std::optional<PluginInput>& input, const Changed& done);
 
 private:
     QByteArray context(const QString& plugin, const std::optional<PluginInput>& input = {}) const;
-    void runExport(const QString& plugin, const char* operation, const QByteArray& records,
-                   const QString& baseName, const Exported& done);
+    PluginTicket runExport(const QString& plugin, const char* operation, const QByteArray& records,
+                           const QString& baseName, const Exported& done);
+
+    using Patched = std::function<std::expected<PluginChanges, QString>(const QByteArray& json)>;
+    PluginTicket runChange(const QString& plugin, const char* operation, const QByteArray& arguments,
+                           const Patched& take, const Changed& done);
+    std::expected<PluginChanges, QString> takeImport(const QString& plugin, const QByteArray& json);
+    std::expected<PluginChanges, QString> takeUpdate(const QString& plugin, const QSet<QUuid>& offered,
+                                                     const QByteArray& json);
+    void makeDraft(const ImportPatch& patch, UndoStep& step, PluginChanges& changes);
+    void apply(const QUuid& id, const ImportPatch& patch, UndoStep& step, PluginChanges& changes);
+    void addToLog(const QString& plugin, const std::expected<PluginChanges, QString>& changes);
     void runDueUpdate(const QString& plugin);
-    PluginChanges makeDrafts(const std::vector<ImportPatch>& patches);
-    void apply(const QUuid& id, const ImportPatch& patch, PluginChanges& changes);
+    QString nameOf(const QString& plugin) const;
     const Profile& profile() const { return **profiles_.activeProfile(); }
 
     StoreContext& context_;
     PluginManager& plugins_;
     InvoiceJobs& jobs_;
-    const InvoiceManager& invoices_;
+    InvoiceManager& invoices_;
     const ProfileManager& profiles_;
     QSet<QString> running_; ///< whose due update has not ended yet
 };

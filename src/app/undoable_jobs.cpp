@@ -13,8 +13,10 @@ namespace {
 class EditCommand final : public QUndoCommand
 {
 public:
-    EditCommand(InvoiceManager& invoices, Invoice before, Invoice after, EditKind kind)
-        : invoices_(invoices),
+    EditCommand(InvoiceManager& invoices, Invoice before, Invoice after, EditKind kind,
+                QUndoCommand* step = nullptr)
+        : QUndoCommand(step),
+          invoices_(invoices),
           before_(std::move(before)),
           after_(std::move(after)),
           fields_(changedFields(before_, after_)),
@@ -63,8 +65,9 @@ private:
 class PresenceCommand final : public QUndoCommand
 {
 public:
-    PresenceCommand(InvoiceManager& invoices, Invoice record, bool isPresent, const char* text)
-        : invoices_(invoices), record_(std::move(record)), isPresent_(isPresent)
+    PresenceCommand(InvoiceManager& invoices, Invoice record, bool isPresent, const char* text,
+                    QUndoCommand* step = nullptr)
+        : QUndoCommand(step), invoices_(invoices), record_(std::move(record)), isPresent_(isPresent)
     {
         setText(QCoreApplication::translate("UndoText", text));
     }
@@ -97,6 +100,29 @@ private:
 };
 
 } // namespace
+
+UndoStep::UndoStep(InvoiceManager& invoices, const QString& text)
+    : invoices_(invoices), changes_(std::make_unique<QUndoCommand>(text))
+{}
+
+UndoStep::~UndoStep()
+{
+    if (changes_->childCount() > 0)
+        invoices_.undoStack().push(changes_.release()); // the stack owns it
+}
+
+// The step owns the commands.
+
+void UndoStep::made(const Invoice& record)
+{
+    new PresenceCommand(invoices_, record, true, "", changes_.get());
+}
+
+void UndoStep::edited(const Invoice& before, const Invoice& after)
+{
+    if (before != after)
+        new EditCommand(invoices_, before, after, EditKind::single, changes_.get());
+}
 
 JobResult<void> UndoableJobs::edit(const QUuid& id, const std::function<void(Invoice&)>& change,
                                    EditKind kind, Force force)

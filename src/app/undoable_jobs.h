@@ -4,6 +4,8 @@
 
 #include <QUndoStack>
 
+#include <memory>
+
 namespace ledra {
 
 /// How a change comes about, which decides what one step back takes back.
@@ -11,6 +13,26 @@ enum class EditKind {
     single, ///< a choice, a date, a pasted text: a step of its own
     typing, ///< letter by letter: changes of the same fields of a record are one step while nothing else
             ///< happens
+};
+
+/// Several changes that are one step on the undo stack in force. It is there when this object goes, if
+/// anything has changed.
+class UndoStep
+{
+public:
+    /// @param text what is done, as users read it
+    UndoStep(InvoiceManager& invoices, const QString& text);
+    ~UndoStep();
+    UndoStep(const UndoStep&) = delete;
+    UndoStep& operator=(const UndoStep&) = delete;
+
+    // To be told of what has been done.
+    void made(const Invoice& record);
+    void edited(const Invoice& before, const Invoice& after);
+
+private:
+    InvoiceManager& invoices_;
+    std::unique_ptr<QUndoCommand> changes_;
 };
 
 /// What users do to records in a window, each with its way back on the undo stack in force: InvoiceJobs with

@@ -1,5 +1,6 @@
 #include "cli/plugin_run.h"
 
+#include "app/plugin_operations.h"
 #include "app/record_lookup.h"
 #include "cli/archive_output.h"
 #include "cli/json_output.h"
@@ -14,8 +15,6 @@ namespace ledra {
 
 namespace {
 
-constexpr qint64 largestInput = qint64{16} << 20;
-
 /// What the operands behind the operation name.
 struct Operands
 {
@@ -25,10 +24,10 @@ struct Operands
 
 std::expected<PluginInput, QString> inputFrom(const QString& path)
 {
-    const auto content = readFile(path, largestInput);
-    if (!content)
-        return std::unexpected(content.error().text());
-    return PluginInput{path == standardStream ? QString() : QFileInfo(path).fileName(), *content};
+    auto input = readPluginInput(path);
+    if (input && path == standardStream)
+        input->fileName.clear();
+    return input;
 }
 
 std::expected<Operands, QString> operandsFrom(Session& session, const QStringList& texts)
@@ -75,8 +74,8 @@ std::expected<T, QString> awaited(const Start& start)
     return result;
 }
 
-ExitCode writePluginOutput(const std::expected<PluginOutput, QString>& output, Session& session,
-                           const CommandArguments& arguments)
+ExitCode tellOutput(const std::expected<PluginOutput, QString>& output, Session& session,
+                    const CommandArguments& arguments)
 {
     if (!output)
         return failed(output.error());
@@ -85,12 +84,8 @@ ExitCode writePluginOutput(const std::expected<PluginOutput, QString>& output, S
         return ExitCode::done;
     }
     const QString target = archiveTarget(arguments, output->fileName);
-    const auto written = writeExport(target, output->content, overwriteFrom(arguments));
-    if (!written) {
-        session.console().failure(QStringLiteral("AppCommands: failed to write plugin output: ") +
-                                  written.error().text());
+    if (!writePluginOutput(*output, target, overwriteFrom(arguments), session.console()))
         return ExitCode::failed;
-    }
     if (!arguments.has("quiet"))
         writeOutput(target + u'\n');
     return ExitCode::done;
@@ -141,7 +136,7 @@ ExitCode exportOne(const Run& run)
         const auto output = awaited<PluginOutput>([&](const auto& done) {
             run.session.app().pluginJobs().exportInvoice(run.plugin, invoice, done);
         });
-        if (writePluginOutput(output, run.session, run.arguments) != ExitCode::done)
+        if (tellOutput(output, run.session, run.arguments) != ExitCode::done)
             code = ExitCode::failed;
     }
     return code;
@@ -153,7 +148,7 @@ ExitCode exportMany(const Run& run)
         run.operands.records.empty() ? allRecords(run.session) : run.operands.records;
     const auto output = awaited<PluginOutput>(
         [&](const auto& done) { run.session.app().pluginJobs().exportInvoices(run.plugin, records, done); });
-    return writePluginOutput(output, run.session, run.arguments);
+    return tellOutput(output, run.session, run.arguments);
 }
 
 ExitCode importMany(const Run& run)

@@ -70,6 +70,11 @@ QString plainLine(const QString& text, qsizetype longest)
     return line.size() > longest ? line.first(longest - 1) + u'…' : line;
 }
 
+std::unexpected<QString> unknownPlugin(const QString& id)
+{
+    return std::unexpected(QStringLiteral("no plugin is called \"%1\"").arg(id));
+}
+
 bool isPluginId(const QString& id)
 {
     constexpr qsizetype longestId = 100;

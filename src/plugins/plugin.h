@@ -33,6 +33,8 @@ struct PluginManifest
     std::optional<QString> minLedraVersion;
     std::optional<std::vector<QString>> capabilities;
     std::optional<std::int64_t> timer; ///< minutes
+
+    bool operator==(const PluginManifest&) const = default;
 };
 
 // clang-format off: one line a key
@@ -59,6 +61,8 @@ struct Plugin
     QString directory;    ///< its folder, absolute
     QString problem = {}; ///< why it cannot be used; empty when all is well with the manifest
 
+    bool operator==(const Plugin&) const = default;
+
     /// The folder's name without its extension.
     QString id() const;
 
@@ -76,6 +80,9 @@ inline constexpr QStringView networkCapability = u"network:";
 
 /// Whether a text can be the id of a plugin: a file's name of its own, not hidden and not long.
 bool isPluginId(const QString& id);
+
+/// Why nothing can be done with a plugin that is not there.
+std::unexpected<QString> unknownPlugin(const QString& id);
 
 /// A stranger's text for one line: without control characters, of at most that many characters.
 QString plainLine(const QString& text, qsizetype longest);

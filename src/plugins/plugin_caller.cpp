@@ -7,6 +7,7 @@
 #include <QJsonDocument>
 
 #include <array>
+#include <vector>
 
 namespace ledra {
 
@@ -55,16 +56,55 @@ PluginCaller::PluginCaller(QString program, const PluginLimits& limits)
     });
 }
 
-void PluginCaller::take(PluginOrder order)
+PluginTicket PluginCaller::take(PluginOrder order)
 {
+    order.ticket = ++lastTicket_;
     waiting_.push_back(std::move(order));
     QMetaObject::invokeMethod(this, &PluginCaller::next, Qt::QueuedConnection);
+    return lastTicket_;
+}
+
+void PluginCaller::cancel(PluginTicket ticket)
+{
+    cancelIf([ticket](const PluginOrder& order) { return order.ticket == ticket; });
+}
+
+void PluginCaller::cancelAll(const QString& id)
+{
+    cancelIf([&id](const PluginOrder& order) { return order.plugin.id() == id; });
+}
+
+void PluginCaller::cancelIf(const std::function<bool(const PluginOrder&)>& isMeant)
+{
+    std::vector<PluginOrder> cancelled;
+    for (auto order = waiting_.begin(); order != waiting_.end();) {
+        if (!isMeant(*order)) {
+            ++order;
+            continue;
+        }
+        cancelled.push_back(std::move(*order));
+        order = waiting_.erase(order);
+    }
+    if (current_ && isMeant(*current_)) {
+        endRunner();
+        conclude(std::unexpected(pluginCancelled));
+    }
+    for (const PluginOrder& order : cancelled) { // whose answers may give further orders
+        if (order.answer)
+            order.answer(std::unexpected(pluginCancelled));
+    }
 }
 
 void PluginCaller::forget(const QString& id)
 {
     loaded_.remove(id);
     states_.remove(id);
+}
+
+void PluginCaller::note(const QString& id, const QString& error)
+{
+    states_[id].lastError = error;
+    Q_EMIT stateChanged(id);
 }
 
 void PluginCaller::next()
@@ -147,13 +187,21 @@ void PluginCaller::call()
 
 void PluginCaller::finish(const std::expected<QByteArray, QString>& result)
 {
+    const QString id = current_->plugin.id();
+    states_[id].lastError = result ? QString() : result.error();
+    conclude(result);
+    Q_EMIT stateChanged(id);
+}
+
+/// Makes room for the next order and hands out the answer.
+void PluginCaller::conclude(const std::expected<QByteArray, QString>& result)
+{
     clock_.stop();
     phase_ = Phase::idle;
     if (requests_)
         requests_.release()->deleteLater(); // it may be the one that led here
     const PluginOrder order = std::move(*current_);
     current_.reset();
-    states_[order.plugin.id()].lastError = result ? QString() : result.error();
     if (waiting_.empty())
         idle_.start(limits_.idle);
     else
@@ -162,12 +210,17 @@ void PluginCaller::finish(const std::expected<QByteArray, QString>& result)
         order.answer(result);
 }
 
-/// The runner is of no use any more: it is ended, and with it what was going on.
-void PluginCaller::breakOff(const QString& reason)
+void PluginCaller::endRunner()
 {
     runner_.stop();
     loaded_.clear();
     idle_.stop();
+}
+
+/// The runner is of no use any more: it is ended, and with it what was going on.
+void PluginCaller::breakOff(const QString& reason)
+{
+    endRunner();
     if (!current_)
         return;
     states_[current_->plugin.id()].isLoaded = true;

@@ -39,6 +39,12 @@ struct PluginRuntimeState
     bool hasUpdateInvoices = false;
 };
 
+/// Names an order while it is not done, so that it can be cancelled; 0 names none.
+using PluginTicket = quint64;
+
+/// What the answer to a cancelled order says.
+inline const QString pluginCancelled = QStringLiteral("the run was cancelled");
+
 /// One thing to do with a plugin: load it if need be, and call an entry point.
 struct PluginOrder
 {
@@ -49,6 +55,7 @@ struct PluginOrder
     QString operation;    ///< empty: only load it
     QByteArray arguments; ///< a JSON list
     Answer answer;
+    PluginTicket ticket = 0; ///< given by the caller
 };
 
 /// Has the scripts of plugins run in the runner's process, one order after the other, so that it is always
@@ -61,7 +68,14 @@ class PluginCaller : public QObject
 public:
     PluginCaller(QString program, const PluginLimits& limits);
 
-    void take(PluginOrder order);
+    PluginTicket take(PluginOrder order);
+
+    /// Ends an order with an error that is not kept as the plugin's last one. A runner that is at work on it
+    /// is ended with it.
+    void cancel(PluginTicket ticket);
+
+    /// The same for all orders of a plugin.
+    void cancelAll(const QString& id);
 
     /// The plugin's files or rights have changed: it is loaded again before its next call.
     void forget(const QString& id);
@@ -72,11 +86,15 @@ public:
         states_[id] = {.isLoaded = true, .lastError = error};
     }
 
+    /// What came back from a call could not be used.
+    void note(const QString& id, const QString& error);
+
     const PluginRuntimeState& state(const QString& id) { return states_[id]; }
     const RunnerProcess& runner() const { return runner_; }
 
 Q_SIGNALS:
     void logged(const QString& id, const QString& text);
+    void stateChanged(const QString& id); ///< its entry points are known, or its last error is another
 
 private:
     enum class Phase { idle, starting, loading, calling };
@@ -87,6 +105,9 @@ private:
     void load();
     void call();
     void finish(const std::expected<QByteArray, QString>& result);
+    void conclude(const std::expected<QByteArray, QString>& result);
+    void cancelIf(const std::function<bool(const PluginOrder&)>& isMeant);
+    void endRunner();
     void breakOff(const QString& reason);
     void pause();
     void resume();
@@ -106,6 +127,7 @@ private:
     QHash<QString, PluginRuntimeState> states_;
     QSet<QString> loaded_; ///< in this runner
     Phase phase_ = Phase::idle;
+    PluginTicket lastTicket_ = 0;
     int call_ = 0; ///< the current one's number
     int messages_ = 0;
     int openAnswers_ = 0;

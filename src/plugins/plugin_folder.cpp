@@ -83,9 +83,7 @@ std::expected<void, QString> PluginFolder::prepare(const QString& folder, const 
     // The copy is what counts: the original may have changed meanwhile.
     if (const auto manifest = inspectPackage(fresh); !manifest)
         return std::unexpected(manifest.error());
-    if (!QFileInfo(fresh + u'/' + mainModule).isFile())
-        return std::unexpected(QStringLiteral("Installed plugin is missing main.js."));
-    return {};
+    return requireMainModule(fresh);
 }
 
 std::expected<void, QString> PluginFolder::exchange(const QString& fresh, const QString& id)

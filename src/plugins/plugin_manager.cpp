@@ -1,7 +1,5 @@
 #include "plugins/plugin_manager.h"
 
-#include "platform/working_folder.h"
-
 #include <QJsonDocument>
 
 #include <algorithm>
@@ -14,19 +12,9 @@ const QString disabledKey = QStringLiteral("Plugins.disabledIDs");
 const QString checkKey = QStringLiteral("Plugins.checkForUpdatesEnabled");
 const QString secondsKey = QStringLiteral("Plugins.callSeconds");
 
-QString hostsKey(const QString& id)
-{
-    return QStringLiteral("Plugins.grantedHosts.") + id;
-}
-
 QString settingsKey(const QString& id)
 {
     return QStringLiteral("Plugins.settings.") + id;
-}
-
-std::unexpected<QString> unknownPlugin(const QString& id)
-{
-    return std::unexpected(QStringLiteral("no plugin is called \"%1\"").arg(id));
 }
 
 PluginSetting completed(PluginSetting setting, const UserDefaults& defaults)
@@ -52,7 +40,9 @@ PluginManager::PluginManager(StoreContext& context, const PluginSetting& setting
 {
     connect(&caller_, &PluginCaller::logged, this, [this](const QString& id, const QString& text) {
         context_.console.information(id + QStringLiteral(": ") + text);
+        addToLog(id, text);
     });
+    connect(&caller_, &PluginCaller::stateChanged, this, &PluginManager::stateChanged);
     folder_.recover();
     reload();
 }
@@ -100,59 +90,16 @@ std::expected<void, QString> PluginManager::setEnabled(const QString& id, bool i
     if (const auto saved = context_.defaults.setValue(disabledKey, disabled); !saved)
         return saved;
     disabledIds_ = disabled;
+    if (!isEnabled)
+        caller_.cancelAll(id);
     reload(id);
     return {};
 }
 
-std::expected<Plugin, QString> PluginManager::install(const QString& path, HostGrant grant)
+void PluginManager::addToLog(const QString& id, const QString& text)
 {
-    const auto working = WorkingFolder::create(QStringLiteral("LedraPluginInstall"));
-    if (!working)
-        return std::unexpected(working.error().text());
-    const auto package = openPackage(path, working->path());
-    if (!package)
-        return std::unexpected(package.error());
-    const auto manifest = inspectPackage(package->folder);
-    if (!manifest)
-        return std::unexpected(manifest.error());
-    Plugin plugin{*manifest, folder_.pathOf(package->id)};
-    // What an earlier package of this id was granted is not for this one; and nothing is, before it is in
-    // place.
-    const QVariant earlier = context_.defaults.value(hostsKey(package->id));
-    if (const auto forgotten = context_.defaults.remove(hostsKey(package->id)); !forgotten)
-        return std::unexpected(forgotten.error());
-    if (const auto installed = folder_.install(package->folder, package->id); !installed) {
-        if (earlier.isValid()) // the earlier package stays
-            (void)context_.defaults.setValue(hostsKey(package->id), earlier);
-        return std::unexpected(installed.error());
-    }
-    if (const QStringList hosts = plugin.wantedHosts(); grant == HostGrant::all && !hosts.isEmpty()) {
-        if (const auto saved = context_.defaults.setValue(hostsKey(package->id), hosts); !saved)
-            return std::unexpected(saved.error());
-    }
-    reload(package->id);
-    return plugin;
-}
-
-std::expected<void, QString> PluginManager::remove(const QString& id)
-{
-    if (!find(id))
-        return unknownPlugin(id);
-    if (const auto enabled = setEnabled(id, true); !enabled)
-        return enabled;
-    if (const auto removed = folder_.remove(id); !removed)
-        return removed;
-    const auto forgotten = context_.defaults.remove(hostsKey(id));
-    reload(id);
-    return forgotten;
-}
-
-QStringList PluginManager::grantedHosts(const Plugin& plugin) const
-{
-    const QStringList confirmed = context_.defaults.value(hostsKey(plugin.id())).toStringList();
-    QStringList granted = plugin.wantedHosts();
-    granted.removeIf([&](const QString& host) { return !confirmed.contains(host); });
-    return granted;
+    log_.add(id, {context_.clock.now(), text});
+    Q_EMIT logged(id);
 }
 
 QJsonObject PluginManager::settings(const QString& id) const
@@ -188,7 +135,7 @@ void PluginManager::loadRuntimes(const std::function<void()>& done)
             done();
     };
     for (const Plugin& plugin : plugins_) {
-        if (!isEnabled(plugin.id()) || !plugin.problem.isEmpty())
+        if (!isEnabled(plugin.id()) || !plugin.problem.isEmpty() || caller_.state(plugin.id()).isLoaded)
             continue;
         ++*left;
         caller_.take(order(plugin, countDown));
@@ -196,13 +143,14 @@ void PluginManager::loadRuntimes(const std::function<void()>& done)
     QMetaObject::invokeMethod(this, [countDown] { countDown(0); }, Qt::QueuedConnection);
 }
 
-void PluginManager::call(const QString& id, const QString& operation, const QByteArray& arguments,
-                         const PluginOrder::Answer& answer)
+PluginTicket PluginManager::call(const QString& id, const QString& operation, const QByteArray& arguments,
+                                 const PluginOrder::Answer& answer)
 {
     const Plugin* plugin = find(id);
     const auto refuse = [this, answer](const QString& reason) {
         QMetaObject::invokeMethod(
             this, [answer, reason] { answer(std::unexpected(reason)); }, Qt::QueuedConnection);
+        return PluginTicket{};
     };
     if (!plugin)
         return refuse(unknownPlugin(id).error());
@@ -213,7 +161,7 @@ void PluginManager::call(const QString& id, const QString& operation, const QByt
     PluginOrder wanted = order(*plugin, answer);
     wanted.operation = operation;
     wanted.arguments = arguments;
-    caller_.take(std::move(wanted));
+    return caller_.take(std::move(wanted));
 }
 
 void PluginManager::update(const QString& id, const PluginUpdater::Done& done)
@@ -224,6 +172,9 @@ void PluginManager::update(const QString& id, const PluginUpdater::Done& done)
     updater_.update(*plugin, [this, id, done](const PluginUpdater::Outcome& outcome) {
         if (outcome && *outcome)
             reload(id);
+        addToLog(id, !outcome   ? outcome.error()
+                     : *outcome ? QStringLiteral("updated to ") + **outcome
+                                : QStringLiteral("nothing newer"));
         done(outcome);
     });
 }
@@ -231,6 +182,11 @@ void PluginManager::update(const QString& id, const PluginUpdater::Done& done)
 bool PluginManager::checksForUpdates() const
 {
     return context_.defaults.boolean(checkKey, false);
+}
+
+std::expected<void, QString> PluginManager::setChecksForUpdates(bool isOn)
+{
+    return context_.defaults.setValue(checkKey, isOn);
 }
 
 void PluginManager::start()
@@ -242,14 +198,20 @@ void PluginManager::start()
         if (isEnabled(plugin.id()) && plugin.asksFor(onOpenCapability))
             Q_EMIT updateDue(plugin.id());
     }
-    if (!checksForUpdates())
-        return;
+    if (checksForUpdates())
+        updateAll();
+}
+
+/// Nobody has asked for it at this moment, so what fails is only logged: without a network it may be
+/// everything, at every start.
+void PluginManager::updateAll()
+{
     for (const Plugin& plugin : std::vector(plugins_)) {
         if (!plugin.manifest.url || !isEnabled(plugin.id()))
             continue;
         update(plugin.id(), [this, id = plugin.id()](const PluginUpdater::Outcome& outcome) {
             if (!outcome)
-                context_.console.failure(id + QStringLiteral(": ") + outcome.error());
+                context_.console.information(id + QStringLiteral(": ") + outcome.error());
         });
     }
 }

@@ -85,6 +85,13 @@ std::expected<PluginManifest, QString> inspectPackage(const QString& folder)
     return readManifest(folder);
 }
 
+std::expected<void, QString> requireMainModule(const QString& folder)
+{
+    if (!QFileInfo(folder + u'/' + mainModule).isFile())
+        return std::unexpected(QStringLiteral("Installed plugin is missing main.js."));
+    return {};
+}
+
 std::expected<OpenedPackage, QString> unpackPackage(const QString& archive, const QString& working)
 {
     if (const auto extracted = extractArchive(archive, working, packageLimits); !extracted)

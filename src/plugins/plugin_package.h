@@ -14,6 +14,9 @@ inline const QString sourceVersionFile = QStringLiteral(".ledra-source-version")
 /// large files. Returns its manifest; the error is one line.
 [[nodiscard]] std::expected<PluginManifest, QString> inspectPackage(const QString& folder);
 
+/// Refuses a folder without a main module.
+[[nodiscard]] std::expected<void, QString> requireMainModule(const QString& folder);
+
 /// A package that was handed over, ready to be installed: a folder, or an archive unpacked into the working
 /// folder.
 struct OpenedPackage

@@ -1,5 +1,6 @@
 #include "support/forge_server.h"
 #include "support/plugin_home.h"
+#include "support/shell.h"
 #include "support/test_suite.h"
 #include "support/zip_of_entries.h"
 
@@ -44,6 +45,7 @@ private Q_SLOTS:
     void updates();
     void updatesThatFail_data();
     void updatesThatFail();
+    void killedUpdate();
     void fetch_data();
     void fetch();
     void connector();
@@ -215,6 +217,41 @@ void PluginNetworkTest::updatesThatFail()
     QVERIFY2(found.startsWith(u"error: "_qs + error) && !found.contains(u'\n'), qPrintable(found));
     QCOMPARE(test::filesBelow(folder), before);
     QCOMPARE(home.call(u"x"_qs, "exportInvoice"), "\"old\"");
+}
+
+/// What lies on the disk between the two renames is what a process leaves that is killed there.
+void PluginNetworkTest::killedUpdate()
+{
+    ForgeServer server;
+    server.answers = {
+        {"/repos/owner/name", {200, R"({"id":7})"}},
+        {"/repos/owner/name/releases/latest", {200, R"({"tag_name":"3","zipball_url":"BASE/archive.zip"})"}},
+        {"/archive.zip", {200, packed(returnsNew)}}};
+    PluginHome home(settingFor(server));
+    QCOMPARE(home.install(u"x"_qs, "exports.exportInvoice = () => 'old'",
+                          R"({"name":"Old","url":"https://github.com/owner/name"})",
+                          {{u"lib/own.js"_qs, "7"}}),
+             QString());
+    PluginFolder folder(home.manager->folder().path(), home.trash);
+    const QByteArrayList before = test::filesBelow(folder.pathOf(u"x"_qs)).values();
+    folder.betweenRenames = [&] {
+        (void)test::shell(home.path(u"."_qs), "cp -a " + folder.path().toUtf8() + " left");
+    };
+    PluginUpdater updater(folder, home.setting.forge);
+    test::Waiting waiting;
+    updater.update(*home.manager->find(u"x"_qs), [&](const PluginUpdater::Outcome& outcome) {
+        QVERIFY(outcome);
+        waiting.done();
+    });
+    QVERIFY(waiting.wait());
+    QVERIFY(test::contentOf(folder.pathOf(u"x"_qs) + u"/main.js"_qs).contains("'new'"));
+
+    PluginFolder left(home.path(u"left"_qs), home.trash);
+    QVERIFY(left.installed().empty());
+    left.recover();
+    QCOMPARE(PluginHome::names(left.path()), u".lock x.ledraplugin"_qs);
+    QCOMPARE(test::filesBelow(left.pathOf(u"x"_qs)).values(), before);
+    QVERIFY(readManifest(left.pathOf(u"x"_qs)));
 }
 
 void PluginNetworkTest::fetch_data()

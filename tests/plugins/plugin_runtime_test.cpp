@@ -47,6 +47,7 @@ private Q_SLOTS:
     void limits();
     void floodOfLinesIsCut();
     void crashIsSurvived();
+    void cancelledOrders();
     void brokenRunnerIsNotTrusted_data();
     void brokenRunnerIsNotTrusted();
     void runnerIsLockedUp();
@@ -298,6 +299,36 @@ void PluginRuntimeTest::crashIsSurvived()
     const PluginHome other(noRunner);
     QCOMPARE(other.install(u"p"_qs, "exports.exportInvoice = () => 1"), QString());
     QCOMPARE(other.call(u"p"_qs, "exportInvoice"), "error: Plugin runtime could not be created.");
+}
+
+void PluginRuntimeTest::cancelledOrders()
+{
+    const PluginHome home;
+    QCOMPARE(home.install(u"hog"_qs, "exports.exportInvoice = () => { for (;;); }"), QString());
+    QCOMPARE(home.install(u"fine"_qs, "exports.exportInvoice = () => 1"), QString());
+    QVERIFY(home.loadAll());
+    QByteArrayList answers;
+    test::Waiting waiting;
+    const auto call = [&](const QString& id) {
+        return home.manager->call(id, u"exportInvoice"_qs, "[]", [&, id](const auto& json) {
+            answers += id.toUtf8() + ": " + (json ? *json : json.error().toUtf8());
+            if (id == u"fine")
+                waiting.done();
+        });
+    };
+    const PluginTicket running = call(u"hog"_qs);
+    const PluginTicket waitingOne = call(u"hog"_qs);
+    call(u"hog"_qs);
+    call(u"fine"_qs);
+    QCoreApplication::processEvents(); // the first one is begun
+    home.manager->cancel(waitingOne);
+    home.manager->cancel(running);
+    home.manager->cancel(running); // is gone already
+    QCOMPARE(home.manager->runtime(u"hog"_qs).lastError, QString());
+    QVERIFY(home.manager->setEnabled(u"hog"_qs, false)); // and with it what is left
+    QVERIFY(waiting.wait());
+    const QByteArray cancelled = "hog: the run was cancelled";
+    QCOMPARE(answers, (QByteArrayList{cancelled, cancelled, cancelled, "fine: 1"}));
 }
 
 void PluginRuntimeTest::brokenRunnerIsNotTrusted_data()
