@@ -7,6 +7,7 @@
 #include "ui/list/list_panel.h"
 #include "ui/list/side_bar.h"
 #include "ui/look/toast.h"
+#include "ui/plugins/plugin_desk.h"
 #include "ui/preview/preview_panel.h"
 #include "ui/reminders/invoice_reminders_bar.h"
 #include "ui/reminders/reminder_desk.h"
@@ -36,6 +37,7 @@ MainWindow::MainWindow(LedraApp& app, QtWebEngine& engine, WebFontManager& fonts
       preview_(new PreviewPanel(engine, app.console())),
       editor_(new EditorPanel(parts_)),
       reminders_(new ReminderDesk(parts_, *sideBar_, *preview_)),
+      plugins_(new PluginDesk(parts_)),
       styling_(new StylingPanel(parts_)),
       documents_(new DocumentActions(parts_)),
       reporter_(*messages_),
@@ -48,6 +50,7 @@ MainWindow::MainWindow(LedraApp& app, QtWebEngine& engine, WebFontManager& fonts
     addCommands();
     connectParts();
     connectApplication();
+    connectPlugins();
     restoreLook();
     showSelected();
     autoExport_.follow();
@@ -81,6 +84,7 @@ void MainWindow::setUpParts()
     auto* center = new QWidget;
     center->setLayout(column());
     center->layout()->addWidget(messages_);
+    center->layout()->addWidget(&plugins_->busyBar());
     center->layout()->addWidget(splitter_);
     setCentralWidget(center);
     connect(messages_, &MessageBar::noted, new Toast(this), &Toast::say);
@@ -213,6 +217,7 @@ void MainWindow::showProfiles()
 void MainWindow::updateCommands()
 {
     commands_->update([this](CommandNeeds needs) { return isOffered(needs); });
+    plugins_->update();
 }
 
 void MainWindow::reveal(const QUuid& id)

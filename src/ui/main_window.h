@@ -14,6 +14,7 @@ namespace ledra {
 class DocumentActions;
 class EditorPanel;
 class ListPanel;
+class PluginDesk;
 class PreviewPanel;
 class ReminderDesk;
 class SettingsWindow;
@@ -40,6 +41,7 @@ public:
     ListPanel& listPanel() { return *list_; }
     const ListPanel& listPanel() const { return *list_; }
     PreviewPanel& previewPanel() { return *preview_; }
+    PluginDesk& plugins() { return *plugins_; }
     ReminderDesk& reminders() { return *reminders_; }
     StylingPanel& styling() { return *styling_; }
     SideBar& sideBar() { return *sideBar_; }
@@ -64,6 +66,9 @@ public:
     /// Opens the settings at a page, by its English title.
     SettingsWindow& openSettings(const QString& page = {});
 
+    /// The same at the page of plugins, with one of them chosen.
+    void openPluginSettings(const QString& plugin);
+
     /// Shows on the console's behalf what failed.
     void follow(WindowConsole& console);
 
@@ -81,6 +86,7 @@ private:
     void connectApplication();
     void addCommands();
     void addUndoCommands();
+    void connectPlugins();
     void showProfiles();
     bool isOffered(CommandNeeds needs) const;
     void showSelected();
@@ -101,6 +107,7 @@ private:
     PreviewPanel* preview_;
     EditorPanel* editor_;
     ReminderDesk* reminders_;
+    PluginDesk* plugins_;
     StylingPanel* styling_;
     SettingsWindow* settings_ = nullptr;
     DocumentActions* documents_;

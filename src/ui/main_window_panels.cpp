@@ -1,8 +1,10 @@
-// What stands at the right of the document: the editor or the styling, which have one place, and the
-// settings.
+// What stands at the right of the document: the editor or the styling, which have one place; the settings,
+// and the plugins, which lead there.
 
 #include "ui/editor/editor_panel.h"
 #include "ui/main_window.h"
+#include "ui/plugins/plugin_desk.h"
+#include "ui/settings/plugins_page.h"
 #include "ui/settings/settings_window.h"
 #include "ui/styling/styling_panel.h"
 
@@ -67,6 +69,22 @@ SettingsWindow& MainWindow::openSettings(const QString& page)
     settings_->raise();
     settings_->activateWindow();
     return *settings_;
+}
+
+void MainWindow::openPluginSettings(const QString& plugin)
+{
+    SettingsWindow& settings = openSettings(QStringLiteral("Plugins"));
+    settings.findChild<PluginsPage*>()->choose(plugin);
+}
+
+void MainWindow::connectPlugins()
+{
+    auto* inContext = new QMenu(commands_->menu(Menu::plugins)->title(), this);
+    commands_->contextMenu()->addMenu(inContext);
+    plugins_->setMenus(*commands_->menu(Menu::plugins), *inContext, [this] { return selected(); });
+    connect(plugins_, &PluginDesk::recordWanted, this, &MainWindow::reveal);
+    connect(plugins_, &PluginDesk::settingsWanted, this, &MainWindow::openPluginSettings);
+    connect(&parts_.app, &LedraApp::openPluginSettings, this, [this] { openPluginSettings({}); });
 }
 
 void MainWindow::openEditor()

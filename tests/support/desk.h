@@ -29,7 +29,8 @@ inline void failOnWindowWarnings()
 /// The window over the home that the environment names, used as by somebody who sits before it.
 struct Desk
 {
-    explicit Desk(FileDevice* device = nullptr) : app{{.console = console, .device = device}}
+    explicit Desk(FileDevice* device = nullptr, const PluginSetting& plugins = {})
+        : app{{.console = console, .device = device, .plugins = plugins}}
     {
         window.show();
         window.activateWindow();

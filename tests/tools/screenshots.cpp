@@ -12,6 +12,7 @@
 #include "ui/look/appearance.h"
 #include "ui/look/interface_language.h"
 #include "ui/main_window.h"
+#include "ui/plugins/plugin_desk.h"
 #include "ui/preview/preview_panel.h"
 #include "ui/record_window.h"
 #include "ui/settings/settings_window.h"
@@ -23,6 +24,7 @@
 #include <QScreen>
 #include <QScrollArea>
 #include <QScrollBar>
+#include <QTemporaryDir>
 #include <QTest>
 
 #include <cstdio>
@@ -64,6 +66,7 @@ public:
         choose(Status::draft);
         takeLists();
         takeDialogs();
+        takePlugins();
         takeMessages();
     }
 
@@ -147,6 +150,61 @@ private:
         take("separate-window");
     }
 
+    /// A package that wants something of everything, and takes its time.
+    QString portal() const
+    {
+        const QString folder = packages_.filePath(QStringLiteral("portal.ledraplugin"));
+        QDir().mkpath(folder);
+        const auto write = [&](const char* name, const QByteArray& content) {
+            QFile file(folder + u'/' + QString::fromLatin1(name));
+            if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size())
+                std::fprintf(stderr, "cannot write %s\n", qPrintable(file.fileName()));
+        };
+        write("plugin.json", R"({"name":"Client portal","version":"2.1","author":"Nordwind",
+            "authorUrl":"https://nordwind.example","url":"https://github.com/nordwind/portal",
+            "description":"Sends invoices to the portal of a client and fetches which of them are paid.",
+            "capabilities":["network:portal.example.com","network:files.example.com","onOpen"],"timer":30})");
+        write("main.js",
+              "console.log('connected');"
+              "exports.exportInvoices = () => { for (;;); };"
+              "exports.updateInvoices = () => { throw new Error('The portal is closed today.') };");
+        return folder;
+    }
+
+    void takePlugins()
+    {
+        SettingsWindow& settings = window_.openSettings(QStringLiteral("Plugins"));
+        window_.parts().app.appDelegate().open({QUrl::fromLocalFile(portal())});
+        take("plugin-install");
+        qobject_cast<QDialog*>(QApplication::activeModalWidget())->accept();
+        PluginManager& plugins = window_.parts().app.pluginManager();
+        for (const char* name : {"bank-statement", "bookkeeping", "timesheet"})
+            (void)plugins.install(
+                QStringLiteral(LEDRA_EXAMPLES "/plugins/%1.ledraplugin").arg(QLatin1String(name)),
+                HostGrant::none);
+        (void)plugins.setEnabled(QStringLiteral("timesheet"), false);
+        plugins.start();
+        take("plugins");
+        window_.openPluginSettings(QStringLiteral("portal"));
+        take("plugin-failed");
+        window_.openPluginSettings(QStringLiteral("bookkeeping"));
+        take("plugin-detail");
+        settings.close();
+        window_.commands().menu(Menu::plugins)->popup(window_.mapToGlobal(QPoint(300, 200)));
+        window_.commands()
+            .menu(Menu::plugins)
+            ->actions()
+            .front()
+            ->menu()
+            ->popup(window_.mapToGlobal(QPoint(480, 200)));
+        take("plugin-menu");
+        while (QWidget* open = QApplication::activePopupWidget())
+            open->close();
+        window_.plugins().runs().start(QStringLiteral("portal"), PluginOperation::exportAll, {});
+        take("plugin-busy");
+        window_.plugins().runs().cancel();
+    }
+
     void takeMessages()
     {
         window_.parts().messages.warn(QStringLiteral("Error saving invoice: No space left on device"));
@@ -156,6 +214,7 @@ private:
 
     MainWindow& window_;
     QString folder_;
+    QTemporaryDir packages_;
 };
 
 } // namespace
@@ -170,7 +229,7 @@ int main(int argc, char** argv)
     int engineArgc = 1; // the engine reads the arguments of the program
     const QApplication application(engineArgc, argv);
     WindowConsole console;
-    LedraApp app({.console = console});
+    LedraApp app({.console = console, .plugins = {.runner = QStringLiteral(LEDRA_PLUGIN_RUNNER)}});
     const InterfaceLanguage language(app.settings());
     if (!app.settings().set(QStringLiteral("appearance"), QString::fromLocal8Bit(argv[1])))
         return 2;

@@ -15,6 +15,7 @@ constexpr std::array menus = {
     MenuRow{Menu::fullList, QT_TRANSLATE_NOOP("WindowCommands", "Full List"), Menu::exporting},
     MenuRow{Menu::filteredList, QT_TRANSLATE_NOOP("WindowCommands", "Filtered List"), Menu::exporting},
     MenuRow{Menu::exportProfiles, QT_TRANSLATE_NOOP("WindowCommands", "Export Profiles…"), Menu::file},
+    MenuRow{Menu::plugins, QT_TRANSLATE_NOOP("WindowCommands", "Plugins"), Menu::file},
     MenuRow{Menu::profile, QT_TRANSLATE_NOOP("WindowCommands", "Profile"), Menu::file},
     MenuRow{Menu::edit, QT_TRANSLATE_NOOP("WindowCommands", "&Edit"), Menu::edit},
     MenuRow{Menu::record, QT_TRANSLATE_NOOP("WindowCommands", "&Invoice"), Menu::record},

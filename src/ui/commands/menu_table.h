@@ -12,6 +12,7 @@ enum class Menu {
     fullList,
     filteredList,
     exportProfiles,
+    plugins, ///< filled with what the plugins offer
     profile,
     edit,
     record,

@@ -47,16 +47,6 @@ void warn(MessageBar& messages, const QStringList& lines, const QString& heading
     messages.warn(text);
 }
 
-void tellFiles(const WindowParts& parts, const QStringList& files)
-{
-    if (files.isEmpty())
-        return;
-    const QString line =
-        files.size() == 1 ? ExportFlow::tr("Exported: %1").arg(QFileInfo(files.front()).fileName())
-                          : ExportFlow::tr("%n documents exported", nullptr, static_cast<int>(files.size()));
-    parts.messages.inform(line, {{ExportFlow::tr("Show"), [files] { FileReveal().show(files); }}});
-}
-
 /// An e-invoice that the user waits for is not left to a line at the edge.
 void tellEnd(const WindowParts& parts, ExportOutcome outcome, const ExportOrder& order)
 {
@@ -128,6 +118,16 @@ QString exportTitle(ExportFormat format)
 {
     const auto row = std::ranges::find(titles, format, &TitleRow::format);
     return row == titles.end() ? QString() : ExportFlow::tr(row->title);
+}
+
+void tellFiles(const WindowParts& parts, const QStringList& files)
+{
+    if (files.isEmpty())
+        return;
+    const QString line =
+        files.size() == 1 ? ExportFlow::tr("Exported: %1").arg(QFileInfo(files.front()).fileName())
+                          : ExportFlow::tr("%n documents exported", nullptr, static_cast<int>(files.size()));
+    parts.messages.inform(line, {{ExportFlow::tr("Show"), [files] { FileReveal().show(files); }}});
 }
 
 void tellProblems(MessageBar& messages, const ExportOutcome& outcome)

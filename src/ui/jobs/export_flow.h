@@ -11,6 +11,9 @@ void exportToFiles(const WindowParts& parts, const std::vector<InvoicePtr>& reco
 /// "Export as XRechnung"
 QString exportTitle(ExportFormat format);
 
+/// Says that files were written, with a way to them.
+void tellFiles(const WindowParts& parts, const QStringList& files);
+
 /// Tells what an export left to be told: notices and what failed.
 void tellProblems(MessageBar& messages, const ExportOutcome& outcome);
 

@@ -35,10 +35,12 @@ void FileImporter::importDropped(const QList<QUrl>& urls)
     QStringList documents;
     for (const QUrl& url : urls) {
         const HandedOver::Kind kind = classify(url).kind;
-        if (kind == HandedOver::Kind::plugin || kind == HandedOver::Kind::invoiceLink)
+        if (kind == HandedOver::Kind::invoiceLink)
             parts_.app.appDelegate().open({url});
         else if (!url.isLocalFile())
             parts_.messages.warn(tr("%1 is no file of this computer.").arg(url.toDisplayString()));
+        else if (kind == HandedOver::Kind::plugin)
+            parts_.app.appDelegate().open({url});
         else if (kind == HandedOver::Kind::document)
             documents += url.toLocalFile();
         else if (kind == HandedOver::Kind::styling)

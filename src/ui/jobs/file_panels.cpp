@@ -40,6 +40,14 @@ QFileDialog* newPanel(const WindowParts& parts, const QString& title, const QStr
     return dialog;
 }
 
+QFileDialog* newOpenPanel(const WindowParts& parts, const OpenPanel& panel)
+{
+    QFileDialog* dialog = newPanel(parts, panel.title, panel.filter);
+    dialog->setLabelText(QFileDialog::Accept, translated("Import"));
+    followFolder(*dialog, parts, importFolderKey);
+    return dialog;
+}
+
 } // namespace
 
 void setUpSavePanel(QFileDialog& dialog, const WindowParts& parts, const SavePanel& panel)
@@ -74,13 +82,20 @@ void askForFolder(const WindowParts& parts, const QString& title,
     dialog->open();
 }
 
+void askForFile(const WindowParts& parts, const OpenPanel& panel,
+                const std::function<void(const QString&)>& chosen)
+{
+    QFileDialog* dialog = newOpenPanel(parts, panel);
+    dialog->setFileMode(QFileDialog::ExistingFile);
+    QObject::connect(dialog, &QFileDialog::fileSelected, dialog, chosen);
+    dialog->open();
+}
+
 void askForFiles(const WindowParts& parts, const OpenPanel& panel,
                  const std::function<void(const QStringList&)>& chosen)
 {
-    QFileDialog* dialog = newPanel(parts, panel.title, panel.filter);
+    QFileDialog* dialog = newOpenPanel(parts, panel);
     dialog->setFileMode(QFileDialog::ExistingFiles);
-    dialog->setLabelText(QFileDialog::Accept, translated("Import"));
-    followFolder(*dialog, parts, importFolderKey);
     QObject::connect(dialog, &QFileDialog::filesSelected, dialog, chosen);
     dialog->open();
 }

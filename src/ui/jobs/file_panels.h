@@ -32,6 +32,8 @@ void askForTarget(const WindowParts& parts, const SavePanel& panel,
                   const std::function<void(const QString&)>& chosen);
 void askForFolder(const WindowParts& parts, const QString& title,
                   const std::function<void(const QString&)>& chosen);
+void askForFile(const WindowParts& parts, const OpenPanel& panel,
+                const std::function<void(const QString&)>& chosen);
 void askForFiles(const WindowParts& parts, const OpenPanel& panel,
                  const std::function<void(const QStringList&)>& chosen);
 

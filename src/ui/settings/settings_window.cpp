@@ -4,6 +4,7 @@
 #include "ui/look/toast.h"
 #include "ui/settings/data_page.h"
 #include "ui/settings/general_page.h"
+#include "ui/settings/plugins_page.h"
 #include "ui/settings/profiles_page.h"
 #include "ui/settings/text_parser_page.h"
 
@@ -28,6 +29,7 @@ constexpr std::array pages = {
     SettingsPage{TITLE("Profiles"), "person", make<ProfilesPage>, false},
     SettingsPage{TITLE("Data"), "folder", make<DataPage>, false},
     SettingsPage{TITLE("Export"), "export", make<ExportPage>},
+    SettingsPage{TITLE("Plugins"), "plugin", make<PluginsPage>, false},
     SettingsPage{TITLE("Text Parser"), "search", make<TextParserPage>},
 };
 
