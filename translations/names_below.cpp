@@ -119,3 +119,13 @@ const char* const choices[] = {
     QT_TRANSLATE_NOOP("Choices", "Dotted"),
     QT_TRANSLATE_NOOP("Choices", "Dashed"),
 };
+const char* const looks[] = {
+    QT_TRANSLATE_NOOP("DocumentLook", "Classic"),
+    QT_TRANSLATE_NOOP("DocumentLook", "A serif letter with figures that stand in columns"),
+    QT_TRANSLATE_NOOP("DocumentLook", "Letter"),
+    QT_TRANSLATE_NOOP("DocumentLook", "One typeface, fine lines and nothing at the margin"),
+    QT_TRANSLATE_NOOP("DocumentLook", "Studio"),
+    QT_TRANSLATE_NOOP("DocumentLook", "A heavy headline in colour, within a frame"),
+    QT_TRANSLATE_NOOP("DocumentLook", "Typewriter"),
+    QT_TRANSLATE_NOOP("DocumentLook", "All in one width, with dots behind it"),
+};

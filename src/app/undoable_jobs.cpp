@@ -143,11 +143,11 @@ JobResult<InvoicePtr> UndoableJobs::made(JobResult<InvoicePtr> record, const cha
     return record;
 }
 
-JobResult<InvoicePtr> UndoableJobs::create(InvoiceType type)
+JobResult<InvoicePtr> UndoableJobs::create(InvoiceType type, const InvoiceManager::Adjust& fill)
 {
-    return made(jobs_.create(type), type == InvoiceType::quote
-                                        ? QT_TRANSLATE_NOOP("UndoText", "New Quote")
-                                        : QT_TRANSLATE_NOOP("UndoText", "New Invoice"));
+    return made(jobs_.create(type, fill), type == InvoiceType::quote
+                                              ? QT_TRANSLATE_NOOP("UndoText", "New Quote")
+                                              : QT_TRANSLATE_NOOP("UndoText", "New Invoice"));
 }
 
 JobResult<InvoicePtr> UndoableJobs::duplicate(const QUuid& id)

@@ -50,7 +50,8 @@ public:
     JobResult<void> setStatus(const QUuid& id, Status status) { return jobs_.setStatus(id, status); }
 
     // Going back moves the new record to the trash, going on brings the same one back.
-    JobResult<InvoicePtr> create(InvoiceType type);
+    /// @param fill completes the new record before it is written, as part of the same step
+    JobResult<InvoicePtr> create(InvoiceType type, const InvoiceManager::Adjust& fill = {});
     JobResult<InvoicePtr> duplicate(const QUuid& id);
     JobResult<InvoicePtr> convert(const QUuid& id);
 

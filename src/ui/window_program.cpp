@@ -1,5 +1,6 @@
 #include "ui/window_program.h"
 
+#include "ui/assistant/first_start_assistant.h"
 #include "ui/desktop/application_bus.h"
 #include "ui/running_program.h"
 
@@ -48,7 +49,10 @@ int runWindow(int argc, char** argv)
     if (!bus.becomeFirst() && bus.handOver(urls))
         return 0;
     RunningProgram program(bus);
-    program.open(urls);
+    if (urls.isEmpty())
+        offerFirstStart(program.window());
+    else
+        program.open(urls);
     return QApplication::exec();
 }
 

@@ -44,17 +44,12 @@ void compose(MainWindow& window, const QString& subject, const QString& body)
 /// A page of the program's own, in the language of the window.
 void showPage(MainWindow& window, const char* name, const QString& title)
 {
-    const QString language =
-        readerLanguage() == Language::german ? QStringLiteral("de") : QStringLiteral("en");
-    QFile file(QStringLiteral(":/help/%1.%2.md").arg(QString::fromLatin1(name), language));
-    if (!file.open(QIODevice::ReadOnly))
-        qFatal("There is no page %s", name); // a slip in the program, found by opening it once
     auto* dialog = new QDialog(&window);
     dialog->setAttribute(Qt::WA_DeleteOnClose);
     dialog->setWindowTitle(title);
     auto* layout = new QVBoxLayout(dialog);
     auto* page = new QTextBrowser(dialog);
-    page->setMarkdown(QString::fromUtf8(file.readAll()));
+    page->setMarkdown(helpPage(name));
     page->setAccessibleName(title);
     page->setOpenExternalLinks(true);
     layout->addWidget(page);
@@ -66,6 +61,16 @@ void showPage(MainWindow& window, const char* name, const QString& title)
 }
 
 } // namespace
+
+QString helpPage(const char* name)
+{
+    const QString language =
+        readerLanguage() == Language::german ? QStringLiteral("de") : QStringLiteral("en");
+    QFile file(QStringLiteral(":/help/%1.%2.md").arg(QString::fromLatin1(name), language));
+    if (!file.open(QIODevice::ReadOnly))
+        qFatal("There is no page %s", name); // a slip in the program, found by opening it once
+    return QString::fromUtf8(file.readAll());
+}
 
 void writeMessage(MainWindow& window)
 {

@@ -1,5 +1,6 @@
 #include "ui/commands/window_commands.h"
 
+#include "ui/assistant/first_start_assistant.h"
 #include "ui/commands/command_search.h"
 #include "ui/commands/file_commands.h"
 #include "ui/commands/help_commands.h"
@@ -186,7 +187,9 @@ constexpr std::array commands = {
                   inPreview<&PreviewPanel::actualSize>, "Ctrl+0"},
     WindowCommand{Menu::view, QT_TRANSLATE_NOOP("WindowCommands", "Fit Width"),
                   inPreview<&PreviewPanel::fitWidth>, "Ctrl+9", "fit"},
-    WindowCommand{Menu::help, QT_TRANSLATE_NOOP("WindowCommands", "Write a Message…"), writeMessage},
+    WindowCommand{Menu::help, QT_TRANSLATE_NOOP("WindowCommands", "Set Up Ledra…"), openFirstStart},
+    WindowCommand{Menu::help, QT_TRANSLATE_NOOP("WindowCommands", "Write a Message…"), writeMessage, "",
+                  nullptr, Needs::nothing, menuOnly, nullptr, true},
     WindowCommand{Menu::help, QT_TRANSLATE_NOOP("WindowCommands", "Report Problem…"), reportProblem},
     WindowCommand{Menu::help, QT_TRANSLATE_NOOP("WindowCommands", "Terms of Use"), showTerms, "", nullptr,
                   Needs::nothing, menuOnly, nullptr, true},

@@ -1,8 +1,5 @@
 #include "ui/settings/profile_editing.h"
 
-#include <algorithm>
-#include <limits>
-
 namespace ledra {
 
 namespace {
@@ -75,16 +72,6 @@ std::expected<void, QString> ProfileEditing::rename(const QString& name)
         return std::unexpected(*problem);
     const auto saved = profiles_.saveProfile(shown_, ProfileManager::folderNameFor(shown_, name));
     return saved ? std::expected<void, QString>() : std::unexpected(saved.error().text);
-}
-
-Access<int> ProfileEditing::count(std::int64_t Profile::* member)
-{
-    const Access<std::int64_t> access = field(member);
-    return {[access] {
-                constexpr std::int64_t most = std::numeric_limits<int>::max();
-                return static_cast<int>(std::clamp<std::int64_t>(access.read(), 0, most));
-            },
-            [access](const int& value) { access.write(value); }};
 }
 
 } // namespace ledra

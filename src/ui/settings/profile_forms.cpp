@@ -1,9 +1,9 @@
 #include "ui/settings/profile_forms.h"
 
-#include "model/identifier_checks.h"
 #include "model/number_format.h"
 #include "model/reminder_variable.h"
 #include "ui/settings/profile_choices.h"
+#include "ui/settings/profile_fields.h"
 
 #include <QPushButton>
 
@@ -17,27 +17,6 @@ struct ProfileForms
 {
     Q_DECLARE_TR_FUNCTIONS(ProfileForms)
 };
-
-// ---- checks
-
-FieldForm::Check checkOf(IdentifierProblem (*check)(const QString&))
-{
-    return [check](const QString& value) {
-        const QByteArray problem = displayText(check(value)).toUtf8();
-        return problem.isEmpty() ? QString()
-                                 : QCoreApplication::translate("IdentifierChecks", problem.constData());
-    };
-}
-
-/// A check that depends on the country that taxes the profile.
-FieldForm::Check checkOf(IdentifierProblem (*check)(const QString&, const QString&), ProfileEditing& editing)
-{
-    return [check, &editing](const QString& value) {
-        const QByteArray problem = displayText(check(value, editing.profile().taxResidency.code)).toUtf8();
-        return problem.isEmpty() ? QString()
-                                 : QCoreApplication::translate("IdentifierChecks", problem.constData());
-    };
-}
 
 QString numberFormatProblem(const QString& format)
 {
@@ -67,33 +46,18 @@ void fillInformation(FieldForm& form, ProfileEditing& editing)
             name->setText(editing.profile().displayName());
     });
     form.addChoice(ProfileForms::tr("Symbol"), symbolChoices(), editing.field(&Profile::icon));
-    form.addLine(ProfileForms::tr("Name"), editing.field(&Profile::name));
-    form.addLine(ProfileForms::tr("Business"), editing.field(&Profile::businessName));
-    form.addLine(ProfileForms::tr("Address"), editing.field(&Profile::addressLineOne));
-    form.addLine(ProfileForms::tr("Address line 2"), editing.field(&Profile::addressLineTwo));
-    form.addLine(ProfileForms::tr("Postcode"), editing.field(&Profile::addressPostcode));
-    form.addLine(ProfileForms::tr("City"), editing.field(&Profile::addressCity));
-    form.addLine(ProfileForms::tr("State"), editing.field(&Profile::addressState));
-    form.addChoice(ProfileForms::tr("Country"), countryChoices(), editing.code(&Profile::addressCountry),
-                   true);
-    form.addLine(ProfileForms::tr("Email"), editing.field(&Profile::email));
-    form.addLine(ProfileForms::tr("Phone"), editing.field(&Profile::phone));
+    addSenderFields(form, editing);
     form.addLine(ProfileForms::tr("Website"), editing.field(&Profile::website));
     form.addParagraph(ProfileForms::tr("Additional"), editing.field(&Profile::additional), 2);
 }
 
 void fillFinancial(FieldForm& form, ProfileEditing& editing)
 {
-    form.addLine(ProfileForms::tr("IBAN"), editing.field(&Profile::iban), checkOf(ibanProblem));
-    form.addLine(ProfileForms::tr("BIC"), editing.field(&Profile::bic), checkOf(bicProblem));
-    form.addLine(ProfileForms::tr("Tax number"), editing.field(&Profile::taxNumber),
-                 checkOf(taxNumberProblem, editing));
-    form.addLine(ProfileForms::tr("VAT ID"), editing.field(&Profile::vatNumber),
-                 checkOf(vatNumberProblem, editing));
+    addBankFields(form, editing);
+    addTaxNumberFields(form, editing);
     form.addParagraph(ProfileForms::tr("Further numbers"), editing.field(&Profile::additionalNumbers), 3);
-    form.addChoice(ProfileForms::tr("Taxed in"), countryChoices(), editing.code(&Profile::taxResidency),
-                   true);
-    form.addChoice(ProfileForms::tr("Currency"), currencyChoices(), editing.code(&Profile::currency), true);
+    addTaxResidencyField(form, editing);
+    addCurrencyField(form, editing);
 }
 
 constexpr int anyYear = 1999; ///< stands for none
@@ -143,10 +107,7 @@ void fillPresets(FieldForm& form, ProfileEditing& editing)
                    editing.choice(&Profile::language));
     constexpr int mostDays = 3650;
     form.addCount(ProfileForms::tr("Days to pay"), editing.count(&Profile::daysToPay), 0, mostDays);
-    form.addNumber(ProfileForms::tr("VAT"), editing.field(&Profile::vatPercentage), 0, QStringLiteral("%"));
-    form.addToggle(ProfileForms::tr("Documents without VAT"), editing.field(&Profile::hideVat));
-    form.addChoice(ProfileForms::tr("Exemption"), choicesOf<VATExemptionReason>(choiceTexts),
-                   editing.choice(&Profile::vatExemptionReason));
+    addVatFields(form, editing);
     const QString unit = editing.profile().currency.symbol();
     form.addSwitchedNumber(ProfileForms::tr("Hourly rate"), editing.field(&Profile::hourlyRate), unit);
     form.addSwitchedNumber(ProfileForms::tr("Daily rate"), editing.field(&Profile::dailyRate), unit);
