@@ -1,15 +1,12 @@
 #include "cli/extract_command.h"
 
-#include "app/text_extraction.h"
+#include "app/extraction_jobs.h"
 #include "cli/json_output.h"
 #include "cli/record_command.h"
 #include "cli/text_table.h"
-#include "platform/file_io.h"
 #include "platform/interruption.h"
-#include "textparser/apply_extraction.h"
 
 #include <QEventLoop>
-#include <QStringDecoder>
 
 #include <unistd.h>
 
@@ -28,18 +25,11 @@ constexpr CommandSpec extractSpec = {
     "extract", "TEXT|-", "Find the fields of an invoice in a text, with a model on this computer.", options,
     false};
 
-constexpr qint64 mostInput = 4 * longestExtractedText; ///< bytes; a character has up to four
-
 std::expected<QString, QString> textFrom(const QString& argument)
 {
     if (argument != standardStream)
         return argument;
-    const std::expected<QByteArray, FileError> input = readFile(argument, mostInput);
-    if (!input)
-        return std::unexpected(input.error().text());
-    QStringDecoder utf8(QStringDecoder::Utf8);
-    const QString text = utf8(*input);
-    return utf8.hasError() ? QString::fromLatin1(*input) : text; // what old mail programs write
+    return textOfFile(argument);
 }
 
 /// Shows on a terminal that something is going on.
@@ -130,15 +120,15 @@ ExitCode create(const Order& order)
         return failed(extraction.error());
     if (*extraction == ExtractedInvoice())
         return failed(QStringLiteral("nothing was found in the text"));
-    QStringList unused;
+    std::vector<UnusedText> unused;
     const JobResult<InvoicePtr> made = app.jobs().create(InvoiceType::invoice, [&](Invoice& invoice) {
         unused = apply(*extraction, invoice, {(*session)->profile(), app.ids()});
     });
     if (!made)
         return failed(made.error());
     tellRecord(**session, *made, order.arguments, true);
-    for (const QString& line : unused)
-        sayFailure(line);
+    for (const UnusedText& each : unused)
+        sayFailure(each.line());
     return ExitCode::done;
 }
 

@@ -10,26 +10,27 @@ namespace {
 
 constexpr double highestRate = 100; // percent
 
-QString unused(const char* what, const QString& value, const char* why)
-{
-    return QStringLiteral("%1 “%2”: %3").arg(QString::fromLatin1(what), value, QString::fromLatin1(why));
-}
+constexpr const char* isUnknownCode = "there is no such code";
+constexpr const char* startOfService = "start of service “%1”";
+constexpr const char* endOfService = "end of service “%1”";
+constexpr const char* isTaken = "the invoice has another one";
 
 struct TextPair
 {
     std::optional<QString> ExtractedRecipient::* from;
     QString Invoice::* to;
+    const char* what;
 };
 
 constexpr std::array recipientTexts = {
-    TextPair{&ExtractedRecipient::name, &Invoice::name},
-    TextPair{&ExtractedRecipient::businessName, &Invoice::businessName},
-    TextPair{&ExtractedRecipient::email, &Invoice::email},
-    TextPair{&ExtractedRecipient::addressLineOne, &Invoice::addressLineOne},
-    TextPair{&ExtractedRecipient::addressLineTwo, &Invoice::addressLineTwo},
-    TextPair{&ExtractedRecipient::postcode, &Invoice::addressPostcode},
-    TextPair{&ExtractedRecipient::city, &Invoice::addressCity},
-    TextPair{&ExtractedRecipient::state, &Invoice::addressState},
+    TextPair{&ExtractedRecipient::name, &Invoice::name, "name “%1”"},
+    TextPair{&ExtractedRecipient::businessName, &Invoice::businessName, "business “%1”"},
+    TextPair{&ExtractedRecipient::email, &Invoice::email, "e-mail “%1”"},
+    TextPair{&ExtractedRecipient::addressLineOne, &Invoice::addressLineOne, "address “%1”"},
+    TextPair{&ExtractedRecipient::addressLineTwo, &Invoice::addressLineTwo, "address line 2 “%1”"},
+    TextPair{&ExtractedRecipient::postcode, &Invoice::addressPostcode, "postcode “%1”"},
+    TextPair{&ExtractedRecipient::city, &Invoice::addressCity, "city “%1”"},
+    TextPair{&ExtractedRecipient::state, &Invoice::addressState, "state “%1”"},
 };
 
 constexpr std::array units = {
@@ -56,50 +57,64 @@ public:
     void takeItems(const std::vector<ExtractedItem>& items);
     void takeTexts(const ExtractedInvoice& extracted);
 
-    const QStringList& problems() const { return problems_; }
+    std::vector<UnusedText> takeProblems() { return std::move(problems_); }
 
 private:
+    void drop(const char* what, const QString& value, const char* why)
+    {
+        problems_.push_back({what, value, why});
+    }
+    void takeText(const QString& text, QString& field, const char* what);
     std::optional<QDate> day(const char* what, const std::optional<QString>& text);
     Invoice::Item itemOf(const ExtractedItem& extracted);
 
     Invoice& invoice_;
     const ApplyDefaults& defaults_;
-    QStringList problems_;
+    std::vector<UnusedText> problems_;
 };
+
+void Application::takeText(const QString& text, QString& field, const char* what)
+{
+    if (field.isEmpty())
+        field = text;
+    else if (field != text)
+        drop(what, text, isTaken);
+}
 
 void Application::takeRecipient(const ExtractedRecipient& recipient)
 {
-    for (const auto& [from, to] : recipientTexts) {
-        const std::optional<QString>& text = recipient.*from;
-        if (text && (invoice_.*to).isEmpty())
-            invoice_.*to = *text;
+    for (const auto& [from, to, what] : recipientTexts) {
+        if (recipient.*from)
+            takeText(*(recipient.*from), invoice_.*to, what);
     }
     if (!recipient.countryCode)
         return;
     const QString code = recipient.countryCode->toUpper();
     if (!findCountry(code))
-        problems_ += unused("country", *recipient.countryCode, "there is no such code");
+        drop("country “%1”", *recipient.countryCode, isUnknownCode);
     else if (invoice_.addressCountry.code.isEmpty() ||
              invoice_.addressCountry == defaults_.profile.addressCountry)
         invoice_.addressCountry.code = code;
+    else if (invoice_.addressCountry.code != code)
+        drop("country “%1”", code, isTaken);
 }
 
 void Application::takeCurrency(const QString& text)
 {
     const QString code = text.toUpper();
     if (!isKnownCurrency(code))
-        problems_ += unused("currency", text, "there is no such code");
+        drop("currency “%1”", text, isUnknownCode);
     else if (invoice_.currency == defaults_.profile.currency)
         invoice_.currency.code = code;
     else if (invoice_.currency.code != code)
-        problems_ += unused("currency", text, "the invoice has another one");
+        drop("currency “%1”", text, isTaken);
 }
 
 std::optional<QDate> Application::day(const char* what, const std::optional<QString>& text)
 {
     const std::optional<QDate> day = text ? dayFromText(*text) : std::nullopt;
     if (text && !day)
-        problems_ += unused(what, *text, "not a date such as 2026-03-05");
+        drop(what, *text, "not a date such as 2026-03-05");
     return day;
 }
 
@@ -108,17 +123,20 @@ void Application::takeDays(const std::optional<QString>& startText, const std::o
     const bool isUntouched =
         !invoice_.serviceDateEnd && (invoice_.serviceDateStart == invoice_.date ||
                                      invoice_.serviceDateStart == invoice_.statusUpdateDate);
-    if (!isUntouched)
+    const std::optional<QDate> start = day(startOfService, startText);
+    const std::optional<QDate> end = day(endOfService, endText);
+    if (!isUntouched) {
+        if (start && *start != invoice_.serviceDateStart.localDate())
+            drop(startOfService, dayText(*start), isTaken);
         return;
-    const std::optional<QDate> start = day("start of service", startText);
-    const std::optional<QDate> end = day("end of service", endText);
+    }
     const auto noon = [](QDate date) { return Timestamp::fromDateTime(QDateTime(date, QTime(12, 0))); };
     if (start)
         invoice_.serviceDateStart = noon(*start);
     if (end && !start)
-        problems_ += unused("end of service", dayText(*end), "there is no start");
+        drop(endOfService, dayText(*end), "there is no start");
     else if (end && *end < *start)
-        problems_ += unused("end of service", dayText(*end), "before the start");
+        drop(endOfService, dayText(*end), "before the start");
     else if (end && *end > *start)
         invoice_.serviceDateEnd = noon(*end);
 }
@@ -134,7 +152,7 @@ Invoice::Item Application::itemOf(const ExtractedItem& extracted)
     if (rate >= 0 && rate <= highestRate)
         item.vatPercentage = rate;
     else
-        problems_ += unused("VAT rate", QString::number(rate), "not from 0 to 100");
+        drop("VAT rate “%1”", QString::number(rate), "not from 0 to 100");
     return item;
 }
 
@@ -148,10 +166,9 @@ void Application::takeItems(const std::vector<ExtractedItem>& items)
     if (filled.empty())
         return;
     if (!isFree) {
-        problems_ += QStringLiteral("%1 items: the invoice has some already").arg(filled.size());
+        drop("%1 items", QString::number(filled.size()), "the invoice has some already");
     } else if (invoice_.grossPrices) {
-        problems_ +=
-            QStringLiteral("%1 items: their prices are net, those of the invoice gross").arg(filled.size());
+        drop("%1 items", QString::number(filled.size()), "their prices are net, those of the invoice gross");
     } else {
         invoice_.items.clear();
         for (const ExtractedItem& item : filled)
@@ -161,15 +178,25 @@ void Application::takeItems(const std::vector<ExtractedItem>& items)
 
 void Application::takeTexts(const ExtractedInvoice& extracted)
 {
-    if (extracted.note && invoice_.note.isEmpty())
-        invoice_.note = *extracted.note;
-    if (extracted.reference && invoice_.reference.value_or(QString()).isEmpty())
-        invoice_.reference = extracted.reference;
+    if (extracted.note)
+        takeText(*extracted.note, invoice_.note, "note “%1”");
+    if (!extracted.reference)
+        return;
+    QString reference = invoice_.reference.value_or(QString());
+    takeText(*extracted.reference, reference, "reference “%1”");
+    if (!reference.isEmpty())
+        invoice_.reference = reference;
 }
 
 } // namespace
 
-QStringList apply(const ExtractedInvoice& extracted, Invoice& invoice, const ApplyDefaults& defaults)
+QString UnusedText::line() const
+{
+    return QString::fromUtf8(what).arg(value) + QStringLiteral(": ") + QString::fromUtf8(why);
+}
+
+std::vector<UnusedText> apply(const ExtractedInvoice& extracted, Invoice& invoice,
+                              const ApplyDefaults& defaults)
 {
     Application application(invoice, defaults);
     if (extracted.recipient)
@@ -180,7 +207,7 @@ QStringList apply(const ExtractedInvoice& extracted, Invoice& invoice, const App
     if (extracted.currencyCode)
         application.takeCurrency(*extracted.currencyCode);
     application.takeDays(extracted.serviceDateStart, extracted.serviceDateEnd);
-    return application.problems();
+    return application.takeProblems();
 }
 
 } // namespace ledra

@@ -14,6 +14,7 @@
 #include "ui/reminders/reminder_editor.h"
 #include "ui/reminders/reminder_panel.h"
 #include "ui/styling/styling_panel.h"
+#include "ui/text/text_to_invoice.h"
 #include "ui/window_console.h"
 #include "ui/window_look.h"
 
@@ -313,14 +314,18 @@ void MainWindow::closeEvent(QCloseEvent* event)
 
 void MainWindow::dragEnterEvent(QDragEnterEvent* event)
 {
-    if (event->mimeData()->hasUrls() && !event->source()) // not what was dragged out of here
+    const bool isOffered = event->mimeData()->hasUrls() || event->mimeData()->hasText();
+    if (isOffered && !event->source()) // not what was dragged out of here
         event->acceptProposedAction();
 }
 
 void MainWindow::dropEvent(QDropEvent* event)
 {
     event->acceptProposedAction();
-    documents_->importer().importDropped(event->mimeData()->urls());
+    if (event->mimeData()->hasUrls())
+        documents_->importer().importDropped(event->mimeData()->urls());
+    else
+        openTextToInvoice(*this).setText(event->mimeData()->text());
 }
 
 /// Asks before changes are lost that cannot be written.

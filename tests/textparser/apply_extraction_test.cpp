@@ -43,7 +43,12 @@ QStringList applied(const char* answer, Invoice& invoice)
     RandomIdSource ids;
     const Profile profile = sender();
     const auto extracted = readAnswer(QString::fromUtf8(answer).replace(u'\'', u'"'));
-    return extracted ? apply(*extracted, invoice, {profile, ids}) : QStringList{extracted.error()};
+    if (!extracted)
+        return {extracted.error()};
+    QStringList lines;
+    for (const UnusedText& each : apply(*extracted, invoice, {profile, ids}))
+        lines += each.line();
+    return lines;
 }
 
 Invoice draft()
@@ -134,8 +139,13 @@ private Q_SLOTS:
         invoice.serviceDateEnd = test::noon(2026, 4, 5);
         invoice.items = {test::sampleItem(QStringLiteral("a"), 2, Unit::day, 5, 7)};
         QCOMPARE(applied(answer, invoice).join(u';'),
-                 QStringLiteral(
-                     "1 items: the invoice has some already;currency “EUR”: the invoice has another one"));
+                 QStringLiteral("name “B”: the invoice has another one;"
+                                "country “FR”: the invoice has another one;"
+                                "1 items: the invoice has some already;"
+                                "note “b”: the invoice has another one;"
+                                "reference “b”: the invoice has another one;"
+                                "currency “EUR”: the invoice has another one;"
+                                "start of service “2026-01-01”: the invoice has another one"));
         QCOMPARE(told(invoice), QStringLiteral("A|||||Ulm||AT|\na|2|Day|5|7\nA|A|CHF|-|2026-04-05T14"));
     }
 

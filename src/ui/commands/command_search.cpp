@@ -1,21 +1,12 @@
 #include "ui/commands/command_search.h"
 
+#include "ui/commands/word_search.h"
+
 #include <QKeyEvent>
 #include <QTimer>
 #include <QVBoxLayout>
 
 namespace ledra {
-
-namespace {
-
-/// Whether each word of a search begins a word of the text, or stands somewhere in it.
-bool matches(const QString& words, const QString& search)
-{
-    const QStringList parts = search.toCaseFolded().split(u' ', Qt::SkipEmptyParts);
-    return std::all_of(parts.begin(), parts.end(), [&](const QString& part) { return words.contains(part); });
-}
-
-} // namespace
 
 CommandSearch::CommandSearch(const CommandSet& commands, const QMenuBar& bar, QWidget* parent)
     : QDialog(parent, Qt::Dialog | Qt::FramelessWindowHint),
@@ -54,7 +45,7 @@ void CommandSearch::show(const QString& text)
     list_->clear();
     for (std::size_t i = 0; i < entries_.size(); ++i) {
         const Entry& entry = entries_[i];
-        if (!matches(entry.words, text))
+        if (!holdsWords(entry.words, text))
             continue;
         const QString shortcut = entry.action->shortcut().toString(QKeySequence::NativeText);
         QString line =

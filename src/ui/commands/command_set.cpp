@@ -75,7 +75,7 @@ CommandSet::CommandSet(MainWindow& window, QMenuBar& bar, QToolBar& tools)
 QAction* CommandSet::make(const WindowCommand& command)
 {
     auto* action = new QAction(translated(command.text), &window_);
-    action->setShortcut(QKeySequence(QString::fromLatin1(command.shortcut)));
+    action->setShortcuts(QKeySequence::listFromString(QString::fromLatin1(command.shortcut)));
     if (command.icon)
         action->setIcon(lineIcon(command.icon));
     QString tip = action->text().remove(u'…');

@@ -5,10 +5,12 @@
 #include "ui/commands/file_commands.h"
 #include "ui/commands/help_commands.h"
 #include "ui/commands/record_commands.h"
+#include "ui/commands/shortcut_sheet.h"
 #include "ui/list/list_panel.h"
 #include "ui/list/side_bar.h"
 #include "ui/main_window.h"
 #include "ui/preview/preview_panel.h"
+#include "ui/text/text_to_invoice.h"
 
 #include <QCoreApplication>
 
@@ -48,6 +50,17 @@ void searchCommands(MainWindow& window)
 {
     auto* search = new CommandSearch(window.commands(), *window.menuBar(), &window); // deletes itself
     search->open();
+}
+
+void showShortcuts(MainWindow& window)
+{
+    auto* sheet = new ShortcutSheet(window.commands(), *window.menuBar(), &window); // deletes itself
+    sheet->open();
+}
+
+void newInvoiceFromText(MainWindow& window)
+{
+    openTextToInvoice(window);
 }
 
 void toggleSideBar(MainWindow& window)
@@ -102,6 +115,8 @@ constexpr std::array commands = {
                   "new-invoice", Needs::nothing, toolBar},
     WindowCommand{Menu::file, QT_TRANSLATE_NOOP("WindowCommands", "New Quote"), newQuote, "Ctrl+Shift+N",
                   "new-quote", Needs::nothing, toolBar},
+    WindowCommand{Menu::file, QT_TRANSLATE_NOOP("WindowCommands", "New Invoice from Text…"),
+                  newInvoiceFromText, "Ctrl+Alt+N", "new-from-text"},
     WindowCommand{Menu::record, QT_TRANSLATE_NOOP("WindowCommands", "Duplicate"), duplicateRecord, "Ctrl+D",
                   "duplicate", Needs::oneRecord, toolBar | contextMenu},
     WindowCommand{Menu::record, QT_TRANSLATE_NOOP("WindowCommands", "Cancel Invoice"), cancelInvoice, "",
@@ -187,6 +202,8 @@ constexpr std::array commands = {
                   inPreview<&PreviewPanel::actualSize>, "Ctrl+0"},
     WindowCommand{Menu::view, QT_TRANSLATE_NOOP("WindowCommands", "Fit Width"),
                   inPreview<&PreviewPanel::fitWidth>, "Ctrl+9", "fit"},
+    WindowCommand{Menu::help, QT_TRANSLATE_NOOP("WindowCommands", "Keyboard Shortcuts"), showShortcuts,
+                  "F1; Ctrl+?"},
     WindowCommand{Menu::help, QT_TRANSLATE_NOOP("WindowCommands", "Set Up Ledra…"), openFirstStart},
     WindowCommand{Menu::help, QT_TRANSLATE_NOOP("WindowCommands", "Write a Message…"), writeMessage, "",
                   nullptr, Needs::nothing, menuOnly, nullptr, true},

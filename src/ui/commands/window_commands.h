@@ -30,7 +30,7 @@ struct WindowCommand
     Menu menu;
     const char* text;
     void (*run)(MainWindow& window);
-    const char* shortcut = ""; ///< as QKeySequence reads it; empty for none
+    const char* shortcut = ""; ///< as QKeySequence reads it, several with "; " between; empty for none
     const char* icon = nullptr;
     CommandNeeds needs = CommandNeeds::nothing;
     unsigned places = menuOnly;

@@ -2,6 +2,7 @@
 
 #include "ui/look/section.h"
 #include "ui/settings/settings_access.h"
+#include "ui/text/parser_texts.h"
 
 #include <QPushButton>
 #include <QVBoxLayout>
@@ -59,7 +60,8 @@ TextParserPage::TextParserPage(SettingsWindow& window) : QWidget(&window)
             std::make_unique<TextParser>(textParserSetting(window.app().settings()), window.app().ids());
         parser_->availability([test, answer](const TextParserAvailability& found) {
             test->setEnabled(true);
-            answer->setText(found.unavailable.value_or(tr("The model is available.")));
+            answer->setText(found.unavailable ? parserText(*found.unavailable)
+                                              : tr("The model is available."));
         });
     });
     connect(address, &QLineEdit::textEdited, answer, &QLabel::clear);
