@@ -5,6 +5,7 @@
 
 #include "render/qt_web_engine.h"
 #include "render/web_font_manager.h"
+#include "support/model_answer.h"
 #include "ui/editor/editor_panel.h"
 #include "ui/jobs/document_actions.h"
 #include "ui/list/list_panel.h"
@@ -16,11 +17,14 @@
 #include "ui/preview/preview_panel.h"
 #include "ui/record_window.h"
 #include "ui/settings/settings_window.h"
+#include "ui/text/text_to_invoice.h"
 #include "ui/window_console.h"
 
 #include <QApplication>
+#include <QCheckBox>
 #include <QDir>
 #include <QLineEdit>
+#include <QPushButton>
 #include <QScreen>
 #include <QScrollArea>
 #include <QScrollBar>
@@ -67,6 +71,8 @@ public:
         takeLists();
         takeDialogs();
         takePlugins();
+        takeFirstStart();
+        takeTexts();
         takeMessages();
     }
 
@@ -127,6 +133,7 @@ private:
     void takeDialogs()
     {
         takeOpened("Search Commands…", "command-search");
+        takeOpened("Keyboard Shortcuts", "shortcuts");
         takeOpened("CSV…", "csv");
         choose(Status::cancelled);
         takeOpened("Export as XRechnung…", "missing-fields");
@@ -203,6 +210,54 @@ private:
         window_.plugins().runs().start(QStringLiteral("portal"), PluginOperation::exportAll, {});
         take("plugin-busy");
         window_.plugins().runs().cancel();
+    }
+
+    /// A text of which the model has found the fields, and one without a model.
+    void takeTexts()
+    {
+        const QString found = QStringLiteral(
+            R"({"recipient":{"name":"Jule Ahlers","businessName":"Buchhandlung Ahlers","addressLineOne":"Ufergasse 5",)"
+            R"("postcode":"23552","city":"Lübeck","countryCode":"DE"},"items":[{"description":"Gestaltung Schaufenster",)"
+            R"("quantity":12.5,"unit":"hour","unitPrice":95},{"description":"Anfahrt","unitPrice":40,"vatPercentage":7}],)"
+            R"("reference":"4711","currencyCode":"Euro"})");
+        const test::ScriptedServer server(test::modelServer(test::streamed(test::eventsOf(found))));
+        Settings& settings = window_.parts().app.settings();
+        (void)settings.set(QStringLiteral("textParserEndpoint"), server.address(QStringLiteral("/v1")));
+        TextToInvoice& panel = openTextToInvoice(window_);
+        panel.setText(
+            QStringLiteral("Bitte eine Rechnung an die Buchhandlung Ahlers, Jule Ahlers, Ufergasse 5, "
+                           "23552 Lübeck:\n\n12,5 Stunden Gestaltung Schaufenster zu 95 Euro, Anfahrt "
+                           "40 Euro (7 %).\nBestellung 4711\n\nViele Grüße\nJule"));
+        QTest::qWait(300);
+        for (QPushButton* button : panel.findChildren<QPushButton*>()) {
+            if (button->shortcut() == QKeySequence(QStringLiteral("Ctrl+Return")))
+                button->click();
+        }
+        take("text-to-invoice");
+        panel.close();
+        (void)settings.set(QStringLiteral("textParserEndpoint"), QStringLiteral("http://127.0.0.1:1/v1"));
+        QTest::qWait(100);
+        openTextToInvoice(window_);
+        take("text-without-model");
+        openTextToInvoice(window_).close();
+    }
+
+    /// The steps of the first start, of which each is left by the button at the right.
+    void takeFirstStart()
+    {
+        run("Set Up Ledra…");
+        QWidget* assistant = QApplication::activeModalWidget();
+        auto* pages = assistant->findChild<QStackedWidget*>();
+        pages->currentWidget()->findChild<QCheckBox*>()->setChecked(true);
+        for (const char* name : {"first-start-terms", "first-start-sender", "first-start-bank",
+                                 "first-start-taxes", "first-start-look"}) {
+            take(name);
+            for (QPushButton* button : assistant->findChildren<QPushButton*>()) {
+                if (button->isDefault() && QByteArray(name) != "first-start-look")
+                    button->click();
+            }
+        }
+        assistant->close();
     }
 
     void takeMessages()
