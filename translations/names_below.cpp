@@ -37,6 +37,10 @@ const char* const variables[] = {
     QT_TRANSLATE_NOOP("ReminderVariable", "Interest Rate"),
     QT_TRANSLATE_NOOP("ReminderVariable", "Late Payment Fee"),
 };
+const char* const receivedFileErrors[] = {
+    QT_TRANSLATE_NOOP("ReceivedFile", "Could not read the selected XML file."),
+    QT_TRANSLATE_NOOP("ReceivedFile", "This file does not appear to be a valid e-invoice."),
+};
 const char* const headlines[] = {
     QT_TRANSLATE_NOOP("ReminderHeadline", "Friendly Reminder"),
     QT_TRANSLATE_NOOP("ReminderHeadline", "Payment Reminder"),

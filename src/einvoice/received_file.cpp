@@ -1,6 +1,7 @@
 #include "einvoice/received_file.h"
 
 #include "einvoice/cii_reader.h"
+#include "einvoice/embedded_files.h"
 #include "einvoice/xml_encoding.h"
 #include "einvoice/xml_parser.h"
 
@@ -60,6 +61,8 @@ std::expected<ReceivedFile, ReceivedFileError> openReceivedFile(const PdfFile& p
     if (!document)
         return std::unexpected(document.error());
     names.removeOne(*name);
+    names += embeddedFileNames(*document->root);
+    names.removeDuplicates();
     return ReceivedFile{std::move(*document), names};
 }
 
@@ -69,12 +72,28 @@ std::expected<ReceivedFile, ReceivedFileError> openReceivedFile(const QByteArray
         auto document = readDocument(content);
         if (!document)
             return std::unexpected(document.error());
-        return ReceivedFile{std::move(*document), {}};
+        QStringList names = embeddedFileNames(*document->root);
+        return ReceivedFile{std::move(*document), std::move(names)};
     }
     const std::expected<PdfFile, PdfError> pdf = PdfFile::openReceived(content);
     if (!pdf)
         return std::unexpected(ReceivedFileError::notAnEInvoice);
     return openReceivedFile(*pdf);
+}
+
+std::optional<QByteArray> attachedFile(const QByteArray& content, const QString& name)
+{
+    if (!isPdf(content)) {
+        const auto document = readDocument(content);
+        return document ? embeddedFile(*document->root, name) : std::nullopt;
+    }
+    const std::expected<PdfFile, PdfError> pdf = PdfFile::openReceived(content);
+    if (!pdf)
+        return std::nullopt;
+    if (const auto attached = pdf->attachment(name, largestReceivedFile))
+        return *attached;
+    const auto received = openReceivedFile(*pdf);
+    return received ? embeddedFile(*received->document.root, name) : std::nullopt;
 }
 
 } // namespace ledra

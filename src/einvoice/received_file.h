@@ -26,7 +26,7 @@ inline constexpr qint64 largestReceivedFile = qint64{128} * 1024 * 1024; ///< by
 struct ReceivedFile
 {
     XMLDocument document;         ///< a Cross Industry Invoice
-    QStringList otherAttachments; ///< names of what a PDF carries beside it
+    QStringList otherAttachments; ///< names of what a PDF carries beside it, and of what the XML embeds
 };
 
 /// Whether a file is a PDF, by its first bytes.
@@ -41,5 +41,9 @@ std::optional<QString> einvoiceAttachment(const QStringList& names);
 
 /// The same from a PDF that is open already.
 [[nodiscard]] std::expected<ReceivedFile, ReceivedFileError> openReceivedFile(const PdfFile& pdf);
+
+/// The content of one of the files that came along with an e-invoice; nothing when there is none of that name
+/// (any more), when it is damaged, or when it unpacks to more than a received file may be.
+std::optional<QByteArray> attachedFile(const QByteArray& content, const QString& name);
 
 } // namespace ledra

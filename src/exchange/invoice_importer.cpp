@@ -40,6 +40,15 @@ std::unexpected<ImportFailure> refused(const StoreFailure& failure)
 
 } // namespace
 
+bool carriesRecord(const QString& path)
+{
+    const std::expected<QByteArray, FileError> content = readFile(path, largestReceivedFile);
+    if (!content || !isPdf(*content))
+        return false;
+    const std::expected<PdfFile, PdfError> pdf = PdfFile::openReceived(*content);
+    return pdf && pdf->annotationContents(recordAnnotation.toString());
+}
+
 std::expected<ImportedInvoice, ImportFailure> InvoiceImporter::importPDF(const QString& path)
 {
     const std::expected<QByteArray, FileError> content = readFile(path, largestReceivedFile);

@@ -23,6 +23,9 @@ struct ImportedInvoice
     std::vector<StatedDifference> differences; ///< between an e-invoice and the record made of it
 };
 
+/// Whether a file is a PDF of this application with its record inside.
+bool carriesRecord(const QString& path);
+
 /// Brings invoices back into the store: from PDFs of this application, unchanged, and from e-invoices, as
 /// drafts. A failure leaves the store untouched.
 class InvoiceImporter

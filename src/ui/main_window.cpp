@@ -15,6 +15,7 @@
 #include "ui/reminders/reminder_panel.h"
 #include "ui/styling/styling_panel.h"
 #include "ui/text/text_to_invoice.h"
+#include "ui/viewer/viewer_window.h"
 #include "ui/window_console.h"
 #include "ui/window_look.h"
 
@@ -137,8 +138,8 @@ void MainWindow::connectApplication()
         showSelected();
     });
     connect(&app, &LedraApp::revealRequested, this, &MainWindow::revealPending);
-    for (const auto handedOver : {&AppDelegate::documentHandedOver, &AppDelegate::stylingHandedOver,
-                                  &AppDelegate::profilesHandedOver})
+    connect(&app.appDelegate(), &AppDelegate::documentHandedOver, this, &MainWindow::takeDocument);
+    for (const auto handedOver : {&AppDelegate::stylingHandedOver, &AppDelegate::profilesHandedOver})
         connect(&app.appDelegate(), handedOver, this,
                 [this](const QUrl& url) { documents_->importer().importDropped({url}); });
     showProfiles();
@@ -309,6 +310,8 @@ void MainWindow::closeEvent(QCloseEvent* event)
     }
     look().keep(parts_.app.defaults(), parts_.app.console(),
                 {isEditorOpen(), parts_.app.selectedInvoiceId.value_or(QUuid())});
+    if (viewer_)
+        viewer_->close(); // which has nothing to lose
     event->accept();
 }
 
@@ -322,6 +325,8 @@ void MainWindow::dragEnterEvent(QDragEnterEvent* event)
 void MainWindow::dropEvent(QDropEvent* event)
 {
     event->acceptProposedAction();
+    // Whoever drops documents among the records wants them there, and can take that back. To be read only,
+    // they are dropped on the viewer.
     if (event->mimeData()->hasUrls())
         documents_->importer().importDropped(event->mimeData()->urls());
     else

@@ -20,6 +20,7 @@ class ReminderDesk;
 class SettingsWindow;
 class SideBar;
 class StylingPanel;
+class ViewerWindow;
 class WindowConsole;
 struct WindowLook;
 
@@ -68,6 +69,8 @@ public:
 
     /// The same at the page of plugins, with one of them chosen.
     void openPluginSettings(const QString& plugin);
+    /// Opens the window in which received e-invoices are read.
+    ViewerWindow& openViewer();
 
     /// Shows on the console's behalf what failed.
     void follow(WindowConsole& console);
@@ -97,6 +100,8 @@ private:
     void restoreLook();
     bool maySkipWriting();
     void makeRoomForEditor();
+    void takeDocument(const QUrl& url);
+    void openHandedOver();
 
     MessageBar* messages_;
     WindowParts parts_;
@@ -110,6 +115,8 @@ private:
     PluginDesk* plugins_;
     StylingPanel* styling_;
     SettingsWindow* settings_ = nullptr;
+    std::unique_ptr<ViewerWindow> viewer_; ///< a window beside this one
+    QStringList handedOver_;               ///< documents that are about to be opened
     DocumentActions* documents_;
     CommandSet* commands_ = nullptr;
     AutoExportReporter reporter_;

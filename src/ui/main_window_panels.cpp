@@ -1,12 +1,16 @@
 // What stands at the right of the document: the editor or the styling, which have one place; the settings,
-// and the plugins, which lead there.
+// the plugins, which lead there, and the viewer of received documents.
 
 #include "ui/editor/editor_panel.h"
+#include "ui/jobs/document_actions.h"
 #include "ui/main_window.h"
 #include "ui/plugins/plugin_desk.h"
 #include "ui/settings/plugins_page.h"
 #include "ui/settings/settings_window.h"
 #include "ui/styling/styling_panel.h"
+#include "ui/viewer/viewer_window.h"
+
+#include <QTimer>
 
 namespace ledra {
 
@@ -85,6 +89,50 @@ void MainWindow::connectPlugins()
     connect(plugins_, &PluginDesk::recordWanted, this, &MainWindow::reveal);
     connect(plugins_, &PluginDesk::settingsWanted, this, &MainWindow::openPluginSettings);
     connect(&parts_.app, &LedraApp::openPluginSettings, this, [this] { openPluginSettings({}); });
+}
+
+ViewerWindow& MainWindow::openViewer()
+{
+    if (!viewer_) {
+        viewer_ = std::make_unique<ViewerWindow>(parts_.app, parts_.engine, parts_.fonts);
+        connect(viewer_.get(), &ViewerWindow::imported, this, [this](const QUuid& id) {
+            reveal(id);
+            messages_->note(tr("Imported as a draft. “Undo” takes it out again."));
+            raise();
+            activateWindow();
+        });
+    }
+    viewer_->show();
+    viewer_->raise();
+    viewer_->activateWindow();
+    return *viewer_;
+}
+
+/// Files that are handed over together come one by one, and are reported on together.
+void MainWindow::takeDocument(const QUrl& url)
+{
+    if (handedOver_.isEmpty())
+        QTimer::singleShot(0, this, &MainWindow::openHandedOver);
+    handedOver_ += url.isLocalFile() ? url.toLocalFile() : url.toString();
+}
+
+/// Who opens a received e-invoice in the file manager wants to read it, and not to find a draft among the own
+/// invoices; importing is one step away there. A document of one's own comes back as the record that it
+/// carries: as a mere picture any program shows it.
+void MainWindow::openHandedOver()
+{
+    QStringList received;
+    QList<QUrl> own;
+    for (const QString& file : std::exchange(handedOver_, {})) {
+        if (carriesRecord(file))
+            own += QUrl::fromLocalFile(file);
+        else
+            received += file;
+    }
+    if (!own.isEmpty())
+        documents_->importer().importDropped(own);
+    if (!received.isEmpty())
+        openViewer().open(received);
 }
 
 void MainWindow::openEditor()

@@ -3,6 +3,7 @@
 //   usage: screenshots light|dark FOLDER        with the environment of a home that scripts/sample-home has
 //   filled
 
+#include "einvoice/xml_generator.h"
 #include "render/qt_web_engine.h"
 #include "render/web_font_manager.h"
 #include "support/model_answer.h"
@@ -18,6 +19,7 @@
 #include "ui/record_window.h"
 #include "ui/settings/settings_window.h"
 #include "ui/text/text_to_invoice.h"
+#include "ui/viewer/viewer_window.h"
 #include "ui/window_console.h"
 
 #include <QApplication>
@@ -74,6 +76,7 @@ public:
         takeFirstStart();
         takeTexts();
         takeMessages();
+        takeViewer();
     }
 
 private:
@@ -265,6 +268,50 @@ private:
         window_.parts().messages.warn(QStringLiteral("Error saving invoice: No space left on device"));
         window_.parts().messages.note(QStringLiteral("2026-007.pdf"));
         take("messages");
+    }
+
+    /// The viewer empty, with a document, and with one that has a notice and attachments.
+    void takeViewer()
+    {
+        const QTemporaryDir place;
+        ViewerWindow& viewer = window_.openViewer();
+        viewer.move(120, 20);
+        take("viewer-empty");
+        const InvoicePtr record = window_.parts().app.invoiceManager().invoices().front();
+        const std::optional<QByteArray> xml =
+            XMLGenerator::generate(**record, **window_.parts().app.profileManager().activeProfile(),
+                                   [](const QUuid&) { return std::nullopt; });
+        if (!xml)
+            return;
+        QByteArray other = *xml;
+        const qsizetype due = other.indexOf("<ram:DuePayableAmount>") + 22;
+        other.replace(due, other.indexOf('<', due) - due, "10.00");
+        for (const char* name : {"Stundenzettel.pdf", "Abnahme Workshop.png", "Preise.zip"})
+            other.insert(other.indexOf("</ram:ApplicableHeaderTradeAgreement>"),
+                         QByteArray("<ram:AdditionalReferencedDocument><ram:AttachmentBinaryObject "
+                                    "filename=\"") +
+                             name +
+                             "\">JVBERi0=</ram:AttachmentBinaryObject></ram:AdditionalReferencedDocument>");
+        write(place.filePath(QStringLiteral("Rechnung 4711.xml")), *xml);
+        write(place.filePath(QStringLiteral("rechnung_mit_anlagen.xml")), other);
+        write(place.filePath(QStringLiteral("brief.xml")), "<letter/>");
+        viewer.open({place.filePath(QStringLiteral("Rechnung 4711.xml"))});
+        take("viewer");
+        viewer.open({place.filePath(QStringLiteral("rechnung_mit_anlagen.xml"))});
+        take("viewer-attachments");
+        viewer.open({place.filePath(QStringLiteral("brief.xml")),
+                     place.filePath(QStringLiteral("verschwunden.pdf"))});
+        take("viewer-failures");
+        if (QWidget* report = QApplication::activeModalWidget())
+            report->close();
+        viewer.close();
+    }
+
+    static void write(const QString& path, const QByteArray& content)
+    {
+        QFile file(path);
+        if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size())
+            std::fprintf(stderr, "cannot write %s\n", qPrintable(path));
     }
 
     MainWindow& window_;

@@ -99,6 +99,11 @@ void openSettings(MainWindow& window)
     window.openSettings();
 }
 
+void openViewer(MainWindow& window)
+{
+    window.openViewer();
+}
+
 void closeWindow(MainWindow& window)
 {
     window.close();
@@ -142,6 +147,8 @@ constexpr std::array commands = {
                   "import"},
     WindowCommand{Menu::importing, QT_TRANSLATE_NOOP("WindowCommands", "Import E-Invoices…"), importEInvoices,
                   "", "import"},
+    WindowCommand{Menu::file, QT_TRANSLATE_NOOP("WindowCommands", "Open E-Invoice Viewer…"), openViewer,
+                  "Ctrl+Shift+O", "e-invoice", Needs::nothing, menuOnly, nullptr, true},
     WindowCommand{Menu::exporting, QT_TRANSLATE_NOOP("WindowCommands", "Export"), exportInDefaultFormat,
                   "Ctrl+E", "export", Needs::someRecords, toolBar},
     WindowCommand{Menu::exporting, QT_TRANSLATE_NOOP("WindowCommands", "Export as PDF…"),

@@ -31,6 +31,57 @@ QPageSize::PageSizeId paperOf(PageFormat format)
     return format == PageFormat::usLetter ? QPageSize::Letter : QPageSize::A4;
 }
 
+/// "lp" has copied the files when it ends.
+void handOver(const WindowParts& parts, const PrintOrder& order, const QStringList& files)
+{
+    const QString tool = QStandardPaths::findExecutable(QStringLiteral("lp"));
+    if (tool.isEmpty()) {
+        parts.messages.warn(
+            DocumentPrinter::tr(
+                "Nothing can be printed: the command “lp” of CUPS (package cups-client) is not "
+                "there."),
+            {{DocumentPrinter::tr("Show File"), [files] { FileReveal().show(files); }}});
+        return;
+    }
+    auto* process = new QProcess(&parts.window);
+    // The process may outlive the parts of its window, but says nothing once the messages are gone.
+    MessageBar* messages = &parts.messages;
+    QObject::connect(
+        process, &QProcess::finished, messages,
+        [messages, process, order](int code, QProcess::ExitStatus status) {
+            process->deleteLater();
+            const QString said = QString::fromLocal8Bit(process->readAllStandardError()).trimmed();
+            if (code == 0 && status == QProcess::NormalExit)
+                messages->note(DocumentPrinter::tr("Sent to the printer: %1").arg(order.title));
+            else
+                messages->warn(DocumentPrinter::tr("%1 was not printed: %2").arg(order.title, said));
+        });
+    process->start(tool, printArguments(order, files));
+}
+
+/// Several documents go beside one another, named after the file.
+void writeTo(const WindowParts& parts, const QString& target, const QStringList& files)
+{
+    QStringList written;
+    for (const QString& file : files) {
+        QString place = target;
+        if (files.size() > 1)
+            place = QFileInfo(target).absolutePath() + u'/' + QFileInfo(target).completeBaseName() + u' ' +
+                    QFileInfo(file).fileName();
+        constexpr qint64 most = qint64{1} << 30;
+        const auto content = readFile(file, most);
+        const auto done = content ? writeExport(place, *content, Overwrite::replace)
+                                  : std::expected<void, FileError>(std::unexpected(content.error()));
+        if (done)
+            written += place;
+        else
+            parts.messages.warn(done.error().text());
+    }
+    if (!written.isEmpty())
+        parts.messages.inform(DocumentPrinter::tr("Printed to: %1").arg(written.front()),
+                              {{DocumentPrinter::tr("Show"), [written] { FileReveal().show(written); }}});
+}
+
 } // namespace
 
 PrintOrder printOrder(const QPrinter& printer)
@@ -69,75 +120,41 @@ void DocumentPrinter::print(const std::vector<InvoicePtr>& records)
     if (records.empty())
         return;
     const DocumentSetting setting = parts_.app.documentSetting();
+    const bool isOne = records.size() == 1;
+    ask(parts_,
+        {isOne ? documentTitle(**records.front(), setting.profile)
+               : tr("%n documents", nullptr, static_cast<int>(records.size())),
+         setting.styling.pageFormat, isOne},
+        [this, records](const PrintOrder& order) { print(records, order); });
+}
+
+void DocumentPrinter::ask(const WindowParts& parts, const PrintQuestion& question,
+                          const std::function<void(const PrintOrder&)>& accepted)
+{
     const auto printer = std::make_shared<QPrinter>(QPrinter::HighResolution);
-    printer->setDocName(records.size() == 1 ? documentTitle(**records.front(), setting.profile)
-                                            : tr("%n documents", nullptr, static_cast<int>(records.size())));
-    printer->setPageSize(QPageSize(paperOf(setting.styling.pageFormat)));
-    auto* dialog = new QPrintDialog(printer.get(), &parts_.window);
+    printer->setDocName(question.title);
+    printer->setPageSize(QPageSize(paperOf(question.paper)));
+    auto* dialog = new QPrintDialog(printer.get(), &parts.window);
     dialog->setWindowTitle(tr("Print"));
     dialog->setAttribute(Qt::WA_DeleteOnClose);
-    dialog->setOption(QAbstractPrintDialog::PrintPageRange, records.size() == 1);
-    connect(dialog, &QDialog::accepted, this,
-            [this, printer, records] { print(records, printOrder(*printer)); });
+    dialog->setOption(QAbstractPrintDialog::PrintPageRange, question.isOneDocument);
+    connect(dialog, &QDialog::accepted, &parts.window,
+            [printer, accepted] { accepted(printOrder(*printer)); });
     dialog->open();
 }
 
 void DocumentPrinter::print(const std::vector<InvoicePtr>& records, const PrintOrder& order)
 {
     documents_.make(records, ExportFormat::pdf, ExportPurpose::temporary, tr("Print"),
-                    [this, order](const QStringList& files) {
-                        if (order.output.isEmpty())
-                            handOver(order, files);
-                        else
-                            writeTo(order.output, files);
-                    });
+                    [this, order](const QStringList& files) { printFiles(parts_, order, files); });
 }
 
-/// "lp" has copied the files when it ends.
-void DocumentPrinter::handOver(const PrintOrder& order, const QStringList& files)
+void DocumentPrinter::printFiles(const WindowParts& parts, const PrintOrder& order, const QStringList& files)
 {
-    const QString tool = QStandardPaths::findExecutable(QStringLiteral("lp"));
-    if (tool.isEmpty()) {
-        parts_.messages.warn(
-            tr("Nothing can be printed: the command “lp” of CUPS (package cups-client) is not "
-               "there."),
-            {{tr("Show File"), [files] { FileReveal().show(files); }}});
-        return;
-    }
-    auto* process = new QProcess(this);
-    connect(process, &QProcess::finished, this,
-            [this, process, order](int code, QProcess::ExitStatus status) {
-                process->deleteLater();
-                const QString said = QString::fromLocal8Bit(process->readAllStandardError()).trimmed();
-                if (code == 0 && status == QProcess::NormalExit)
-                    parts_.messages.note(tr("Sent to the printer: %1").arg(order.title));
-                else
-                    parts_.messages.warn(tr("%1 was not printed: %2").arg(order.title, said));
-            });
-    process->start(tool, printArguments(order, files));
-}
-
-/// Several documents go beside one another, named after the file.
-void DocumentPrinter::writeTo(const QString& target, const QStringList& files)
-{
-    QStringList written;
-    for (const QString& file : files) {
-        QString place = target;
-        if (files.size() > 1)
-            place = QFileInfo(target).absolutePath() + u'/' + QFileInfo(target).completeBaseName() + u' ' +
-                    QFileInfo(file).fileName();
-        constexpr qint64 most = qint64{1} << 30;
-        const auto content = readFile(file, most);
-        const auto done = content ? writeExport(place, *content, Overwrite::replace)
-                                  : std::expected<void, FileError>(std::unexpected(content.error()));
-        if (done)
-            written += place;
-        else
-            parts_.messages.warn(done.error().text());
-    }
-    if (!written.isEmpty())
-        parts_.messages.inform(tr("Printed to: %1").arg(written.front()),
-                               {{tr("Show"), [written] { FileReveal().show(written); }}});
+    if (order.output.isEmpty())
+        handOver(parts, order, files);
+    else
+        writeTo(parts, order.output, files);
 }
 
 } // namespace ledra

@@ -23,6 +23,14 @@ PrintOrder printOrder(const QPrinter& printer);
 /// The arguments of "lp" for an order.
 QStringList printArguments(const PrintOrder& order, const QStringList& files);
 
+/// What the printer's dialog begins with.
+struct PrintQuestion
+{
+    QString title;
+    PageFormat paper = PageFormat::a4;
+    bool isOneDocument = true; ///< of which pages can be chosen
+};
+
 /// Prints documents as they are exported: the PDF goes to the printing system as it is, so that text stays
 /// text and lines stay lines.
 class DocumentPrinter : public QObject
@@ -37,10 +45,12 @@ public:
 
     void print(const std::vector<InvoicePtr>& records, const PrintOrder& order);
 
-private:
-    void handOver(const PrintOrder& order, const QStringList& files);
-    void writeTo(const QString& target, const QStringList& files);
+    // The same in two steps, for documents that are no records.
+    static void ask(const WindowParts& parts, const PrintQuestion& question,
+                    const std::function<void(const PrintOrder&)>& accepted);
+    static void printFiles(const WindowParts& parts, const PrintOrder& order, const QStringList& files);
 
+private:
     const WindowParts& parts_;
     TemporaryDocuments& documents_;
 };

@@ -43,7 +43,7 @@ QFileDialog* newPanel(const WindowParts& parts, const QString& title, const QStr
 QFileDialog* newOpenPanel(const WindowParts& parts, const OpenPanel& panel)
 {
     QFileDialog* dialog = newPanel(parts, panel.title, panel.filter);
-    dialog->setLabelText(QFileDialog::Accept, translated("Import"));
+    dialog->setLabelText(QFileDialog::Accept, panel.button.isEmpty() ? translated("Import") : panel.button);
     followFolder(*dialog, parts, importFolderKey);
     return dialog;
 }
@@ -56,7 +56,7 @@ void setUpSavePanel(QFileDialog& dialog, const WindowParts& parts, const SavePan
     dialog.setNameFilter(panel.filter);
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setDefaultSuffix(QFileInfo(panel.name).suffix());
-    dialog.setLabelText(QFileDialog::Accept, translated("Export"));
+    dialog.setLabelText(QFileDialog::Accept, panel.button.isEmpty() ? translated("Export") : panel.button);
     followFolder(dialog, parts, exportFolderKey);
     dialog.selectFile(panel.name);
 }

@@ -14,14 +14,16 @@ namespace ledra {
 struct SavePanel
 {
     QString title;
-    QString name;   ///< proposed; with its extension
-    QString filter; ///< "PDF (*.pdf)"
+    QString name;        ///< proposed; with its extension
+    QString filter;      ///< "PDF (*.pdf)"
+    QString button = {}; ///< "Export" when empty
 };
 
 struct OpenPanel
 {
     QString title;
     QString filter;
+    QString button = {}; ///< "Import" when empty
 };
 
 // Each of these opens a panel over the window, which goes on meanwhile; nothing is called if the user

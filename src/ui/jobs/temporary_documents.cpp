@@ -4,28 +4,7 @@
 #include "ui/jobs/export_orders.h"
 #include "ui/jobs/missing_fields_question.h"
 
-#include <QDir>
-
 namespace ledra {
-
-/// One for each order, so that documents keep their names.
-std::optional<QString> TemporaryDocuments::newFolder()
-{
-    if (!folder_) {
-        auto created = WorkingFolder::create(QStringLiteral("LedraDocuments"));
-        if (!created) {
-            parts_.messages.warn(created.error().text());
-            return std::nullopt;
-        }
-        folder_ = std::move(*created);
-    }
-    const QString folder = QDir(folder_->path()).filePath(QString::number(++count_));
-    if (!QDir().mkpath(folder)) {
-        parts_.messages.warn(MessageBar::tr("%1 cannot be written to").arg(folder));
-        return std::nullopt;
-    }
-    return folder;
-}
 
 void TemporaryDocuments::make(const std::vector<InvoicePtr>& records, ExportFormat format,
                               ExportPurpose purpose, const QString& action, const Made& made)
@@ -36,7 +15,7 @@ void TemporaryDocuments::make(const std::vector<InvoicePtr>& records, ExportForm
 
 void TemporaryDocuments::run(ExportOrder order, const Made& made)
 {
-    const std::optional<QString> folder = newFolder();
+    const std::optional<QString> folder = folders_.make(parts_.messages);
     if (!folder)
         return;
     order.target = *folder;
@@ -52,7 +31,7 @@ void TemporaryDocuments::run(ExportOrder order, const Made& made)
 ExportJob* TemporaryDocuments::start(const std::vector<InvoicePtr>& records,
                                      const std::function<void(const ExportOutcome&)>& ended)
 {
-    const std::optional<QString> folder = newFolder();
+    const std::optional<QString> folder = folders_.make(parts_.messages);
     if (!folder)
         return nullptr;
     ExportOrder order = exportOrder(records, parts_.app, ExportFormat::pdf, ExportPurpose::temporary);

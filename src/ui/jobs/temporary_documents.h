@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/working_folder.h"
 #include "ui/jobs/export_job.h"
+#include "ui/jobs/temporary_folders.h"
 
 namespace ledra {
 
@@ -27,12 +27,10 @@ public:
                      const std::function<void(const ExportOutcome&)>& ended);
 
 private:
-    std::optional<QString> newFolder();
     void run(ExportOrder order, const Made& made);
 
     const WindowParts& parts_;
-    std::optional<WorkingFolder> folder_;
-    int count_ = 0;
+    TemporaryFolders folders_; ///< one for each order, so that documents keep their names
 };
 
 } // namespace ledra
