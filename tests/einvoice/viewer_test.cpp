@@ -74,6 +74,7 @@ private Q_SLOTS:
     void foreignValues_data();
     void foreignValues();
     void statedTotals();
+    void embeddedFiles();
     void templateIsMissing();
     void anyDocumentOfTheSchema_data();
     void anyDocumentOfTheSchema();
@@ -186,6 +187,26 @@ void ViewerTest::statedTotals()
     QVERIFY(html.contains(QStringLiteral("The document itself states another total:")));
     QVERIFY(html.contains(QStringLiteral("Amount Due: €111.40 (here €210.40)")));
     QVERIFY(html.contains(QStringLiteral("<td>€210.40</td>"))); // the page keeps to its own sums
+}
+
+void ViewerTest::embeddedFiles()
+{
+    const auto reference = [](const QByteArray& attributes, const QByteArray& content) {
+        return "<ram:AdditionalReferencedDocument><ram:IssuerAssignedID>R-1</ram:IssuerAssignedID>"
+               "<ram:AttachmentBinaryObject " +
+               attributes + ">" + content +
+               "</ram:AttachmentBinaryObject></ram:AdditionalReferencedDocument>";
+    };
+    QByteArray xml = written(sample());
+    xml.replace("</ram:ApplicableHeaderTradeAgreement>",
+                reference("filename=\"a.pdf\"", "JVBE\r\n  Ri0=") + reference("filename=\"a.pdf\"", "AAAA") +
+                    reference("mimeCode=\"text/csv\"", "YTti") +
+                    reference("filename=\"bad.pdf\"", "JVBE*Ri0=") + "</ram:ApplicableHeaderTradeAgreement>");
+    QCOMPARE(opened(xml).attachments.join(u'|'), QStringLiteral("a.pdf|R-1|bad.pdf"));
+    QCOMPARE(attachedFile(xml, QStringLiteral("a.pdf")), QByteArray("%PDF-")); // the first of its name
+    QCOMPARE(attachedFile(xml, QStringLiteral("R-1")), QByteArray("a;b"));
+    QVERIFY(!attachedFile(xml, QStringLiteral("bad.pdf")) && !attachedFile(xml, QStringLiteral("b")));
+    QVERIFY(!attachedFile("no document", QStringLiteral("a.pdf")));
 }
 
 void ViewerTest::templateIsMissing()

@@ -140,7 +140,7 @@ struct Reader
             });
         };
         QObject::connect(&view, &ViewerWebView::shown, &view, ask);
-        if (!view.page()->isLoading())
+        if (view.isShown())
             ask();
         const bool isThere = waiting.wait(20'000);
         view.disconnect(&view);
@@ -313,7 +313,6 @@ private Q_SLOTS:
         reader.viewer.open({reader.put("one.xml", received("Satz"))});
         QTest::keyClick(&reader.viewer, Qt::Key_P, Qt::ControlModifier);
         QCOMPARE(reader.desk.answer({}), QStringLiteral("Print"));
-        const QString target = home_->path(QStringLiteral("paper.pdf"));
         test::Waiting waiting;
         TemporaryFolders folders;
         ViewerPaper paper(reader.desk.parts, folders);

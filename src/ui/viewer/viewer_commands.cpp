@@ -6,22 +6,24 @@ namespace ledra {
 
 namespace {
 
+using Look = ToolBarLook;
+
 constexpr std::array commands = {
-    ViewerCommand{QT_TRANSLATE_NOOP("Viewer", "Open…"), &ViewerWindow::select, "Ctrl+O", "folder", true,
-                  false},
+    ViewerCommand{QT_TRANSLATE_NOOP("Viewer", "Open…"), &ViewerWindow::select, "Ctrl+O", "folder",
+                  Look::iconAndText, false},
     ViewerCommand{QT_TRANSLATE_NOOP("Viewer", "Import as Invoice"), &ViewerWindow::importCurrent, "Ctrl+I",
-                  "import", true},
+                  "import", Look::iconAndText},
     ViewerCommand{QT_TRANSLATE_NOOP("Viewer", "Save as PDF…"), &ViewerWindow::saveCurrent, "Ctrl+S", "export",
-                  true},
+                  Look::iconAndText},
     ViewerCommand{QT_TRANSLATE_NOOP("Viewer", "Print…"), &ViewerWindow::printCurrent, "Ctrl+P", "print",
-                  true},
+                  Look::iconAndText},
     ViewerCommand{QT_TRANSLATE_NOOP("Viewer", "Zoom Out"), &ViewerWindow::zoomOut, "Ctrl+-", "zoom-out",
-                  true},
+                  Look::icon},
     ViewerCommand{QT_TRANSLATE_NOOP("Viewer", "Zoom In"), &ViewerWindow::zoomIn, "Ctrl++; Ctrl+=", "zoom-in",
-                  true},
+                  Look::icon},
     ViewerCommand{QT_TRANSLATE_NOOP("Viewer", "Actual Size"), &ViewerWindow::actualSize, "Ctrl+0"},
     ViewerCommand{QT_TRANSLATE_NOOP("Viewer", "Close Tab"), &ViewerWindow::closeCurrent, "Ctrl+W; Ctrl+F4",
-                  nullptr, false, false},
+                  nullptr, Look::none, false},
     ViewerCommand{QT_TRANSLATE_NOOP("Viewer", "Next Tab"), &ViewerWindow::nextTab, "Ctrl+PgDown; Ctrl+Tab"},
     ViewerCommand{QT_TRANSLATE_NOOP("Viewer", "Previous Tab"), &ViewerWindow::previousTab,
                   "Ctrl+PgUp; Ctrl+Shift+Tab"},

@@ -6,6 +6,9 @@ namespace ledra {
 
 class ViewerWindow;
 
+/// How a command stands in the tool bar.
+enum class ToolBarLook { none, icon, iconAndText };
+
 /// One command of the viewer, as data.
 struct ViewerCommand
 {
@@ -13,7 +16,7 @@ struct ViewerCommand
     void (ViewerWindow::*run)();
     const char* shortcuts; ///< as QKeySequence reads them, with "; " between; empty for none
     const char* icon = nullptr;
-    bool isInToolBar = false;
+    ToolBarLook look = ToolBarLook::none;
     bool needsTab = true;
 };
 

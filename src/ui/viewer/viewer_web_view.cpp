@@ -17,7 +17,10 @@ ViewerWebView::ViewerWebView(QtWebEngine& engine, QWidget* parent) : QWebEngineV
     page->setBackgroundColor(palette().color(QPalette::Window));
     setPage(page);
     setAcceptDrops(false);
-    connect(page, &QWebEnginePage::loadFinished, this, &ViewerWebView::loaded);
+    connect(page, &QWebEnginePage::loadFinished, this, [this](bool succeeded) {
+        if (succeeded) // else another load has taken its place
+            loaded();
+    });
     connect(page, &QWebEnginePage::renderProcessTerminated, this, [this] {
         QTimer::singleShot(0, this, &ViewerWebView::recover); // not while the page is telling
     });
@@ -34,7 +37,17 @@ void ViewerWebView::setHtml(const QString& html)
     if (html == html_)
         return;
     html_ = html;
-    load();
+    isShown_ = false;
+    isWaiting_ = !isVisible();
+    if (!isWaiting_)
+        load();
+}
+
+void ViewerWebView::showEvent(QShowEvent* event)
+{
+    QWebEngineView::showEvent(event);
+    if (std::exchange(isWaiting_, false))
+        load();
 }
 
 void ViewerWebView::load()
@@ -48,6 +61,7 @@ void ViewerWebView::load()
 void ViewerWebView::loaded()
 {
     recoveries_ = 0;
+    isShown_ = true;
     page()->setZoomFactor(zoom_);
     page()->runJavaScript(QStringLiteral("window.scrollTo(0, %1)").arg(scrollTop_),
                           QWebEngineScript::ApplicationWorld);

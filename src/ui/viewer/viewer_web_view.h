@@ -8,7 +8,8 @@
 namespace ledra {
 
 /// Shows a page of HTML that needs nothing else. Scripts are off, nothing is fetched, and nothing that is
-/// dropped on it is opened in its place. A page that takes the place of another keeps the reader's place.
+/// dropped on it is opened in its place. A page that takes the place of another keeps the reader's place. It
+/// is not loaded before the view is seen, since each page needs a process.
 class ViewerWebView : public QWebEngineView
 {
     Q_OBJECT
@@ -24,12 +25,16 @@ public:
 
     void setZoom(double factor);
 
+    /// Whether the HTML that was set last is to be seen.
+    bool isShown() const { return isShown_; }
+
 Q_SIGNALS:
-    void shown(); ///< the HTML that was set last is to be seen
+    void shown();
 
 protected:
     void contextMenuEvent(QContextMenuEvent* event) override;
     void changeEvent(QEvent* event) override;
+    void showEvent(QShowEvent* event) override;
 
 private:
     void load();
@@ -40,8 +45,10 @@ private:
     QString html_;
     QUrl address_;
     double zoom_ = 1;
-    double scrollTop_ = 0; ///< to go back to
-    int recoveries_ = 0;   ///< since the last success
+    double scrollTop_ = 0;   ///< to go back to
+    int recoveries_ = 0;     ///< since the last success
+    bool isWaiting_ = false; ///< to be seen, before it loads
+    bool isShown_ = false;
 };
 
 } // namespace ledra

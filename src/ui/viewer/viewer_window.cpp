@@ -14,6 +14,7 @@
 #include <QMimeData>
 #include <QTabBar>
 #include <QToolBar>
+#include <QToolButton>
 #include <QVBoxLayout>
 
 namespace ledra {
@@ -84,8 +85,11 @@ void ViewerWindow::addCommands()
             action->text().remove(u'…'), action->shortcut().toString(QKeySequence::NativeText)));
         connect(action, &QAction::triggered, this, command.run);
         addAction(action);
-        if (command.isInToolBar)
+        if (command.look != ToolBarLook::none)
             tools->addAction(action);
+        if (command.look == ToolBarLook::icon)
+            static_cast<QToolButton*>(tools->widgetForAction(action))
+                ->setToolButtonStyle(Qt::ToolButtonIconOnly);
         if (command.needsTab)
             tabActions_ += action;
     }
@@ -102,13 +106,21 @@ void ViewerWindow::select()
 void ViewerWindow::open(const QStringList& files)
 {
     QStringList failures;
-    for (const QString& file : files)
-        openOne(file, failures);
+    ViewerTab* last = nullptr;
+    for (const QString& file : files) {
+        if (ViewerTab* tab = openOne(file, failures))
+            last = tab;
+    }
+    if (last) { // only what comes to the front is drawn
+        tabs_->setCurrentWidget(last);
+        showState();
+        last->setFocus();
+    }
     if (!failures.isEmpty())
         alert(*this, tr("The selected files could not be read as e-invoices."), failures.join(u'\n'));
 }
 
-void ViewerWindow::openOne(const QString& path, QStringList& failures)
+ViewerTab* ViewerWindow::openOne(const QString& path, QStringList& failures)
 {
     auto opened = openReceivedInvoice(path, ViewerXMLParser(parts_.app.clock(), parts_.app.ids()));
     const QString name = QFileInfo(path).fileName();
@@ -116,7 +128,7 @@ void ViewerWindow::openOne(const QString& path, QStringList& failures)
         failures +=
             name + QStringLiteral(": ") +
             QCoreApplication::translate("ReceivedFile", errorText(opened.error()).toUtf8().constData());
-        return;
+        return nullptr;
     }
     // A file that is open already is read again in its own tab: it may have changed, and nobody looks for
     // the same invoice twice.
@@ -132,9 +144,7 @@ void ViewerWindow::openOne(const QString& path, QStringList& failures)
         }
     }
     tab->show(std::move(*opened));
-    tabs_->setCurrentWidget(tab);
-    showState();
-    tab->setFocus();
+    return tab;
 }
 
 ViewerTab* ViewerWindow::tabOf(const QString& path) const

@@ -53,7 +53,7 @@ private:
 
     void setUpParts();
     void addCommands();
-    void openOne(const QString& path, QStringList& failures);
+    ViewerTab* openOne(const QString& path, QStringList& failures);
     ViewerTab* tabOf(const QString& path) const;
     void closeTab(int place);
     void showState();
