@@ -1,6 +1,5 @@
 #include "ui/reminders/field_guard.h"
 #include "ui/reminders/reminder_editor.h"
-#include "ui/reminders/variable_chip.h"
 #include "ui/reminders/variable_text_edit.h"
 
 #include <QFormLayout>

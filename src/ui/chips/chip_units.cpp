@@ -1,26 +1,17 @@
-#include "ui/reminders/variable_units.h"
+#include "ui/chips/chip_units.h"
+
+#include <algorithm>
 
 namespace ledra {
 
 namespace {
-
-std::optional<ReminderVariable> variableAt(QStringView rest)
-{
-    if (!rest.startsWith(u"{{"))
-        return std::nullopt;
-    for (const EnumText<ReminderVariable>& row : enumTexts<ReminderVariable>) {
-        if (rest.startsWith(token(row.value)))
-            return row.value;
-    }
-    return std::nullopt;
-}
 
 QString withPlainLines(QString text)
 {
     text.replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
     for (const char16_t lineEnd : {u'\r', u'\u2028', u'\u2029'})
         text.replace(QChar(lineEnd), u'\n');
-    // These mean something to the editor's document, and nothing in a letter.
+    // These mean something to the editor's document, and nothing in a text.
     for (const QChar special :
          {QChar(QChar::ObjectReplacementCharacter), QChar(QChar::Null), QChar(0xfdd0), QChar(0xfdd1)})
         text.remove(special);
@@ -29,28 +20,40 @@ QString withPlainLines(QString text)
 
 } // namespace
 
-TextUnits unitsOf(const QString& source)
+ChipUnit chipOf(const QString& token)
+{
+    return {QChar(QChar::ObjectReplacementCharacter), token};
+}
+
+ChipUnits unitsOf(const QString& source, const ChipLanguage& language)
 {
     const QString text = withPlainLines(source);
-    TextUnits units;
+    ChipUnits units;
     units.reserve(static_cast<std::size_t>(text.size()));
-    for (qsizetype place = 0; place < text.size();) {
-        const auto variable = variableAt(QStringView(text).sliced(place));
-        units.push_back({variable ? QChar(QChar::ObjectReplacementCharacter) : text.at(place), variable});
-        place += variable ? token(*variable).size() : 1;
+    for (const ChipPiece& piece : language.pieces(text)) {
+        if (piece.isChip) {
+            units.push_back(chipOf(piece.text));
+            continue;
+        }
+        for (const QChar letter : piece.text)
+            units.push_back({letter});
     }
     return units;
 }
 
-QString sourceOf(const TextUnits& units)
+QString sourceOf(const ChipUnits& units)
 {
     QString text;
-    for (const TextUnit& unit : units)
-        text += unit.variable ? token(*unit.variable) : QString(unit.letter);
+    for (const ChipUnit& unit : units) {
+        if (unit.isChip())
+            text += unit.token;
+        else
+            text += unit.letter;
+    }
     return text;
 }
 
-Difference differenceOf(const TextUnits& before, const TextUnits& after)
+Difference differenceOf(const ChipUnits& before, const ChipUnits& after)
 {
     const std::size_t most = std::min(before.size(), after.size());
     std::size_t begin = 0;

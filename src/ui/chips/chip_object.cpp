@@ -1,8 +1,7 @@
-#include "ui/reminders/variable_chip.h"
+#include "ui/chips/chip_object.h"
 
 #include "ui/look/status_colors.h"
 
-#include <QCoreApplication>
 #include <QPainter>
 #include <QTextBlock>
 #include <QTextDocument>
@@ -11,7 +10,8 @@ namespace ledra {
 
 namespace {
 
-constexpr int variableProperty = QTextFormat::UserProperty + 1;
+constexpr int tokenProperty = QTextFormat::UserProperty + 1;
+constexpr int labelProperty = QTextFormat::UserProperty + 2;
 constexpr int inset = 7;  // from the chip's ends to its label
 constexpr int margin = 1; // around the chip
 
@@ -32,44 +32,32 @@ double baselineOf(const QTextDocument& document, int position, double top)
     return top + block.layout()->lineForTextPosition(position - block.position()).ascent();
 }
 
-QString labelOf(const QTextFormat& format)
-{
-    const std::optional<ReminderVariable> variable = VariableChip::variable(format);
-    return variable ? variableLabel(*variable) : QString();
-}
-
 } // namespace
 
-QString variableLabel(ReminderVariable variable)
-{
-    return QCoreApplication::translate("ReminderVariable", enumText(variable).displayText.data());
-}
-
-QTextCharFormat VariableChip::format(ReminderVariable variable)
+QTextCharFormat ChipObject::format(const QString& token, const QString& label)
 {
     QTextCharFormat format;
     format.setObjectType(objectType);
-    format.setProperty(variableProperty, static_cast<int>(variable));
+    format.setProperty(tokenProperty, token);
+    format.setProperty(labelProperty, label);
     format.setVerticalAlignment(QTextCharFormat::AlignBaseline);
     return format;
 }
 
-std::optional<ReminderVariable> VariableChip::variable(const QTextFormat& format)
+QString ChipObject::token(const QTextFormat& format)
 {
-    if (format.objectType() != objectType)
-        return std::nullopt;
-    return static_cast<ReminderVariable>(format.intProperty(variableProperty));
+    return format.objectType() == objectType ? format.stringProperty(tokenProperty) : QString();
 }
 
-QSizeF VariableChip::intrinsicSize(QTextDocument* document, int, const QTextFormat& format)
+QSizeF ChipObject::intrinsicSize(QTextDocument* document, int, const QTextFormat& format)
 {
     const QFontMetricsF label(chipFont(*document));
-    return {label.horizontalAdvance(labelOf(format)) + 2 * (inset + margin),
+    return {label.horizontalAdvance(format.stringProperty(labelProperty)) + 2 * (inset + margin),
             QFontMetricsF(document->defaultFont()).lineSpacing()};
 }
 
-void VariableChip::drawObject(QPainter* painter, const QRectF& rect, QTextDocument* document, int position,
-                              const QTextFormat& format)
+void ChipObject::drawObject(QPainter* painter, const QRectF& rect, QTextDocument* document, int position,
+                            const QTextFormat& format)
 {
     constexpr double radius = 5;
     const QFontMetricsF metrics(document->defaultFont());
@@ -86,7 +74,7 @@ void VariableChip::drawObject(QPainter* painter, const QRectF& rect, QTextDocume
     painter->drawRoundedRect(ground, radius, radius);
     painter->setFont(chipFont(*document));
     painter->setPen(isSelected ? format.foreground().color() : look.ink());
-    painter->drawText(QPointF(ground.left() + inset, baseline), labelOf(format));
+    painter->drawText(QPointF(ground.left() + inset, baseline), format.stringProperty(labelProperty));
     painter->restore();
 }
 
