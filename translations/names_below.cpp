@@ -41,6 +41,17 @@ const char* const receivedFileErrors[] = {
     QT_TRANSLATE_NOOP("ReceivedFile", "Could not read the selected XML file."),
     QT_TRANSLATE_NOOP("ReceivedFile", "This file does not appear to be a valid e-invoice."),
 };
+const char* const numberFormatKinds[] = {
+    QT_TRANSLATE_NOOP("NumberFormatChips", "Number"),
+    QT_TRANSLATE_NOOP("NumberFormatChips", "Date"),
+    QT_TRANSLATE_NOOP("NumberFormatChips", "Per-Invoice Variable"),
+};
+const char* const numberFormatProblems[] = {
+    QT_TRANSLATE_NOOP("NumberFormatChecks", "An empty format is not kept: the one before stays in force"),
+    QT_TRANSLATE_NOOP("NumberFormatChecks", "Without “Number” all invoices have the same number"),
+    QT_TRANSLATE_NOOP("NumberFormatChecks", "Numbers begin anew each year: without the year they repeat"),
+    QT_TRANSLATE_NOOP("NumberFormatChecks", "“%1” is no variable and is printed as it stands"),
+};
 const char* const headlines[] = {
     QT_TRANSLATE_NOOP("ReminderHeadline", "Friendly Reminder"),
     QT_TRANSLATE_NOOP("ReminderHeadline", "Payment Reminder"),

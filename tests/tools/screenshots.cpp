@@ -15,6 +15,7 @@
 #include "ui/look/interface_language.h"
 #include "ui/main_window.h"
 #include "ui/plugins/plugin_desk.h"
+#include "ui/number_format/number_format_edit.h"
 #include "ui/preview/preview_panel.h"
 #include "ui/record_window.h"
 #include "ui/settings/settings_window.h"
@@ -32,6 +33,7 @@
 #include <QScrollBar>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QToolButton>
 
 #include <cstdio>
 
@@ -54,6 +56,7 @@ public:
         take("editor-items");
         scrollEditor(100'000);
         take("editor-end");
+        takeEditorNumber();
         scrollEditor(0);
         choose(Status::sent);
         take("editor-locked");
@@ -150,6 +153,7 @@ private:
                      .append(QByteArray(page.title).toLower().replace(' ', '-'))
                      .constData());
         }
+        takeNumbering(settings);
         settings.close();
         window_.commands().contextMenu()->popup(window_.mapToGlobal(QPoint(500, 260)));
         take("context-menu");
@@ -261,6 +265,37 @@ private:
             }
         }
         assistant->close();
+    }
+
+    /// The number format, as it is, with a chip chosen, and with something wrong.
+    void takeNumbering(SettingsWindow& settings)
+    {
+        constexpr int numbering = 2;
+        settings.openPage(QStringLiteral("Profiles"));
+        settings.findChild<QTabWidget*>()->setCurrentIndex(numbering);
+        auto* line = settings.findChild<ChipLineEdit*>();
+        line->setFocus();
+        QTest::keyClick(line, Qt::Key_End);
+        QTest::keyClick(line, Qt::Key_Left, Qt::ShiftModifier);
+        take("number-format");
+        const QString before = line->source();
+        QTest::keyClick(line, Qt::Key_A, Qt::ControlModifier);
+        QTest::keyClicks(line, QStringLiteral("RE {VAR}{YY}{MM} {NNNN}"));
+        take("number-format-problem");
+        QTest::keyClick(line, Qt::Key_A, Qt::ControlModifier);
+        QTest::keyClicks(line, before);
+    }
+
+    /// The part of the editor in which an invoice gets a format of its own.
+    void takeEditorNumber()
+    {
+        auto* line = window_.editor().findChild<ChipLineEdit*>();
+        for (QToolButton* toggle : window_.editor().findChildren<QToolButton*>()) {
+            if (toggle->isCheckable() && toggle->parentWidget()->isAncestorOf(line))
+                toggle->click();
+        }
+        window_.editor().findChild<QScrollArea*>()->ensureWidgetVisible(line, 0, 200);
+        take("editor-number");
     }
 
     void takeMessages()

@@ -4,8 +4,10 @@
 #include "model/amount_text.h"
 #include "model/displayed_number.h"
 #include "model/new_invoices.h"
+#include "model/number_format_checks.h"
 #include "ui/editor/recipient_section.h"
 #include "ui/look/icons.h"
+#include "ui/number_format/number_format_edit.h"
 
 #include <QCoreApplication>
 #include <QLocale>
@@ -86,18 +88,30 @@ NumberSection::NumberSection(RecordEditing& editing, QWidget* parent) : Section(
     content()->addLayout(form);
     constexpr int most = 99'999'999;
     addRow(form, tr("Number"), new CountField(editing, &Invoice::number, 0, most, this));
-    auto* format = new OptionalTextField(editing, &Invoice::numberFormat, this);
-    format->setToolTip(tr("{NNN} number, {YYYY} {YY} year, {MM} month, {DD} day, {VAR} free text"));
+    auto* format = new NumberFormatEdit(this);
     addRow(form, tr("Format"), format);
+    format->line().setAccessibleName(tr("Format"));
+    connect(format, &NumberFormatEdit::edited, this, [&editing, format](bool isTyping) {
+        const QString text = format->format();
+        editing.change(
+            [&](Invoice& invoice) {
+                invoice.numberFormat = text.isEmpty() ? std::nullopt : std::optional(text);
+            },
+            isTyping ? EditKind::typing : EditKind::single);
+    });
     addRow(form, tr("Free text"), new TextField(editing, &Invoice::numberVariable, this));
-    auto* prefix = new QLabel(this);
-    prefix->setForegroundRole(QPalette::PlaceholderText);
-    form->addRow(QString(), prefix);
-    connect(&editing, &RecordEditing::changed, this, [&editing, format, prefix] {
+    connect(&editing, &RecordEditing::changed, this, [&editing, format] {
         if (!editing.record())
             return;
-        format->setPlaceholderText(editing.profile().numberFormat);
-        prefix->setText(tr("Printed as %1").arg(displayedNumber(editing.invoice(), editing.profile())));
+        const Invoice& invoice = editing.invoice();
+        const QString text = invoice.numberFormat.value_or(QString());
+        format->setFormat(text, invoice.id);
+        format->line().setPlaceholderText(tr("As in the profile"));
+        const QString unknown = unknownVariable(text);
+        format->setProblem(unknown.isEmpty()
+                               ? QString()
+                               : tr("“%1” is no variable and is printed as it stands").arg(unknown));
+        format->setSample(tr("Printed as %1").arg(displayedNumber(invoice, editing.profile())));
     });
 }
 

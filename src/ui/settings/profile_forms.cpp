@@ -1,7 +1,9 @@
 #include "ui/settings/profile_forms.h"
 
 #include "model/number_format.h"
+#include "model/number_format_checks.h"
 #include "model/reminder_variable.h"
+#include "ui/number_format/number_format_edit.h"
 #include "ui/settings/profile_choices.h"
 #include "ui/settings/profile_fields.h"
 
@@ -18,14 +20,12 @@ struct ProfileForms
     Q_DECLARE_TR_FUNCTIONS(ProfileForms)
 };
 
-QString numberFormatProblem(const QString& format)
+QString numberFormatText(const NumberFormatFinding& finding)
 {
-    const std::vector<NumberFormatSegment> segments = parseNumberFormat(format);
-    const bool hasNumber = std::ranges::any_of(segments, [](const NumberFormatSegment& segment) {
-        const auto* chip = std::get_if<NumberFormatChip>(&segment);
-        return chip && chip->kind() == NumberFormatChipKind::number;
-    });
-    return hasNumber ? QString() : ProfileForms::tr("Without {NNN} all invoices have the same number");
+    const QByteArray text = displayText(finding.problem).toUtf8();
+    return text.isEmpty() ? QString()
+                          : QCoreApplication::translate("NumberFormatChecks", text.constData())
+                                .replace(QStringLiteral("%1"), finding.detail);
 }
 
 // ---- the pages
@@ -77,21 +77,44 @@ void addStartYear(FieldForm& form, ProfileEditing& editing)
     field->setSpecialValueText(ProfileForms::tr("Any year"));
 }
 
+QString sampleOf(const Profile& profile)
+{
+    const QString number =
+        renderNumberFormat(parseNumberFormat(profile.numberFormat),
+                           {profile.startNumber, QDate::currentDate(), QStringLiteral("ABC")});
+    return ProfileForms::tr("Invoice %1, quote %2, cancellation %3")
+        .arg(number, profile.quotePrefix + number, profile.cancellationPrefix + number);
+}
+
+/// The format is written as it is typed; an empty one is not, since a file without a format gets the usual
+/// one, and the line shows again what is in force once it is left.
+void addNumberFormat(FieldForm& form, ProfileEditing& editing)
+{
+    auto* field = new NumberFormatEdit(&form);
+    form.addField(ProfileForms::tr("Number format"), field);
+    const Access<QString> access = editing.field(&Profile::numberFormat);
+    const auto judge = [field, &editing] {
+        const Profile& profile = editing.profile();
+        field->setSample(sampleOf(profile));
+        field->setProblem(numberFormatText(checkNumberFormat(field->format(), profile.resetNumberFrequency)));
+    };
+    const auto show = [field, access, judge, &editing] {
+        if (!field->format().isEmpty() || !field->line().hasFocus())
+            field->setFormat(access.read(), editing.profile().id);
+        judge();
+    };
+    QObject::connect(field, &NumberFormatEdit::edited, field, [field, access, judge] {
+        if (!field->format().isEmpty())
+            access.write(field->format());
+        judge();
+    });
+    QObject::connect(&field->line(), &ChipLineEdit::editingFinished, field, show);
+    form.follow(show);
+}
+
 void fillNumbering(FieldForm& form, ProfileEditing& editing)
 {
-    form.addLine(ProfileForms::tr("Number format"), editing.field(&Profile::numberFormat),
-                 numberFormatProblem);
-    form.addHint(ProfileForms::tr("{NNN} number, {YYYY} {YY} year, {MM} month, {DD} day, {VAR} free text"));
-    QLabel* sample = form.addHint(QString());
-    sample->setTextFormat(Qt::PlainText);
-    form.follow([&editing, sample] {
-        const Profile& profile = editing.profile();
-        const QString number =
-            renderNumberFormat(parseNumberFormat(profile.numberFormat),
-                               {profile.startNumber, QDate::currentDate(), QStringLiteral("ABC")});
-        sample->setText(ProfileForms::tr("Invoice %1, quote %2, cancellation %3")
-                            .arg(number, profile.quotePrefix + number, profile.cancellationPrefix + number));
-    });
+    addNumberFormat(form, editing);
     form.addLine(ProfileForms::tr("Prefix of quotes"), editing.field(&Profile::quotePrefix));
     form.addLine(ProfileForms::tr("Prefix of cancellations"), editing.field(&Profile::cancellationPrefix));
     constexpr int mostNumber = 99'999'999;

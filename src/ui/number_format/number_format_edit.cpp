@@ -1,0 +1,111 @@
+#include "ui/number_format/number_format_edit.h"
+
+#include "model/number_format.h"
+#include "ui/look/status_colors.h"
+#include "ui/number_format/number_format_language.h"
+
+#include <QCoreApplication>
+#include <QHBoxLayout>
+#include <QMenu>
+#include <QToolButton>
+
+namespace ledra {
+
+namespace {
+
+QString kindName(NumberFormatChipKind kind)
+{
+    return QCoreApplication::translate("NumberFormatChips", displayText(kind).toUtf8().constData());
+}
+
+QString tokenText(const char16_t* token)
+{
+    return u'{' + QString::fromUtf16(token) + u'}';
+}
+
+} // namespace
+
+NumberFormatEdit::NumberFormatEdit(QWidget* parent)
+    : QWidget(parent),
+      line_(new ChipLineEdit(std::make_unique<NumberFormatLanguage>(), this)),
+      problem_(new QLabel(this)),
+      sample_(new QLabel(this))
+{
+    line_->setAccessibleName(tr("Number format"));
+    line_->setToolTip(tr("Variables are chips among free text. Alt and an arrow key move a chip."));
+    auto* buttons = new QHBoxLayout;
+    buttons->setSpacing(4);
+    for (const NumberFormatChipTypeDefinition& type : numberFormatChipTypes())
+        buttons->addWidget(makeButton(type));
+    buttons->addStretch();
+    for (QLabel* label : {problem_, sample_}) {
+        label->setTextFormat(Qt::PlainText);
+        label->setWordWrap(true);
+        label->hide();
+    }
+    sample_->setForegroundRole(QPalette::PlaceholderText);
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(4);
+    layout->addWidget(line_);
+    layout->addWidget(problem_);
+    layout->addLayout(buttons);
+    layout->addWidget(sample_);
+    setFocusProxy(line_);
+    connect(line_, &ChipLineEdit::edited, this, &NumberFormatEdit::edited);
+}
+
+/// Inserts the usual variable of a kind; its menu has the others.
+QWidget* NumberFormatEdit::makeButton(const NumberFormatChipTypeDefinition& type)
+{
+    const auto insert = [this](const QString& token) {
+        line_->insertToken(token);
+        line_->setFocus();
+    };
+    auto* button = new QToolButton(this);
+    button->setText(kindName(type.kind));
+    button->setAccessibleName(tr("Insert %1").arg(button->text()));
+    button->setFocusPolicy(Qt::TabFocus); // a click leaves the cursor in the line
+    button->setStyleSheet(QStringLiteral("QToolButton { border: 1px solid palette(mid); padding: 3px 6px; }"
+                                         "QToolButton[popupMode=\"1\"] { padding-right: 20px; }"
+                                         "QToolButton:focus { border-color: palette(highlight); }"
+                                         "QToolButton::menu-button { border: 0; width: 16px; }"));
+    connect(button, &QToolButton::clicked, line_,
+            [insert, token = tokenText(type.defaultToken)] { insert(token); });
+    if (type.tokens.size() > 1) {
+        auto* menu = new QMenu(button);
+        for (const char16_t* each : type.tokens) {
+            const QString token = tokenText(each);
+            menu->addAction(NumberFormatLanguage().label(token), line_, [insert, token] { insert(token); });
+        }
+        button->setMenu(menu);
+        button->setPopupMode(QToolButton::MenuButtonPopup);
+    }
+    return button;
+}
+
+void NumberFormatEdit::setFormat(const QString& format, const QUuid& owner)
+{
+    if (std::exchange(owner_, owner) == owner)
+        line_->setText(format);
+    else
+        line_->start(format);
+}
+
+void NumberFormatEdit::setSample(const QString& text)
+{
+    sample_->setText(text);
+    sample_->setHidden(text.isEmpty());
+}
+
+void NumberFormatEdit::setProblem(const QString& text)
+{
+    QPalette ink;
+    ink.setColor(QPalette::WindowText, warningLook().ink());
+    problem_->setPalette(ink);
+    problem_->setText(text);
+    problem_->setHidden(text.isEmpty());
+    line_->setAccessibleDescription(text);
+}
+
+} // namespace ledra

@@ -1,0 +1,284 @@
+#include "model/number_format_checks.h"
+#include "support/desk.h"
+#include "support/named_widget.h"
+#include "support/test_suite.h"
+#include "ui/document_desk.h"
+#include "ui/number_format/number_format_edit.h"
+#include "ui/number_format/number_format_language.h"
+#include "ui/settings/settings_window.h"
+
+#include <QClipboard>
+#include <QComboBox>
+#include <QMenu>
+#include <QTabWidget>
+#include <QToolButton>
+
+using namespace ledra;
+using test::named;
+
+namespace {
+
+/// The line by itself, with the keys of somebody who types.
+struct Line
+{
+    explicit Line(const char* format)
+    {
+        edit.setFormat(QString::fromUtf8(format), QUuid());
+        edit.resize(500, 200);
+        edit.show();
+        edit.activateWindow();
+        line.setFocus();
+        press(Qt::Key_End);
+    }
+
+    void press(int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier, int times = 1)
+    {
+        for (int i = 0; i < times; ++i)
+            QTest::keyClick(&line, static_cast<Qt::Key>(key), modifiers);
+    }
+
+    void type(const char* text) { QTest::keyClicks(&line, QString::fromUtf8(text)); }
+    void click(const char* button) { QTest::mouseClick(named<QToolButton>(edit, button), Qt::LeftButton); }
+    QString format() const { return edit.format(); }
+
+    /// With chips as "*".
+    QString seen() const { return line.toPlainText().replace(u'\ufffc', u'*'); }
+
+    QWidget window;
+    NumberFormatEdit edit{&window};
+    ChipLineEdit& line = edit.line();
+};
+
+} // namespace
+
+class NumberFormatEditTest : public test::Suite
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init()
+    {
+        test::failOnWindowWarnings();
+        home_ = std::make_unique<test::ProgramHome>();
+        home_->enter();
+    }
+
+    /// What is shown is what is stored, letter by letter.
+    void showsFormats_data()
+    {
+        QTest::addColumn<QString>("format");
+        QTest::addColumn<QString>("seen");
+        const auto row = [](const char* format, const char* seen) {
+            QTest::newRow(format) << QString::fromUtf8(format) << QString::fromUtf8(seen);
+        };
+        row("", "");
+        row("RE-{YYYY}-{NNN}", "RE-*-*");
+        row("{YY}{MM}{DD}/{NNNN}-{X}", "***/*-*");
+        row("{NNNNNNN}", "*"); // kept as it is written
+        row("{Q}{NX}{VAR}", "{Q}{NX}{VAR}");
+        row("INV-{NNN", "INV-{NNN");
+        row("{a{NNN}{NNN}", "{a{NNN}*"); // the first brace takes all up to the next closing one
+        row("{}{YMD}}", "{}*}");
+        row("№ {NNN} 𝔸", "№ * 𝔸");
+    }
+
+    void showsFormats()
+    {
+        QFETCH(const QString, format);
+        QFETCH(const QString, seen);
+        const Line line(format.toUtf8().constData());
+        QCOMPARE(line.seen(), seen);
+        QCOMPARE(line.format(), format);
+    }
+
+    void labelsSayWhatTheyAre()
+    {
+        const NumberFormatLanguage language;
+        const auto today = QDate::currentDate();
+        QCOMPARE(language.label(QStringLiteral("{NNNN}")), QStringLiteral("Number 0001"));
+        QCOMPARE(language.label(QStringLiteral("{YYYY}")), QStringLiteral("Year %1").arg(today.year()));
+        QCOMPARE(language.label(QStringLiteral("{YYYYMM}")), today.toString(QStringLiteral("'Date' yyyyMM")));
+        QCOMPARE(language.label(QStringLiteral("{X}")), QStringLiteral("Per-Invoice Variable"));
+    }
+
+    void typesInsertsAndDeletes()
+    {
+        Line line("");
+        line.type("RE-");
+        line.click("Insert Date");
+        line.type("-{NN");
+        QCOMPARE(line.seen(), QStringLiteral("RE-*-{NN"));
+        line.type("}"); // a token that is complete becomes a chip
+        QCOMPARE(line.format(), QStringLiteral("RE-{YYYY}-{NN}"));
+        QCOMPARE(line.seen(), QStringLiteral("RE-*-*"));
+        line.press(Qt::Key_Return); // there is one line only
+        line.press(Qt::Key_Backspace);
+        QCOMPARE(line.format(), QStringLiteral("RE-{YYYY}-"));
+        line.press(Qt::Key_Left, Qt::NoModifier, 2); // over the chip in one step
+        line.press(Qt::Key_Delete);
+        QCOMPARE(line.format(), QStringLiteral("RE--"));
+        for (QAction* entry : named<QToolButton>(line.edit, "Insert Number")->menu()->actions()) {
+            if (entry->text() == u"Number 00001")
+                entry->trigger();
+        }
+        line.click("Insert Per-Invoice Variable");
+        QCOMPARE(line.format(), QStringLiteral("RE-{NNNNN}{X}-"));
+    }
+
+    void movesChipsByKeys()
+    {
+        Line line("{YYYY}-{NNN}");
+        line.press(Qt::Key_Left, Qt::AltModifier);
+        QCOMPARE(line.format(), QStringLiteral("{YYYY}{NNN}-"));
+        line.press(Qt::Key_Left, Qt::AltModifier, 3); // it stops at the beginning
+        QCOMPARE(line.format(), QStringLiteral("{NNN}{YYYY}-"));
+        line.press(Qt::Key_Right, Qt::AltModifier, 5);
+        QCOMPARE(line.format(), QStringLiteral("{YYYY}-{NNN}"));
+        line.press(Qt::Key_Home);
+        line.press(Qt::Key_Right, Qt::ShiftModifier, 2); // a chip and what follows it
+        line.press(Qt::Key_Right, Qt::AltModifier);
+        QCOMPARE(line.format(), QStringLiteral("{NNN}{YYYY}-"));
+    }
+
+    void copiesAndPastesText()
+    {
+        Line line("{YYYY}-{NNN}");
+        line.press(Qt::Key_A, Qt::ControlModifier);
+        line.press(Qt::Key_C, Qt::ControlModifier);
+        QCOMPARE(QApplication::clipboard()->text(), QStringLiteral("{YYYY}-{NNN}"));
+        QApplication::clipboard()->setText(QStringLiteral("A\n{DD}\tB{Q}"));
+        line.press(Qt::Key_V, Qt::ControlModifier);
+        QCOMPARE(line.format(), QStringLiteral("A {DD} B{Q}"));
+        QCOMPARE(line.seen(), QStringLiteral("A * B{Q}"));
+    }
+
+    void undoesInTheLine()
+    {
+        Line line("{NNN}");
+        line.type("abc");
+        line.click("Insert Date");
+        line.type("de");
+        const auto undo = [&] { line.press(Qt::Key_Z, Qt::ControlModifier); };
+        undo();
+        QCOMPARE(line.format(), QStringLiteral("{NNN}abc{YYYY}"));
+        undo();
+        QCOMPARE(line.format(), QStringLiteral("{NNN}abc"));
+        undo();
+        undo(); // no further than to what was set
+        QCOMPARE(line.format(), QStringLiteral("{NNN}"));
+        line.press(Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier, 2);
+        QCOMPARE(line.format(), QStringLiteral("{NNN}abc{YYYY}"));
+        line.type("x");
+        line.press(Qt::Key_Y, Qt::ControlModifier); // nothing is left to go on to
+        QCOMPARE(line.format(), QStringLiteral("{NNN}abc{YYYY}x"));
+        const QString same = line.format();
+        line.edit.setFormat(same, QUuid()); // which is what the form does after each change
+        undo();
+        QCOMPARE(line.format(), QStringLiteral("{NNN}abc{YYYY}"));
+        line.edit.setFormat(QStringLiteral("{NNN}abc{YYYY}"), QUuid::createUuid()); // of another profile
+        undo();
+        QCOMPARE(line.format(), QStringLiteral("{NNN}abc{YYYY}"));
+        line.type("y");
+        line.edit.setFormat(QStringLiteral("{NNNN}"), QUuid()); // by somebody else
+        undo();
+        QCOMPARE(line.format(), QStringLiteral("{NNNN}"));
+    }
+
+    void findsProblems_data()
+    {
+        QTest::addColumn<QString>("format");
+        QTest::addColumn<NumberResetFrequency>("frequency");
+        QTest::addColumn<NumberFormatProblem>("problem");
+        const auto row = [](const char* format, NumberResetFrequency frequency, NumberFormatProblem problem) {
+            QTest::addRow("%s %d", format, static_cast<int>(frequency))
+                << QString::fromUtf8(format) << frequency << problem;
+        };
+        constexpr auto year = NumberResetFrequency::year;
+        constexpr auto never = NumberResetFrequency::never;
+        row("{YYYY}-{NNN}", year, NumberFormatProblem::none);
+        row("{YYMM}{N}", year, NumberFormatProblem::none);
+        row("{NNN}", never, NumberFormatProblem::none);
+        row("{NNN}", year, NumberFormatProblem::noYear);
+        row("{MM}-{NNN}", year, NumberFormatProblem::noYear);
+        row("", never, NumberFormatProblem::empty);
+        row("RE-{YYYY}", year, NumberFormatProblem::noNumber);
+        row("{YYYY}-{NNN}-{VAR}", year, NumberFormatProblem::unknownVariable);
+        row("{YYYY}-{NNN}-{", year, NumberFormatProblem::none);
+    }
+
+    void findsProblems()
+    {
+        QFETCH(const QString, format);
+        QFETCH(const NumberResetFrequency, frequency);
+        QFETCH(const NumberFormatProblem, problem);
+        QCOMPARE(checkNumberFormat(format, frequency).problem, problem);
+    }
+
+    /// In the settings: written as it is typed, with a sample and what is wrong with it.
+    void setsUpAProfile()
+    {
+        test::DocumentDesk desk;
+        SettingsWindow settings(desk.parts);
+        settings.resize(1000, 700);
+        settings.show();
+        settings.activateWindow();
+        settings.openPage(QStringLiteral("Profiles"));
+        settings.findChild<QTabWidget*>()->setCurrentIndex(2);
+        ChipLineEdit* line = named<ChipLineEdit>(settings, "Number format");
+        const auto shows = [&](const QString& text) {
+            const QList<QLabel*> labels = settings.findChildren<QLabel*>();
+            return std::ranges::any_of(labels, [&](const QLabel* label) {
+                return label->isVisible() && label->text().contains(text);
+            });
+        };
+        const auto stored = [&] { return (*desk.app.profileManager().activeProfile())->numberFormat; };
+        const QString year = QString::number(QDate::currentDate().year());
+        QVERIFY(shows(QStringLiteral("Invoice %1-001,").arg(year)));
+        line->setFocus();
+        QTest::keyClick(line, Qt::Key_A, Qt::ControlModifier);
+        QTest::keyClicks(line, QStringLiteral("RE {YY}/{NNNN}"));
+        QVERIFY(shows(QStringLiteral("Invoice RE %1/0001,").arg(year.right(2))));
+        QTRY_COMPARE(stored(), QStringLiteral("RE {YY}/{NNNN}"));
+        QTest::keyClick(line, Qt::Key_Backspace);
+        QVERIFY(shows(QStringLiteral("Without “Number” all invoices have the same number")));
+        QTest::keyClicks(line, QStringLiteral("{N}{VAR}"));
+        QVERIFY(shows(QStringLiteral("“{VAR}” is no variable")));
+        QTest::keyClick(line, Qt::Key_A, Qt::ControlModifier);
+        QTest::keyClick(line, Qt::Key_Delete);
+        QVERIFY(shows(QStringLiteral("An empty format is not kept")));
+        QCOMPARE(line->source(), QString()); // it is yet to be typed
+        named<QComboBox>(settings, "Begins anew")->setFocus();
+        QCOMPARE(line->source(), QStringLiteral("RE {YY}/{N}{VAR}"));
+        QVERIFY(desk.messages->lines().isEmpty());
+    }
+
+    /// In the editor: of this one invoice, and with the application's way back.
+    void setsUpAnInvoice()
+    {
+        test::Desk desk;
+        desk.press("Ctrl+N");
+        ChipLineEdit* line = named<ChipLineEdit>(desk.editor(), "Format");
+        QVERIFY(!desk.invoice().numberFormat && line->source().isEmpty());
+        for (QToolButton* title : desk.editor().findChildren<QToolButton*>()) {
+            if (title->text() == u"Number" && title->isCheckable())
+                title->click(); // unfolds
+        }
+        line->setFocus();
+        QTest::keyClicks(line, QStringLiteral("X{NN}"));
+        QCOMPARE(desk.invoice().numberFormat, QStringLiteral("X{NN}"));
+        QVERIFY(desk.row(0).contains(u"X01"));
+        desk.press("Ctrl+Z");
+        QVERIFY(!desk.invoice().numberFormat || *desk.invoice().numberFormat != u"X{NN}");
+        QCOMPARE(line->source(), desk.invoice().numberFormat.value_or(QString()));
+        QTest::keyClick(line, Qt::Key_A, Qt::ControlModifier);
+        QTest::keyClick(line, Qt::Key_Delete);
+        QVERIFY(!desk.invoice().numberFormat); // as in the profile again
+    }
+
+private:
+    std::unique_ptr<test::ProgramHome> home_;
+};
+
+const ledra::test::RegisterSuite<NumberFormatEditTest> registration("number_format_test");
+
+#include "number_format_test.moc"
