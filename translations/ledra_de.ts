@@ -204,6 +204,41 @@
     </message>
 </context>
 <context>
+    <name>DocumentLook</name>
+    <message>
+        <source>Classic</source>
+        <translation>Klassisch</translation>
+    </message>
+    <message>
+        <source>A serif letter with figures that stand in columns</source>
+        <translation>Serifen, und Zahlen, die untereinander stehen</translation>
+    </message>
+    <message>
+        <source>Letter</source>
+        <translation>Brief</translation>
+    </message>
+    <message>
+        <source>One typeface, fine lines and nothing at the margin</source>
+        <translation>Eine Schrift, feine Linien, nichts am Rand</translation>
+    </message>
+    <message>
+        <source>Studio</source>
+        <translation>Studio</translation>
+    </message>
+    <message>
+        <source>A heavy headline in colour, within a frame</source>
+        <translation>Eine kräftige farbige Überschrift in einem Rahmen</translation>
+    </message>
+    <message>
+        <source>Typewriter</source>
+        <translation>Schreibmaschine</translation>
+    </message>
+    <message>
+        <source>All in one width, with dots behind it</source>
+        <translation>Alles in einer Breite, auf Punkten</translation>
+    </message>
+</context>
+<context>
     <name>ExportFlow</name>
     <message>
         <source>Export as PDF</source>
@@ -379,6 +414,168 @@
     </message>
 </context>
 <context>
+    <name>NumberFormatChecks</name>
+    <message>
+        <source>An empty format is not kept: the one before stays in force</source>
+        <translation>Ein leeres Format wird nicht übernommen: Das vorige gilt weiter</translation>
+    </message>
+    <message>
+        <source>Without “Number” all invoices have the same number</source>
+        <translation>Ohne „Nummer“ haben alle Rechnungen dieselbe Nummer</translation>
+    </message>
+    <message>
+        <source>Numbers begin anew each year: without the year they repeat</source>
+        <translation>Die Zählung beginnt jedes Jahr neu: Ohne das Jahr wiederholen sich die Nummern</translation>
+    </message>
+    <message>
+        <source>“%1” is no variable and is printed as it stands</source>
+        <translation>„%1“ ist keine Variable und wird so gedruckt, wie es dasteht</translation>
+    </message>
+</context>
+<context>
+    <name>NumberFormatChips</name>
+    <message>
+        <source>Year</source>
+        <translation>Jahr</translation>
+    </message>
+    <message>
+        <source>Month</source>
+        <translation>Monat</translation>
+    </message>
+    <message>
+        <source>Day</source>
+        <translation>Tag</translation>
+    </message>
+    <message>
+        <source>Date</source>
+        <translation>Datum</translation>
+    </message>
+    <message>
+        <source>Number %1</source>
+        <translation>Nummer %1</translation>
+    </message>
+    <message>
+        <source>Per-Invoice Variable</source>
+        <translation>Variable je Rechnung</translation>
+    </message>
+    <message>
+        <source>Number</source>
+        <translation>Nummer</translation>
+    </message>
+</context>
+<context>
+    <name>OutputSaving</name>
+    <message>
+        <source>All Files (*)</source>
+        <translation>Alle Dateien (*)</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n of the files exist already.</source>
+        <translation>
+            <numerusform>%n der Dateien gibt es schon.</numerusform>
+            <numerusform>%n der Dateien gibt es schon.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Replacing a file in “%1” overwrites what is in it.</source>
+        <translation>Beim Ersetzen einer Datei in „%1“ wird ihr Inhalt überschrieben.</translation>
+    </message>
+    <message>
+        <source>Replace</source>
+        <translation>Ersetzen</translation>
+    </message>
+    <message>
+        <source>Keep Both</source>
+        <translation>Beide behalten</translation>
+    </message>
+</context>
+<context>
+    <name>PluginWords</name>
+    <message>
+        <source>Export Selected…</source>
+        <translation>Auswahl exportieren…</translation>
+    </message>
+    <message>
+        <source>Export Selected in One File…</source>
+        <translation>Auswahl in eine Datei exportieren…</translation>
+    </message>
+    <message>
+        <source>Export All in One File…</source>
+        <translation>Alle in eine Datei exportieren…</translation>
+    </message>
+    <message>
+        <source>Import from File…</source>
+        <translation>Aus Datei importieren…</translation>
+    </message>
+    <message>
+        <source>Import</source>
+        <translation>Importieren</translation>
+    </message>
+    <message>
+        <source>Update Selected</source>
+        <translation>Auswahl aktualisieren</translation>
+    </message>
+    <message>
+        <source>Update All</source>
+        <translation>Alle aktualisieren</translation>
+    </message>
+    <message>
+        <source>Update All from File…</source>
+        <translation>Alle aus Datei aktualisieren…</translation>
+    </message>
+    <message>
+        <source>exports single invoices</source>
+        <translation>exportiert einzelne Rechnungen</translation>
+    </message>
+    <message>
+        <source>exports lists of invoices</source>
+        <translation>exportiert Listen von Rechnungen</translation>
+    </message>
+    <message>
+        <source>imports invoices</source>
+        <translation>importiert Rechnungen</translation>
+    </message>
+    <message>
+        <source>updates invoices</source>
+        <translation>aktualisiert Rechnungen</translation>
+    </message>
+    <message>
+        <source>Updates invoices when the window opens</source>
+        <translation>Aktualisiert Rechnungen, wenn das Fenster geöffnet wird</translation>
+    </message>
+    <message>
+        <source>May call your own script LedraConnector.scpt</source>
+        <translation>Darf Ihr eigenes Skript LedraConnector.scpt aufrufen</translation>
+    </message>
+    <message>
+        <source>%1 (not known to this Ledra)</source>
+        <translation>%1 (dieser Ledra-Version unbekannt)</translation>
+    </message>
+    <message>
+        <source>nothing</source>
+        <translation>nichts</translation>
+    </message>
+    <message numerus="yes">
+        <source>Updates invoices every %n minutes while the window is open</source>
+        <translation>
+            <numerusform>Aktualisiert Rechnungen jede Minute, solange das Fenster offen ist</numerusform>
+            <numerusform>Aktualisiert Rechnungen alle %n Minuten, solange das Fenster offen ist</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>By %1</source>
+        <translation>Von %1</translation>
+    </message>
+    <message>
+        <source>Version %1</source>
+        <translation>Version %1</translation>
+    </message>
+    <message>
+        <source>Version %1 by %2</source>
+        <translation>Version %1 von %2</translation>
+    </message>
+</context>
+<context>
     <name>ProfileExport</name>
     <message>
         <source>Export Failed</source>
@@ -470,10 +667,6 @@
     <message>
         <source>Reminder</source>
         <translation>Mahnung</translation>
-    </message>
-    <message>
-        <source>Without {NNN} all invoices have the same number</source>
-        <translation>Ohne {NNN} haben alle Rechnungen dieselbe Nummer</translation>
     </message>
     <message>
         <source>Profile name</source>
@@ -570,10 +763,6 @@
     <message>
         <source>Number format</source>
         <translation>Nummernformat</translation>
-    </message>
-    <message>
-        <source>{NNN} number, {YYYY} {YY} year, {MM} month, {DD} day, {VAR} free text</source>
-        <translation>{NNN} Nummer, {YYYY} {YY} Jahr, {MM} Monat, {DD} Tag, {VAR} freier Text</translation>
     </message>
     <message>
         <source>Invoice %1, quote %2, cancellation %3</source>
@@ -705,6 +894,17 @@
     <message>
         <source>Discard</source>
         <translation>Verwerfen</translation>
+    </message>
+</context>
+<context>
+    <name>ReceivedFile</name>
+    <message>
+        <source>Could not read the selected XML file.</source>
+        <translation>Die ausgewählte XML-Datei konnte nicht gelesen werden.</translation>
+    </message>
+    <message>
+        <source>This file does not appear to be a valid e-invoice.</source>
+        <translation>Diese Datei scheint keine gültige E-Rechnung zu sein.</translation>
     </message>
 </context>
 <context>
@@ -849,6 +1049,121 @@
     </message>
 </context>
 <context>
+    <name>TextParser</name>
+    <message>
+        <source>The on-device model isn’t available right now.</source>
+        <translation>Das Modell auf diesem Gerät ist gerade nicht verfügbar.</translation>
+    </message>
+    <message>
+        <source>The on-device model is still downloading or preparing. Try again in a little while.</source>
+        <translation>Das Modell auf diesem Gerät wird noch geladen oder vorbereitet. Versuchen Sie es bald noch einmal.</translation>
+    </message>
+    <message>
+        <source>the model server did not answer with a stream of events</source>
+        <translation>Der Modellserver hat nicht mit einem Strom von Ereignissen geantwortet.</translation>
+    </message>
+    <message>
+        <source>the model’s answer was cut off</source>
+        <translation>Die Antwort des Modells ist abgebrochen.</translation>
+    </message>
+    <message>
+        <source>name “%1”</source>
+        <translation>Name „%1“</translation>
+    </message>
+    <message>
+        <source>business “%1”</source>
+        <translation>Firma „%1“</translation>
+    </message>
+    <message>
+        <source>e-mail “%1”</source>
+        <translation>E-Mail „%1“</translation>
+    </message>
+    <message>
+        <source>address “%1”</source>
+        <translation>Adresse „%1“</translation>
+    </message>
+    <message>
+        <source>address line 2 “%1”</source>
+        <translation>Adresszeile 2 „%1“</translation>
+    </message>
+    <message>
+        <source>postcode “%1”</source>
+        <translation>PLZ „%1“</translation>
+    </message>
+    <message>
+        <source>city “%1”</source>
+        <translation>Ort „%1“</translation>
+    </message>
+    <message>
+        <source>state “%1”</source>
+        <translation>Region „%1“</translation>
+    </message>
+    <message>
+        <source>country “%1”</source>
+        <translation>Land „%1“</translation>
+    </message>
+    <message>
+        <source>currency “%1”</source>
+        <translation>Währung „%1“</translation>
+    </message>
+    <message>
+        <source>start of service “%1”</source>
+        <translation>Leistung von „%1“</translation>
+    </message>
+    <message>
+        <source>end of service “%1”</source>
+        <translation>Leistung bis „%1“</translation>
+    </message>
+    <message>
+        <source>VAT rate “%1”</source>
+        <translation>Steuersatz „%1“</translation>
+    </message>
+    <message>
+        <source>%1 items</source>
+        <translation>%1 Positionen</translation>
+    </message>
+    <message>
+        <source>note “%1”</source>
+        <translation>Notiz „%1“</translation>
+    </message>
+    <message>
+        <source>reference “%1”</source>
+        <translation>Referenz „%1“</translation>
+    </message>
+    <message>
+        <source>there is no such code</source>
+        <translation>Diesen Code gibt es nicht</translation>
+    </message>
+    <message>
+        <source>the invoice has another one</source>
+        <translation>die Rechnung hat schon einen anderen Eintrag</translation>
+    </message>
+    <message>
+        <source>not a date such as 2026-03-05</source>
+        <translation>kein Datum wie 2026-03-05</translation>
+    </message>
+    <message>
+        <source>there is no start</source>
+        <translation>der Anfang fehlt</translation>
+    </message>
+    <message>
+        <source>before the start</source>
+        <translation>liegt vor dem Anfang</translation>
+    </message>
+    <message>
+        <source>not from 0 to 100</source>
+        <translation>nicht zwischen 0 und 100</translation>
+    </message>
+    <message>
+        <source>the invoice has some already</source>
+        <translation>die Rechnung hat schon welche</translation>
+    </message>
+    <message>
+        <source>their prices are net, those of the invoice gross</source>
+        <translation>ihre Preise sind netto, die der Rechnung brutto</translation>
+    </message>
+</context>
+<context>
     <name>UndoText</name>
     <message>
         <source>Edit</source>
@@ -893,6 +1208,81 @@
     <message>
         <source>Delete Reminder</source>
         <translation>Mahnung löschen</translation>
+    </message>
+    <message>
+        <source>Import with %1</source>
+        <translation>Import mit %1</translation>
+    </message>
+    <message>
+        <source>Update with %1</source>
+        <translation>Aktualisierung mit %1</translation>
+    </message>
+</context>
+<context>
+    <name>Viewer</name>
+    <message>
+        <source>Open…</source>
+        <translation>Öffnen…</translation>
+    </message>
+    <message>
+        <source>Import as Invoice</source>
+        <translation>Als Rechnung importieren</translation>
+    </message>
+    <message>
+        <source>Save as PDF…</source>
+        <translation>Als PDF sichern…</translation>
+    </message>
+    <message>
+        <source>Print…</source>
+        <translation>Drucken…</translation>
+    </message>
+    <message>
+        <source>Zoom Out</source>
+        <translation>Verkleinern</translation>
+    </message>
+    <message>
+        <source>Zoom In</source>
+        <translation>Vergrößern</translation>
+    </message>
+    <message>
+        <source>Actual Size</source>
+        <translation>Originalgröße</translation>
+    </message>
+    <message>
+        <source>Close Tab</source>
+        <translation>Tab schließen</translation>
+    </message>
+    <message>
+        <source>Next Tab</source>
+        <translation>Nächster Tab</translation>
+    </message>
+    <message>
+        <source>Previous Tab</source>
+        <translation>Vorheriger Tab</translation>
+    </message>
+    <message>
+        <source>Saved: %1</source>
+        <translation>Gesichert: %1</translation>
+    </message>
+    <message>
+        <source>Show</source>
+        <translation>Zeigen</translation>
+    </message>
+    <message>
+        <source>No PDF could be made of %1.</source>
+        <translation>Aus %1 konnte kein PDF gemacht werden.</translation>
+    </message>
+    <message>
+        <source>Save as PDF</source>
+        <translation>Als PDF sichern</translation>
+    </message>
+    <message>
+        <source>PDF (*.pdf)</source>
+        <translation>PDF (*.pdf)</translation>
+    </message>
+    <message>
+        <source>Save</source>
+        <translation>Sichern</translation>
     </message>
 </context>
 <context>
@@ -1125,6 +1515,69 @@
         <source>Settings</source>
         <translation>Einstellungen</translation>
     </message>
+    <message>
+        <source>Plugins</source>
+        <translation>Plugins</translation>
+    </message>
+    <message>
+        <source>New Invoice from Text…</source>
+        <translation>Neue Rechnung aus Text…</translation>
+    </message>
+    <message>
+        <source>Open E-Invoice Viewer…</source>
+        <translation>E-Rechnungen ansehen…</translation>
+    </message>
+    <message>
+        <source>Keyboard Shortcuts</source>
+        <translation>Tastenkürzel</translation>
+    </message>
+    <message>
+        <source>Set Up Ledra…</source>
+        <translation>Ledra einrichten…</translation>
+    </message>
+</context>
+<context>
+    <name>ledra::AttachmentStrip</name>
+    <message>
+        <source>Open</source>
+        <translation>Öffnen</translation>
+    </message>
+    <message>
+        <source>Save…</source>
+        <translation>Sichern…</translation>
+    </message>
+    <message>
+        <source>Attachments</source>
+        <translation>Anlagen</translation>
+    </message>
+    <message>
+        <source>Files of this kind are not opened from here. They can be saved.</source>
+        <translation>Dateien dieser Art werden von hier aus nicht geöffnet. Sie können gesichert werden.</translation>
+    </message>
+    <message>
+        <source>%1 cannot be taken out of %2.</source>
+        <translation>%1 lässt sich nicht aus %2 herausnehmen.</translation>
+    </message>
+    <message>
+        <source>%1 is not what its name says and is not opened.</source>
+        <translation>%1 ist nicht, was der Name sagt, und wird nicht geöffnet.</translation>
+    </message>
+    <message>
+        <source>There is no program that shows %1.</source>
+        <translation>Es gibt kein Programm, das %1 zeigt.</translation>
+    </message>
+    <message>
+        <source>Save Attachment</source>
+        <translation>Anlage sichern</translation>
+    </message>
+    <message>
+        <source>All Files (*)</source>
+        <translation>Alle Dateien (*)</translation>
+    </message>
+    <message>
+        <source>Save</source>
+        <translation>Sichern</translation>
+    </message>
 </context>
 <context>
     <name>ledra::BackupsTab</name>
@@ -1167,6 +1620,17 @@
     <message>
         <source>There is a backup of today already.</source>
         <translation>Für heute gibt es bereits eine Sicherung.</translation>
+    </message>
+</context>
+<context>
+    <name>ledra::BusyBar</name>
+    <message>
+        <source>At work</source>
+        <translation>In Arbeit</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
     </message>
 </context>
 <context>
@@ -1404,6 +1868,21 @@
     </message>
 </context>
 <context>
+    <name>ledra::DropZone</name>
+    <message>
+        <source>Drop e-invoices here</source>
+        <translation>E-Rechnungen hier ablegen</translation>
+    </message>
+    <message>
+        <source>XML files, and PDFs that carry one (ZUGFeRD, Factur-X, XRechnung)</source>
+        <translation>XML-Dateien, und PDFs, die eine enthalten (ZUGFeRD, Factur-X, XRechnung)</translation>
+    </message>
+    <message>
+        <source>Select E-Invoices…</source>
+        <translation>E-Rechnungen auswählen…</translation>
+    </message>
+</context>
+<context>
     <name>ledra::EditorPanel</name>
     <message>
         <source>Invoice</source>
@@ -1494,6 +1973,33 @@
     <message>
         <source>%1 of %2 documents</source>
         <translation>%1 von %2 Belegen</translation>
+    </message>
+</context>
+<context>
+    <name>ledra::ExtractedFieldsView</name>
+    <message>
+        <source>Field</source>
+        <translation>Feld</translation>
+    </message>
+    <message>
+        <source>Value</source>
+        <translation>Wert</translation>
+    </message>
+    <message>
+        <source>Fields that were found</source>
+        <translation>Gefundene Felder</translation>
+    </message>
+    <message>
+        <source>Document</source>
+        <translation>Dokument</translation>
+    </message>
+    <message>
+        <source>Recipient</source>
+        <translation>Empfänger</translation>
+    </message>
+    <message>
+        <source>Item %1</source>
+        <translation>Position %1</translation>
     </message>
 </context>
 <context>
@@ -1638,11 +2144,78 @@
     </message>
     <message>
         <source>From … to …</source>
-        <translation>Von … bis …</translation>
+        <translation>Von … bis…</translation>
     </message>
     <message>
         <source>All currencies</source>
         <translation>Alle Währungen</translation>
+    </message>
+</context>
+<context>
+    <name>ledra::FirstStartAssistant</name>
+    <message>
+        <source>Set Up Ledra</source>
+        <translation>Ledra einrichten</translation>
+    </message>
+    <message>
+        <source>Terms of use</source>
+        <translation>Nutzungsbedingungen</translation>
+    </message>
+    <message>
+        <source>I agree to the terms of use</source>
+        <translation>Ich stimme den Nutzungsbedingungen zu</translation>
+    </message>
+    <message>
+        <source>Welcome to Ledra</source>
+        <translation>Willkommen bei Ledra</translation>
+    </message>
+    <message>
+        <source>A few questions lead to your first invoice. Each of them can be skipped and answered later in the settings.</source>
+        <translation>Ein paar Fragen führen zu Ihrer ersten Rechnung. Jede lässt sich überspringen und später in den Einstellungen beantworten.</translation>
+    </message>
+    <message>
+        <source>Set Up Later</source>
+        <translation>Später einrichten</translation>
+    </message>
+    <message>
+        <source>Back</source>
+        <translation>Zurück</translation>
+    </message>
+    <message>
+        <source>Skip</source>
+        <translation>Überspringen</translation>
+    </message>
+    <message>
+        <source>Step %1 of %2</source>
+        <translation>Schritt %1 von %2</translation>
+    </message>
+    <message>
+        <source>Continue</source>
+        <translation>Weiter</translation>
+    </message>
+    <message>
+        <source>Create First Invoice</source>
+        <translation>Erste Rechnung anlegen</translation>
+    </message>
+    <message>
+        <source>Finish</source>
+        <translation>Fertig</translation>
+    </message>
+    <message>
+        <source>Keep what you have entered?</source>
+        <translation>Eingaben behalten?</translation>
+    </message>
+    <message>
+        <source>It goes into your profile. You can go on in the settings.</source>
+        <translation>Sie kommen in Ihr Profil. In den Einstellungen können Sie weitermachen.</translation>
+    </message>
+    <message>
+        <source>Keep</source>
+        <translation>Behalten</translation>
+    </message>
+    <message>
+        <source>Discard</source>
+        <translation>Verwerfen</translation>
     </message>
 </context>
 <context>
@@ -1795,6 +2368,57 @@
         <source>Nothing is kept.</source>
         <translation>Nichts gespeichert.</translation>
     </message>
+    <message>
+        <source>Language</source>
+        <translation>Sprache</translation>
+    </message>
+    <message>
+        <source>Icon</source>
+        <translation>Symbol</translation>
+    </message>
+</context>
+<context>
+    <name>ledra::InstallDialog</name>
+    <message>
+        <source>Install Plugin</source>
+        <translation>Plugin installieren</translation>
+    </message>
+    <message>
+        <source>Replace</source>
+        <translation>Ersetzen</translation>
+    </message>
+    <message>
+        <source>Install</source>
+        <translation>Installieren</translation>
+    </message>
+    <message>
+        <source>Install the plugin “%1”?</source>
+        <translation>Das Plugin „%1“ installieren?</translation>
+    </message>
+    <message>
+        <source>It replaces the plugin “%1” that is installed.</source>
+        <translation>Es ersetzt das installierte Plugin „%1“.</translation>
+    </message>
+    <message>
+        <source>It replaces the plugin “%1” that is installed, version %2.</source>
+        <translation>Es ersetzt das installierte Plugin „%1“, Version %2.</translation>
+    </message>
+    <message>
+        <source>It does not use the network.</source>
+        <translation>Es benutzt das Netzwerk nicht.</translation>
+    </message>
+    <message>
+        <source>It wants to send and receive data, your invoices among them, over the network:</source>
+        <translation>Es möchte Daten, darunter Ihre Rechnungen, über das Netzwerk senden und empfangen:</translation>
+    </message>
+    <message>
+        <source>Hosts</source>
+        <translation>Server</translation>
+    </message>
+    <message>
+        <source>Let it talk to these hosts</source>
+        <translation>Verbindungen zu diesen Servern erlauben</translation>
+    </message>
 </context>
 <context>
     <name>ledra::InvoiceListView</name>
@@ -1880,7 +2504,7 @@
     </message>
     <message>
         <source>Add item …</source>
-        <translation>Position hinzufügen …</translation>
+        <translation>Position hinzufügen…</translation>
     </message>
     <message>
         <source>Drag to reorder</source>
@@ -1977,7 +2601,7 @@
     <name>ledra::ListPanel</name>
     <message>
         <source>Search number, name, e-mail, item …</source>
-        <translation>Suche: Nummer, Name, E-Mail, Position …</translation>
+        <translation>Suche: Nummer, Name, E-Mail, Position…</translation>
     </message>
     <message>
         <source>Search</source>
@@ -2081,6 +2705,29 @@ SVG, PNG, JPEG, WebP</translation>
     </message>
 </context>
 <context>
+    <name>ledra::LookStep</name>
+    <message>
+        <source>Example in the chosen look</source>
+        <translation>Beispiel im gewählten Aussehen</translation>
+    </message>
+    <message>
+        <source>Primary color</source>
+        <translation>Hauptfarbe</translation>
+    </message>
+    <message>
+        <source>Accent color</source>
+        <translation>Akzentfarbe</translation>
+    </message>
+    <message>
+        <source>Paper</source>
+        <translation>Papier</translation>
+    </message>
+    <message>
+        <source>Column at the margin</source>
+        <translation>Spalte am Rand</translation>
+    </message>
+</context>
+<context>
     <name>ledra::MailSender</name>
     <message>
         <source>No mail program can be opened: neither the desktop&apos;s mail portal nor xdg-email (package xdg-utils) is there.</source>
@@ -2144,6 +2791,10 @@ Sie gehen verloren, wenn das Fenster jetzt geschlossen wird.</translation>
         <source>Close Anyway</source>
         <translation>Trotzdem schließen</translation>
     </message>
+    <message>
+        <source>Imported as a draft. “Undo” takes it out again.</source>
+        <translation>Als Entwurf importiert. „Rückgängig“ nimmt ihn wieder heraus.</translation>
+    </message>
 </context>
 <context>
     <name>ledra::MessageBar</name>
@@ -2191,14 +2842,25 @@ Sie gehen verloren, wenn das Fenster jetzt geschlossen wird.</translation>
     </message>
 </context>
 <context>
+    <name>ledra::NumberFormatEdit</name>
+    <message>
+        <source>Number format</source>
+        <translation>Nummernformat</translation>
+    </message>
+    <message>
+        <source>Variables are chips among free text. Alt and an arrow key move a chip.</source>
+        <translation>Variablen stehen als Marken im freien Text. Alt und eine Pfeiltaste verschieben eine Marke.</translation>
+    </message>
+    <message>
+        <source>Insert %1</source>
+        <translation>%1 einfügen</translation>
+    </message>
+</context>
+<context>
     <name>ledra::NumberSection</name>
     <message>
         <source>Number</source>
         <translation>Nummer</translation>
-    </message>
-    <message>
-        <source>{NNN} number, {YYYY} {YY} year, {MM} month, {DD} day, {VAR} free text</source>
-        <translation>{NNN} Nummer, {YYYY} {YY} Jahr, {MM} Monat, {DD} Tag, {VAR} freier Text</translation>
     </message>
     <message>
         <source>Format</source>
@@ -2211,6 +2873,14 @@ Sie gehen verloren, wenn das Fenster jetzt geschlossen wird.</translation>
     <message>
         <source>Printed as %1</source>
         <translation>Gedruckt als %1</translation>
+    </message>
+    <message>
+        <source>As in the profile</source>
+        <translation>Wie im Profil</translation>
+    </message>
+    <message>
+        <source>“%1” is no variable and is printed as it stands</source>
+        <translation>„%1“ ist keine Variable und wird so gedruckt, wie es dasteht</translation>
     </message>
 </context>
 <context>
@@ -2261,6 +2931,284 @@ Sie gehen verloren, wenn das Fenster jetzt geschlossen wird.</translation>
     <message>
         <source>Sender details stand in it; without it they stand in the footer</source>
         <translation>Enthält die Absenderangaben; ohne sie stehen diese in der Fußzeile</translation>
+    </message>
+</context>
+<context>
+    <name>ledra::PluginDetail</name>
+    <message>
+        <source>Details</source>
+        <translation>Einzelheiten</translation>
+    </message>
+    <message>
+        <source>Description</source>
+        <translation>Beschreibung</translation>
+    </message>
+    <message>
+        <source>Author</source>
+        <translation>Autor</translation>
+    </message>
+    <message>
+        <source>Repository</source>
+        <translation>Quellcode</translation>
+    </message>
+    <message>
+        <source>Offers</source>
+        <translation>Funktionen</translation>
+    </message>
+    <message>
+        <source>Files</source>
+        <translation>Dateien</translation>
+    </message>
+    <message>
+        <source>Last error</source>
+        <translation>Letzter Fehler</translation>
+    </message>
+    <message>
+        <source>Does not use the network</source>
+        <translation>Benutzt das Netzwerk nicht</translation>
+    </message>
+    <message>
+        <source>What it does by itself</source>
+        <translation>Was es von selbst tut</translation>
+    </message>
+    <message>
+        <source>May talk to %1</source>
+        <translation>Darf sich mit %1 verbinden</translation>
+    </message>
+    <message>
+        <source>One KEY=VALUE in each line; the plugin’s own description says which it knows.</source>
+        <translation>Ein KEY=VALUE je Zeile; welche es gibt, sagt die Beschreibung des Plugins.</translation>
+    </message>
+    <message>
+        <source>Settings</source>
+        <translation>Einstellungen</translation>
+    </message>
+    <message>
+        <source>Nothing yet since Ledra was started.</source>
+        <translation>Seit dem Start von Ledra noch nichts.</translation>
+    </message>
+    <message>
+        <source>Log</source>
+        <translation>Protokoll</translation>
+    </message>
+    <message>
+        <source>None</source>
+        <translation>Keiner</translation>
+    </message>
+    <message>
+        <source>Nothing while it is switched off</source>
+        <translation>Keine, solange es ausgeschaltet ist</translation>
+    </message>
+    <message>
+        <source>Not loaded yet</source>
+        <translation>Noch nicht geladen</translation>
+    </message>
+</context>
+<context>
+    <name>ledra::PluginMenu</name>
+    <message>
+        <source>Manage Plugins…</source>
+        <translation>Plugins verwalten…</translation>
+    </message>
+</context>
+<context>
+    <name>ledra::PluginRuns</name>
+    <message>
+        <source>All Files (*)</source>
+        <translation>Alle Dateien (*)</translation>
+    </message>
+    <message>
+        <source>%1 is at work…</source>
+        <translation>%1 arbeitet…</translation>
+    </message>
+    <message>
+        <source>%1: %2 of %3</source>
+        <translation>%1: %2 von %3</translation>
+    </message>
+    <message>
+        <source>%1: cancelled</source>
+        <translation>%1: abgebrochen</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n records were not exported. %1</source>
+        <translation>
+            <numerusform>%n Beleg wurde nicht exportiert. %1</numerusform>
+            <numerusform>%n Belege wurden nicht exportiert. %1</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n drafts were made</source>
+        <translation>
+            <numerusform>%n Entwurf wurde angelegt</numerusform>
+            <numerusform>%n Entwürfe wurden angelegt</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n records were changed</source>
+        <translation>
+            <numerusform>%n Beleg wurde geändert</numerusform>
+            <numerusform>%n Belege wurden geändert</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1: %2</translation>
+    </message>
+    <message>
+        <source>nothing has changed</source>
+        <translation>nichts hat sich geändert</translation>
+    </message>
+    <message>
+        <source>%1. %2</source>
+        <translation>%1. %2</translation>
+    </message>
+    <message numerus="yes">
+        <source>%1; %n parts of it were refused</source>
+        <translation>
+            <numerusform>%1; %n Teil davon wurde abgelehnt</numerusform>
+            <numerusform>%1; %n Teile davon wurden abgelehnt</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Show</source>
+        <translation>Anzeigen</translation>
+    </message>
+    <message>
+        <source>Show Plugin</source>
+        <translation>Plugin anzeigen</translation>
+    </message>
+</context>
+<context>
+    <name>ledra::PluginsPage</name>
+    <message>
+        <source>Update</source>
+        <translation>Aktualisieren</translation>
+    </message>
+    <message>
+        <source>Check for Updates</source>
+        <translation>Nach Updates suchen</translation>
+    </message>
+    <message>
+        <source>Reveal</source>
+        <translation>Im Ordner zeigen</translation>
+    </message>
+    <message>
+        <source>Remove…</source>
+        <translation>Entfernen…</translation>
+    </message>
+    <message>
+        <source>Check for updates when Ledra starts, and install them</source>
+        <translation>Beim Start von Ledra nach Updates suchen und sie installieren</translation>
+    </message>
+    <message>
+        <source>Plugins</source>
+        <translation>Plugins</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>Name</translation>
+    </message>
+    <message>
+        <source>Version</source>
+        <translation>Version</translation>
+    </message>
+    <message>
+        <source>Author</source>
+        <translation>Autor</translation>
+    </message>
+    <message>
+        <source>Description</source>
+        <translation>Beschreibung</translation>
+    </message>
+    <message>
+        <source>%1, switched on</source>
+        <translation>%1, eingeschaltet</translation>
+    </message>
+    <message>
+        <source>%1, switched off</source>
+        <translation>%1, ausgeschaltet</translation>
+    </message>
+    <message>
+        <source>No plugins installed.
+Add a .ledraplugin folder to get started.</source>
+        <translation>Keine Plugins installiert.
+Fügen Sie einen .ledraplugin-Ordner hinzu, um zu beginnen.</translation>
+    </message>
+    <message>
+        <source>Choose Folder…</source>
+        <translation>Ordner wählen…</translation>
+    </message>
+    <message>
+        <source>Install…</source>
+        <translation>Installieren…</translation>
+    </message>
+    <message>
+        <source>From Folder…</source>
+        <translation>Aus Ordner…</translation>
+    </message>
+    <message>
+        <source>From Archive…</source>
+        <translation>Aus Archiv…</translation>
+    </message>
+    <message>
+        <source>Install the newest version of the chosen plugin’s repository</source>
+        <translation>Die neueste Version aus dem Quellcode-Archiv des gewählten Plugins installieren</translation>
+    </message>
+    <message>
+        <source>Show the chosen plugin’s folder</source>
+        <translation>Den Ordner des gewählten Plugins zeigen</translation>
+    </message>
+    <message>
+        <source>Asks the repositories of the plugins. A new version may talk to no more hosts than you have allowed.</source>
+        <translation>Fragt bei den Quellen der Plugins nach. Eine neue Version darf sich nur mit den Servern verbinden, die Sie erlaubt haben.</translation>
+    </message>
+    <message>
+        <source>Install Plugin</source>
+        <translation>Plugin installieren</translation>
+    </message>
+    <message>
+        <source>Install</source>
+        <translation>Installieren</translation>
+    </message>
+    <message>
+        <source>Plugins (*.ledraplugin.zip)</source>
+        <translation>Plugins (*.ledraplugin.zip)</translation>
+    </message>
+    <message>
+        <source>%1 is installed</source>
+        <translation>%1 ist installiert</translation>
+    </message>
+    <message>
+        <source>%1 is no file of this computer.</source>
+        <translation>%1 ist keine Datei auf diesem Computer.</translation>
+    </message>
+    <message>
+        <source>Remove Plugin</source>
+        <translation>Plugin entfernen</translation>
+    </message>
+    <message>
+        <source>Remove the plugin “%1”?</source>
+        <translation>Das Plugin „%1“ entfernen?</translation>
+    </message>
+    <message>
+        <source>Its folder goes to the trash. What it has done to your invoices stays.</source>
+        <translation>Sein Ordner kommt in den Papierkorb. Was es an Ihren Rechnungen getan hat, bleibt.</translation>
+    </message>
+    <message>
+        <source>Remove</source>
+        <translation>Entfernen</translation>
+    </message>
+    <message>
+        <source>No plugin names a repository to update from.</source>
+        <translation>Kein Plugin nennt eine Quelle für Updates.</translation>
+    </message>
+    <message>
+        <source>%1 was updated to %2</source>
+        <translation>%1 wurde auf %2 aktualisiert</translation>
+    </message>
+    <message>
+        <source>There is nothing newer.</source>
+        <translation>Es gibt nichts Neueres.</translation>
     </message>
 </context>
 <context>
@@ -2775,6 +3723,33 @@ Sie gehen verloren, wenn das Fenster jetzt geschlossen wird.</translation>
     </message>
 </context>
 <context>
+    <name>ledra::ShortcutSheet</name>
+    <message>
+        <source>No command is called that.</source>
+        <translation>Kein Befehl heißt so.</translation>
+    </message>
+    <message>
+        <source>Keyboard Shortcuts</source>
+        <translation>Tastenkürzel</translation>
+    </message>
+    <message>
+        <source>Search commands and keys</source>
+        <translation>Befehle und Tasten suchen</translation>
+    </message>
+    <message>
+        <source>Commands and their shortcuts</source>
+        <translation>Befehle und ihre Tastenkürzel</translation>
+    </message>
+    <message>
+        <source>Command</source>
+        <translation>Befehl</translation>
+    </message>
+    <message>
+        <source>Shortcut</source>
+        <translation>Kürzel</translation>
+    </message>
+</context>
+<context>
     <name>ledra::SideBar</name>
     <message>
         <source>All</source>
@@ -2957,6 +3932,88 @@ Sie gehen verloren, wenn das Fenster jetzt geschlossen wird.</translation>
     </message>
 </context>
 <context>
+    <name>ledra::TextToInvoice</name>
+    <message>
+        <source>New Invoice from Text</source>
+        <translation>Neue Rechnung aus Text</translation>
+    </message>
+    <message>
+        <source>Try Again</source>
+        <translation>Erneut versuchen</translation>
+    </message>
+    <message>
+        <source>Text Parser Settings…</source>
+        <translation>Einstellungen der Texterkennung…</translation>
+    </message>
+    <message>
+        <source>Paste or drop an e-mail, a note, an address or a list of services here.</source>
+        <translation>Fügen Sie hier eine E-Mail, eine Notiz, eine Adresse oder eine Liste von Leistungen ein.</translation>
+    </message>
+    <message>
+        <source>Text</source>
+        <translation>Text</translation>
+    </message>
+    <message>
+        <source>A model on this computer reads the text. Nothing leaves the computer.</source>
+        <translation>Ein Modell auf diesem Computer liest den Text. Nichts verlässt den Computer.</translation>
+    </message>
+    <message>
+        <source>Read Text</source>
+        <translation>Text lesen</translation>
+    </message>
+    <message>
+        <source>Stop</source>
+        <translation>Anhalten</translation>
+    </message>
+    <message>
+        <source>What becomes of it</source>
+        <translation>Was daraus wird</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Schließen</translation>
+    </message>
+    <message>
+        <source>Use</source>
+        <translation>Übernehmen</translation>
+    </message>
+    <message>
+        <source>The model is reading …</source>
+        <translation>Das Modell liest…</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n fields so far …</source>
+        <translation>
+            <numerusform>Bisher %n Feld …</numerusform>
+            <numerusform>Bisher %n Felder …</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Stopped. Nothing was changed.</source>
+        <translation>Angehalten. Nichts wurde geändert.</translation>
+    </message>
+    <message>
+        <source>Nothing was found in the text.</source>
+        <translation>Im Text wurde nichts gefunden.</translation>
+    </message>
+    <message>
+        <source>Models err: look at the fields. Each can be changed or emptied.</source>
+        <translation>Modelle irren sich: Sehen Sie die Felder durch. Jedes lässt sich ändern oder leeren.</translation>
+    </message>
+    <message>
+        <source>New invoice</source>
+        <translation>Neue Rechnung</translation>
+    </message>
+    <message>
+        <source>Draft %1: fill what is empty</source>
+        <translation>Entwurf %1: Leeres ausfüllen</translation>
+    </message>
+    <message>
+        <source>Cannot be used:</source>
+        <translation>Nicht zu gebrauchen:</translation>
+    </message>
+</context>
+<context>
     <name>ledra::Toast</name>
     <message>
         <source>Message</source>
@@ -2984,6 +4041,71 @@ Sie gehen verloren, wenn das Fenster jetzt geschlossen wird.</translation>
     <message>
         <source>Restore</source>
         <translation>Wiederherstellen</translation>
+    </message>
+</context>
+<context>
+    <name>ledra::ViewerTab</name>
+    <message>
+        <source>Notice</source>
+        <translation>Hinweis</translation>
+    </message>
+    <message>
+        <source>The document itself states another total. %1</source>
+        <translation>Das Dokument selbst nennt eine andere Summe. %1</translation>
+    </message>
+</context>
+<context>
+    <name>ledra::ViewerWebView</name>
+    <message>
+        <source>Copy</source>
+        <translation>Kopieren</translation>
+    </message>
+    <message>
+        <source>Select All</source>
+        <translation>Alles auswählen</translation>
+    </message>
+</context>
+<context>
+    <name>ledra::ViewerWindow</name>
+    <message>
+        <source>Opened e-invoices</source>
+        <translation>Geöffnete E-Rechnungen</translation>
+    </message>
+    <message>
+        <source>Tools</source>
+        <translation>Werkzeuge</translation>
+    </message>
+    <message>
+        <source>Select E-Invoices</source>
+        <translation>E-Rechnungen auswählen</translation>
+    </message>
+    <message>
+        <source>E-Invoices (*.xml *.pdf);;All Files (*)</source>
+        <translation>E-Rechnungen (*.xml *.pdf);;Alle Dateien (*)</translation>
+    </message>
+    <message>
+        <source>Import E-Invoices</source>
+        <translation>E-Rechnungen importieren</translation>
+    </message>
+    <message>
+        <source>The selected files could not be read as e-invoices.</source>
+        <translation>Die ausgewählten Dateien konnten nicht als E-Rechnungen gelesen werden.</translation>
+    </message>
+    <message>
+        <source>Close %1</source>
+        <translation>%1 schließen</translation>
+    </message>
+    <message>
+        <source>%1 – E-Invoice Viewer</source>
+        <translation>%1 – E-Rechnungen</translation>
+    </message>
+    <message>
+        <source>E-Invoice Viewer</source>
+        <translation>E-Rechnungen</translation>
+    </message>
+    <message>
+        <source>%1 is no file of this computer.</source>
+        <translation>%1 ist keine Datei dieses Computers.</translation>
     </message>
 </context>
 </TS>

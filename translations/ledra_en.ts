@@ -43,6 +43,26 @@
     </message>
 </context>
 <context>
+    <name>OutputSaving</name>
+    <message numerus="yes">
+        <source>%n of the files exist already.</source>
+        <translation>
+            <numerusform>%n of the files exists already.</numerusform>
+            <numerusform>%n of the files exist already.</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>PluginWords</name>
+    <message numerus="yes">
+        <source>Updates invoices every %n minutes while the window is open</source>
+        <translation>
+            <numerusform>Updates invoices every minute while the window is open</numerusform>
+            <numerusform>Updates invoices every %n minutes while the window is open</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>RecordCommands</name>
     <message numerus="yes">
         <source>%n of the selected records left the house already. Others may hold them, and numbers must have no gaps. They can be taken out of the trash again.</source>
@@ -83,12 +103,53 @@
     </message>
 </context>
 <context>
+    <name>ledra::PluginRuns</name>
+    <message numerus="yes">
+        <source>%n records were not exported. %1</source>
+        <translation>
+            <numerusform>%n record was not exported. %1</numerusform>
+            <numerusform>%n records were not exported. %1</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n drafts were made</source>
+        <translation>
+            <numerusform>%n draft was made</numerusform>
+            <numerusform>%n drafts were made</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n records were changed</source>
+        <translation>
+            <numerusform>%n record was changed</numerusform>
+            <numerusform>%n records were changed</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%1; %n parts of it were refused</source>
+        <translation>
+            <numerusform>%1; %n part of it was refused</numerusform>
+            <numerusform>%1; %n parts of it were refused</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>ledra::ReminderExport</name>
     <message numerus="yes">
         <source>%n reminders saved</source>
         <translation>
             <numerusform>%n reminder saved</numerusform>
             <numerusform>%n reminders saved</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>ledra::TextToInvoice</name>
+    <message numerus="yes">
+        <source>%n fields so far …</source>
+        <translation>
+            <numerusform>%n field so far …</numerusform>
+            <numerusform>%n fields so far …</numerusform>
         </translation>
     </message>
 </context>
