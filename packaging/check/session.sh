@@ -16,7 +16,8 @@ report() { # NAME CODE
 
 # soon COMMAND…: waits until it succeeds, for twenty seconds at most.
 soon() {
-  for _ in $(seq 80); do
+  local end=$((SECONDS + 20))
+  while [ $SECONDS -lt $end ]; do
     "$@" >/dev/null 2>&1 && return 0
     sleep 0.25
   done
