@@ -202,6 +202,18 @@
         <source>Dashed</source>
         <translation>Gestrichelt</translation>
     </message>
+    <message>
+        <source>Standard</source>
+        <translation>Standard</translation>
+    </message>
+    <message>
+        <source>Forest</source>
+        <translation>Wald</translation>
+    </message>
+    <message>
+        <source>Paper</source>
+        <translation>Papier</translation>
+    </message>
 </context>
 <context>
     <name>DocumentLook</name>

@@ -14,10 +14,14 @@
 namespace ledra {
 
 /// The icon that the application gives itself.
-enum class AppIcon { standard };
+enum class AppIcon { standard, forest, paper };
 
 template <>
-inline constexpr std::array enumTexts<AppIcon> = {EnumText{AppIcon::standard, "standard", "Standard"}};
+inline constexpr std::array enumTexts<AppIcon> = {
+    EnumText{AppIcon::standard, "standard", "Standard"},
+    EnumText{AppIcon::forest, "forest", "Forest"},
+    EnumText{AppIcon::paper, "paper", "Paper"},
+};
 
 /// Light, dark, or what the desktop has.
 enum class Appearance { system, light, dark };

@@ -1,103 +1,29 @@
 #include "app/undoable_jobs.h"
 
-#include "model/field_changes.h"
-
-#include <QCoreApplication>
-#include <QUndoCommand>
+#include "app/undo_commands.h"
 
 namespace ledra {
 
 namespace {
 
-/// A change of fields, which has been made when the command is pushed.
-class EditCommand final : public QUndoCommand
+// Tells the typing in records from that in other things.
+constexpr int typingId = 1;
+
+using Presence = PresenceStep<InvoiceManager, Invoice>;
+
+/// A change of fields, which has been made when the step is pushed.
+std::unique_ptr<EditStep<Invoice>> editStep(InvoiceManager& invoices, const Invoice& before,
+                                            const Invoice& after, EditKind kind,
+                                            QUndoCommand* whole = nullptr)
 {
-public:
-    EditCommand(InvoiceManager& invoices, Invoice before, Invoice after, EditKind kind,
-                QUndoCommand* step = nullptr)
-        : QUndoCommand(step),
-          invoices_(invoices),
-          before_(std::move(before)),
-          after_(std::move(after)),
-          fields_(changedFields(before_, after_)),
-          kind_(kind)
-    {
-        setText(QCoreApplication::translate("UndoText", "Edit"));
-    }
-
-    void undo() override { apply(before_); }
-    void redo() override
-    {
-        if (std::exchange(isMade_, false))
-            return;
-        apply(after_);
-    }
-
-    int id() const override { return kind_ == EditKind::typing ? 1 : -1; }
-
-    bool mergeWith(const QUndoCommand* other) override
-    {
-        const auto* next = static_cast<const EditCommand*>(other); // of the same id(), so of the same class
-        if (next->before_.id != before_.id || next->fields_ != fields_)
-            return false;
-        after_ = next->after_;
-        fields_ = changedFields(before_, after_);
-        setObsolete(fields_.none());
-        return true;
-    }
-
-private:
-    void apply(const Invoice& state) const
-    {
-        if (invoices_.find(state.id))
-            invoices_.editSoon(state.id, [&](Invoice& invoice) { copyFields(state, invoice, fields_); });
-    }
-
-    InvoiceManager& invoices_;
-    Invoice before_;
-    Invoice after_;
-    FieldSet<Invoice> fields_;
-    EditKind kind_;
-    bool isMade_ = true;
-};
-
-/// A record that was made or deleted, which has happened when the command is pushed.
-class PresenceCommand final : public QUndoCommand
-{
-public:
-    PresenceCommand(InvoiceManager& invoices, Invoice record, bool isPresent, const char* text,
-                    QUndoCommand* step = nullptr)
-        : QUndoCommand(step), invoices_(invoices), record_(std::move(record)), isPresent_(isPresent)
-    {
-        setText(QCoreApplication::translate("UndoText", text));
-    }
-
-    void undo() override { apply(!isPresent_); }
-    void redo() override
-    {
-        if (std::exchange(isMade_, false))
-            return;
-        apply(isPresent_);
-    }
-
-private:
-    /// What fails has been told by the store or shows in the list.
-    void apply(bool isPresent)
-    {
-        const InvoicePtr present = invoices_.find(record_.id);
-        if (isPresent && !present) {
-            (void)invoices_.insert(record_);
-        } else if (!isPresent && present) {
-            record_ = **present; // as it is by now
-            (void)invoices_.remove(record_.id);
-        }
-    }
-
-    InvoiceManager& invoices_;
-    Invoice record_;
-    bool isPresent_; ///< after the command
-    bool isMade_ = true;
-};
+    const auto apply = [&invoices](const Invoice& state, const FieldSet<Invoice>& fields) {
+        if (invoices.find(state.id))
+            invoices.editSoon(state.id, [&](Invoice& invoice) { copyFields(state, invoice, fields); });
+    };
+    return std::make_unique<EditStep<Invoice>>(QT_TRANSLATE_NOOP("UndoText", "Edit"), before, after,
+                                               TypingRun{.id = kind == EditKind::typing ? typingId : -1},
+                                               apply, whole);
+}
 
 } // namespace
 
@@ -115,13 +41,13 @@ UndoStep::~UndoStep()
 
 void UndoStep::made(const Invoice& record)
 {
-    new PresenceCommand(invoices_, record, true, "", changes_.get());
+    new Presence("", invoices_, record, true, changes_.get());
 }
 
 void UndoStep::edited(const Invoice& before, const Invoice& after)
 {
     if (before != after)
-        new EditCommand(invoices_, before, after, EditKind::single, changes_.get());
+        (void)editStep(invoices_, before, after, EditKind::single, changes_.get()).release();
 }
 
 JobResult<void> UndoableJobs::edit(const QUuid& id, const std::function<void(Invoice&)>& change,
@@ -132,14 +58,15 @@ JobResult<void> UndoableJobs::edit(const QUuid& id, const std::function<void(Inv
     if (const JobResult<void> edited = jobs_.editSoon(id, change, force); !edited)
         return edited;
     if (before != **record)
-        invoices_.undoStack().push(new EditCommand(invoices_, before, **record, kind)); // the stack owns it
+        invoices_.undoStack().push(
+            editStep(invoices_, before, **record, kind).release()); // the stack owns it
     return {};
 }
 
 JobResult<InvoicePtr> UndoableJobs::made(JobResult<InvoicePtr> record, const char* text)
 {
     if (record)
-        invoices_.undoStack().push(new PresenceCommand(invoices_, ***record, true, text));
+        invoices_.undoStack().push(new Presence(text, invoices_, ***record, true));
     return record;
 }
 
@@ -178,7 +105,7 @@ JobResult<InvoicePtr> UndoableJobs::cancel(const QUuid& id)
     QUndoStack& stack = invoices_.undoStack();
     stack.beginMacro(QCoreApplication::translate("UndoText", "Cancel Invoice"));
     if (before != **original)
-        stack.push(new EditCommand(invoices_, before, **original, EditKind::single));
+        stack.push(editStep(invoices_, before, **original, EditKind::single).release());
     cancellation = made(std::move(cancellation), QT_TRANSLATE_NOOP("UndoText", "Cancel Invoice"));
     stack.endMacro();
     return cancellation;
@@ -191,7 +118,7 @@ JobResult<void> UndoableJobs::remove(const QUuid& id, Force force)
     if (const JobResult<void> removed = jobs_.remove(id, force); !removed)
         return removed;
     invoices_.undoStack().push(
-        new PresenceCommand(invoices_, before, false, QT_TRANSLATE_NOOP("UndoText", "Delete")));
+        new Presence(QT_TRANSLATE_NOOP("UndoText", "Delete"), invoices_, before, false));
     return {};
 }
 
