@@ -111,7 +111,9 @@ def check(make_pages, program, version, place):
 def main():
     with tempfile.TemporaryDirectory() as place:
         try:
-            print("tried:", ", ".join(check(*sys.argv[1:4], place)))
+            make_pages, program, version = sys.argv[1:]
+            paths = [str(Path(path).resolve()) for path in (make_pages, program)]
+            print("tried:", ", ".join(check(*paths, version, place)))
         except Failure as failure:
             sys.exit(str(failure))
 

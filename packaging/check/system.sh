@@ -52,6 +52,7 @@ check "desktop file" desktop-file-validate /usr/share/applications/de.ledra.Ledr
 check "its types are known" grep -q 'x-scheme-handler/ledra=de.ledra.Ledra.desktop' /usr/share/applications/mimeinfo.cache
 check "metainfo" appstreamcli validate --no-net /usr/share/metainfo/de.ledra.Ledra.metainfo.xml
 as_user ledra profile export -o data.ledradata >/dev/null
+as_user ledra styling set accentColor=C8360B
 as_user ledra styling export -o look.ledrastyle >/dev/null
 cp look.ledrastyle plugin.ledraplugin.zip
 check "type of data files" same "$(type_of data.ledradata)" application/x-ledra-data
