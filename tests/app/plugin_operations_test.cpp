@@ -52,6 +52,7 @@ void PluginOperationsTest::offers()
     plugin.manifest.capabilities = {capability};
     QVERIFY(offeredOperations(plugin, {}).empty());
     QVERIFY(offeredOperations(plugin, {.isLoaded = true,
+                                       .lastError = {},
                                        .hasImportInvoices = isImporter,
                                        .hasUpdateInvoices = !isImporter}) == operations);
     QCOMPARE(filePattern(plugin), extension.isEmpty() ? QStringLiteral("*") : QStringLiteral("*.csv"));

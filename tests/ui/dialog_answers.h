@@ -48,14 +48,14 @@ struct DialogAnswers
             name->setText(text); // typing would open a list of suggestions, which takes the Return
             QTest::keyClick(name, Qt::Key_Return);
         } else {
-            press(*shown, text);
+            pressButton(*shown, text);
         }
         if (!QTest::qWaitFor([shown] { return dialog() != shown; }, 2000))
             return said + QStringLiteral(" (still open)");
         return said;
     }
 
-    static void press(const QDialog& shown, const QString& text)
+    static void pressButton(const QDialog& shown, const QString& text)
     {
         for (QPushButton* button : shown.findChildren<QPushButton*>()) {
             if (button->text().remove(u'&') == text) {

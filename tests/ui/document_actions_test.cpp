@@ -83,7 +83,7 @@ private Q_SLOTS:
         QVERIFY(test::writeFile(target, "mine"));
         QTimer::singleShot(500, &desk.window, [&] { // over the panel
             QCOMPARE(desk.dialog()->metaObject()->className(), "QMessageBox");
-            test::DocumentDesk::press(*desk.dialog(), QStringLiteral("No"));
+            test::DocumentDesk::pressButton(*desk.dialog(), QStringLiteral("No"));
         });
         (void)desk.answer(QStringLiteral("letter") + extension);
         QVERIFY(qobject_cast<QFileDialog*>(desk.dialog()));
@@ -152,7 +152,7 @@ private Q_SLOTS:
         job->showProgress();
         connect(job, &ExportJob::advanced, job, [](int done) {
             if (done >= 3 && test::DocumentDesk::dialog())
-                test::DocumentDesk::press(*test::DocumentDesk::dialog(), QStringLiteral("Cancel"));
+                test::DocumentDesk::pressButton(*test::DocumentDesk::dialog(), QStringLiteral("Cancel"));
         });
         job->start([&](const ExportOutcome& ended) {
             outcome = ended;

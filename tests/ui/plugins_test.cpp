@@ -271,18 +271,18 @@ void PluginsTest::importsAndUpdatesAreOneStep()
     QVERIFY(desk.says("Office: 3 records were changed. "));
     QVERIFY(desk.says("is sent and is not to be changed any more"));
     QCOMPARE((*record)->status, Status::paid);
-    QCOMPARE(desk.names().filter(u'!').size(), 2);
+    QCOMPARE(desk.names().filter(QStringLiteral("!")).size(), 2);
     QVERIFY(desk.names().contains(sent));
     desk.press("Ctrl+Z");
     QCOMPARE((*record)->status, Status::sent);
-    QCOMPARE(desk.names().filter(u'!').size(), 0);
+    QCOMPARE(desk.names().filter(QStringLiteral("!")).size(), 0);
 
     desk.window.listPanel().list().selectAll();
     desk.press("Ctrl+Alt+1");
     desk.window.reveal((*desk.app.invoiceManager().invoices().front())->id);
     desk.run("Update Selected");
     QVERIFY(desk.says("Office: 1 records were changed"));
-    QCOMPARE(desk.names().filter(u'!').size(), 1);
+    QCOMPARE(desk.names().filter(QStringLiteral("!")).size(), 1);
 }
 
 void PluginsTest::exportsToFiles()

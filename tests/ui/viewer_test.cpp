@@ -278,9 +278,8 @@ private Q_SLOTS:
         QFETCH(const QSizeF, size);
         Reader reader(*home_);
         QApplication::setPalette(darkPalette());
-        Styling styling = **reader.desk.app.stylingManager().styling();
-        styling.pageFormat = format;
-        QVERIFY(reader.desk.app.stylingManager().save(styling));
+        QVERIFY(
+            reader.desk.app.stylingManager().edit([&](Styling& styling) { styling.pageFormat = format; }));
         QByteArray lines = received("Satz");
         const qsizetype begin = lines.indexOf("<ram:IncludedSupplyChainTradeLineItem");
         const qsizetype end = lines.indexOf("</ram:IncludedSupplyChainTradeLineItem>") + 39;
