@@ -188,7 +188,9 @@ void PluginCaller::call()
 void PluginCaller::finish(const std::expected<QByteArray, QString>& result)
 {
     const QString id = current_->plugin.id();
-    states_[id].lastError = result ? QString() : result.error();
+    // What went wrong in a call stays to be read while the plugin is merely loaded again.
+    if (!result || !current_->operation.isEmpty())
+        states_[id].lastError = result ? QString() : result.error();
     conclude(result);
     Q_EMIT stateChanged(id);
 }
@@ -303,12 +305,14 @@ void PluginCaller::handleLoaded(const QJsonObject& message)
 {
     const QString id = current_->plugin.id();
     PluginRuntimeState& state = states_[id];
+    const QString earlierError = state.lastError;
     state = {.isLoaded = true, .lastError = plainLine(textIn(message, "error"), longestError)};
     const QJsonArray names = message[QStringLiteral("entryPoints")].toArray();
     for (const EntryPoint& entryPoint : entryPoints)
         state.*entryPoint.flag = state.lastError.isEmpty() && names.contains(entryPoint.name.toString());
     if (!state.lastError.isEmpty())
         return finish(std::unexpected(state.lastError));
+    state.lastError = earlierError;
     loaded_.insert(id);
     goOn();
 }

@@ -18,11 +18,14 @@ constexpr auto settleTime = 500ms;
 
 /// The layout at which the engine prints without scaling. It rounds the width of A4 down, which would shrink
 /// the page; a sheet a little wider keeps the scale, and the PDF gets its exact size when pages are joined.
-QPageLayout printLayout(PageFormat format)
+QPageLayout printLayout(const Paper& paper)
 {
-    const QSizeF sheet = format == PageFormat::usLetter ? QSizeF(612, 792) : QSizeF(600, 842);
+    const QSizeF sheet = paper.format == PageFormat::usLetter ? QSizeF(612, 792) : QSizeF(600, 842);
     const QPageSize size(sheet, QPageSize::Point, QString(), QPageSize::ExactMatch);
-    return QPageLayout(size, QPageLayout::Portrait, QMarginsF());
+    QMarginsF margins = paper.margins;
+    if (!margins.isNull())
+        margins.setRight(margins.right() + sheet.width() - paperSize(paper.format).width());
+    return QPageLayout(size, QPageLayout::Portrait, margins, QPageLayout::Point);
 }
 
 } // namespace
@@ -65,12 +68,12 @@ void PageSession::evaluate(const QString& html, const QString& script, Done done
         std::move(done));
 }
 
-void PageSession::print(const QString& html, PageFormat format, Done done)
+void PageSession::print(const QString& html, const Paper& paper, Done done)
 {
-    start(html, [this, format] { settleAndPrint(format); }, std::move(done));
+    start(html, [this, paper] { settleAndPrint(paper); }, std::move(done));
 }
 
-void PageSession::settleAndPrint(PageFormat format)
+void PageSession::settleAndPrint(const Paper& paper)
 {
     const auto printed = [session = QPointer(this), job = job_](const QByteArray& pdf) {
         if (!session || session->job_ != job)
@@ -80,9 +83,9 @@ void PageSession::settleAndPrint(PageFormat format)
         else
             session->finish(pdf);
     };
-    QTimer::singleShot(settleTime, this, [this, format, printed, job = job_] {
+    QTimer::singleShot(settleTime, this, [this, paper, printed, job = job_] {
         if (job == job_ && done_)
-            page_->printToPdf(printed, printLayout(format));
+            page_->printToPdf(printed, printLayout(paper));
     });
 }
 

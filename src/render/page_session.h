@@ -26,7 +26,7 @@ public:
     ~PageSession() override;
 
     void evaluate(const QString& html, const QString& script, Done done);
-    void print(const QString& html, PageFormat format, Done done);
+    void print(const QString& html, const Paper& paper, Done done);
 
     bool isBusy() const { return static_cast<bool>(done_); }
 
@@ -39,7 +39,7 @@ public:
 
 private:
     void start(const QString& html, std::function<void()> whenReady, Done done);
-    void settleAndPrint(PageFormat format);
+    void settleAndPrint(const Paper& paper);
     void finish(std::expected<QByteArray, WebEngineError> result);
     void giveUp(WebEngineError error);
 

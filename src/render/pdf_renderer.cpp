@@ -18,14 +18,14 @@ struct PDFRenderer::Session
     Completion completion;
 };
 
-void PDFRenderer::render(const PaginationResult& document, PageFormat format, Completion completion)
+void PDFRenderer::render(const PaginationResult& document, const Paper& paper, Completion completion)
 {
     const auto sheets = document.isMeasured ? PrintedSheets::first : PrintedSheets::all;
     const std::size_t count = document.pages.size();
-    const auto session = std::make_shared<Session>(
-        Session{format, sheets, std::vector<QByteArray>(count), count, std::nullopt, std::move(completion)});
+    const auto session = std::make_shared<Session>(Session{
+        paper.format, sheets, std::vector<QByteArray>(count), count, std::nullopt, std::move(completion)});
     for (std::size_t page = 0; page < count; ++page) {
-        engine_.print(document.pages[page], format,
+        engine_.print(document.pages[page], paper,
                       [this, session, page](const std::expected<QByteArray, WebEngineError>& pdf) {
                           pagePrinted(session, page, pdf);
                       });

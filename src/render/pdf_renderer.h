@@ -24,7 +24,7 @@ public:
 
     /// Prints all pages side by side and joins them in order. A failure is said on the console, and the
     /// completion then receives nothing.
-    void render(const PaginationResult& document, PageFormat format, Completion completion);
+    void render(const PaginationResult& document, const Paper& paper, Completion completion);
 
 private:
     struct Session;

@@ -129,9 +129,9 @@ void QtWebEngine::startMeasuring()
         });
 }
 
-void QtWebEngine::print(const QString& html, PageFormat format, Printed printed)
+void QtWebEngine::print(const QString& html, const Paper& paper, Printed printed)
 {
-    waiting_.push_back({html, format, std::move(printed)});
+    waiting_.push_back({html, paper, std::move(printed)});
     startPrinting();
 }
 
@@ -160,7 +160,7 @@ void QtWebEngine::startPrinting()
         PrintJob job = std::move(waiting_.front());
         waiting_.pop_front();
         printer->print(
-            job.html, job.format,
+            job.html, job.paper,
             [this, printed = std::move(job.printed)](const std::expected<QByteArray, WebEngineError>& pdf) {
                 startPrinting();
                 printed(pdf);

@@ -25,7 +25,7 @@ public:
     ~QtWebEngine() override;
 
     void measure(const QString& html, PageFormat format, const QString& script, Answered answered) override;
-    void print(const QString& html, PageFormat format, Printed printed) override;
+    void print(const QString& html, const Paper& paper, Printed printed) override;
 
     /// A page for a view of the user interface. It must go before the engine.
     std::unique_ptr<QWebEnginePage> newPage();
@@ -45,7 +45,7 @@ private:
     struct PrintJob
     {
         QString html;
-        PageFormat format;
+        Paper paper;
         Printed printed;
     };
 

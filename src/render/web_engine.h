@@ -3,6 +3,7 @@
 #include "model/enumerations.h"
 
 #include <QByteArray>
+#include <QMarginsF>
 #include <QSize>
 #include <QString>
 
@@ -16,6 +17,19 @@ inline QSize paperSize(PageFormat format)
 {
     return format == PageFormat::usLetter ? QSize(612, 792) : QSize(595, 842);
 }
+
+/// What a page is printed on. Documents that are broken into pages before bring their margins with them;
+/// others are given some, on every sheet.
+struct Paper
+{
+    /// Most papers are just a format.
+    Paper(PageFormat paperFormat, const QMarginsF& paperMargins = {})
+        : format(paperFormat), margins(paperMargins)
+    {}
+
+    PageFormat format;
+    QMarginsF margins; ///< points
+};
 
 enum class WebEngineError { loadFailed, scriptFailed, printFailed, rendererDied, timedOut };
 QString errorText(WebEngineError error);
@@ -36,7 +50,7 @@ public:
                          Answered answered) = 0;
 
     /// Prints a page to a PDF of the paper's size. Several jobs run side by side.
-    virtual void print(const QString& html, PageFormat format, Printed printed) = 0;
+    virtual void print(const QString& html, const Paper& paper, Printed printed) = 0;
 };
 
 } // namespace ledra

@@ -118,7 +118,7 @@ void SearchIndexTest::typing()
     QVERIFY(index.advance(profile, forever));
     const std::pair<const char*, const char*> steps[] = {
         {"m", "01246"}, {"me", "0126"},    {"mei", "026"},     {"meie", "0"},
-        {"mei", "026"}, {"mei e", "026"},  {"e mei", "026"},   {"ei", "02367"},
+        {"mei", "026"}, {"mei e", "026"},  {"e mei", "026"},   {"ei", "023467"},
         {"eier", "06"}, {"", "012345678"}, {"meier eier", "0"}};
     for (const auto& [text, found] : steps)
         QCOMPARE(placesOf(index, text) + QLatin1String(text), QLatin1String(found) + QLatin1String(text));

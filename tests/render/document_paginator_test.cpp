@@ -26,7 +26,7 @@ public:
         pending.push_back({html, format, script, std::move(answered)});
     }
 
-    void print(const QString&, PageFormat, Printed printed) override
+    void print(const QString&, const Paper&, Printed printed) override
     {
         printed(std::unexpected(WebEngineError::printFailed));
     }

@@ -2,6 +2,7 @@
 
 #include <QAbstractButton>
 #include <QAccessible>
+#include <QDebug>
 #include <QLabel>
 #include <QSet>
 #include <QStringList>
@@ -70,7 +71,10 @@ private:
         constexpr int tolerance = 2; // pixels
         if (label && label->wordWrap()) {
             if (label->heightForWidth(label->width()) > label->height() + tolerance)
-                find(widget, QStringLiteral("is too low for its text “%1”").arg(text));
+                find(widget, QStringLiteral("is too low for its text “%1”: %2 of %3 pixels")
+                                 .arg(text)
+                                 .arg(label->height())
+                                 .arg(label->heightForWidth(label->width())));
         } else if (widget.sizeHint().width() > widget.width() + tolerance) {
             find(widget, QStringLiteral("cuts its text “%1” off: %2 of %3 pixels")
                              .arg(text)
@@ -119,6 +123,7 @@ private:
             return; // it is there in another state, too
         known_.insert(finding);
         findings += state_ + QStringLiteral(": ") + finding;
+        qInfo().noquote() << findings.back(); // the test's own message is cut where they are many
     }
 
     QString state_;

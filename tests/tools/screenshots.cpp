@@ -272,7 +272,10 @@ private:
     {
         constexpr int numbering = 2;
         settings.openPage(QStringLiteral("Profiles"));
-        settings.findChild<QTabWidget*>()->setCurrentIndex(numbering);
+        for (auto* tabs : settings.findChildren<QTabWidget*>()) {
+            if (tabs->isVisible())
+                tabs->setCurrentIndex(numbering);
+        }
         auto* line = settings.findChild<ChipLineEdit*>();
         line->setFocus();
         QTest::keyClick(line, Qt::Key_End);

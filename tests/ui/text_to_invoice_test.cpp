@@ -67,6 +67,16 @@ struct TextDesk : test::Desk
         });
     }
 
+    /// What cannot be used, if that is shown.
+    QString unused()
+    {
+        for (const QLabel* label : panel()->findChildren<QLabel*>()) {
+            if (label->isVisible() && label->text().startsWith(u"Cannot be used"))
+                return label->text();
+        }
+        return {};
+    }
+
     /// Types over the value of a field.
     void correct(const char* field, const char* value)
     {
@@ -78,6 +88,7 @@ struct TextDesk : test::Desk
         line->selectAll();
         QTest::keyClicks(line, QString::fromLatin1(value));
         QTest::keyClick(line, Qt::Key_Return);
+        (void)QTest::qWaitFor([this] { return !fields().findChild<QLineEdit*>(); });
     }
 
     ScriptedServer server;
@@ -104,7 +115,7 @@ private Q_SLOTS:
         QTRY_VERIFY(desk.isRead() && desk.button("Use")->isEnabled());
         QVERIFY(desk.shows("currency “Euro”: there is no such code"));
         desk.correct("Currency", "CHF");
-        QVERIFY(!desk.shows("Cannot be used"));
+        QCOMPARE(desk.unused(), QString());
         desk.correct("Quantity", "many"); // is no number: the one that holds comes back
         desk.correct("Quantity", "2,5");
         desk.correct("City", "");
@@ -153,8 +164,9 @@ private Q_SLOTS:
         half.ending = test::HttpResponse::Ending::never;
         TextDesk desk(half);
         QVERIFY(desk.read());
-        QTRY_VERIFY(desk.shows("fields so far"));
-        QCOMPARE(desk.fields().topLevelItem(0)->child(0)->text(1), QStringLiteral("Jule Ahlers"));
+        QTRY_VERIFY(desk.fields().topLevelItem(0) && desk.fields().topLevelItem(0)->childCount() > 0);
+        QVERIFY(desk.shows("fields so far"));
+        QTRY_COMPARE(desk.fields().topLevelItem(0)->child(0)->text(1), QStringLiteral("Jule Ahlers"));
         QVERIFY(!desk.button("Use")->isEnabled());
         QVERIFY(!(desk.fields().topLevelItem(0)->child(0)->flags() & Qt::ItemIsEditable));
         QTest::keyClick(desk.panel(), Qt::Key_Escape);

@@ -300,7 +300,12 @@ private Q_SLOTS:
             written += page.text().count(QStringLiteral("Satz"));
             for (const test::PdfWord& word : page.words) // within the margins
                 QVERIFY2(QRectF(QPointF(40, 40), size - QSizeF(80, 80)).contains(word.box),
-                         qPrintable(word.text));
+                         qPrintable(QStringLiteral("%1 at %2 %3 to %4 %5")
+                                        .arg(word.text)
+                                        .arg(word.box.left())
+                                        .arg(word.box.top())
+                                        .arg(word.box.right())
+                                        .arg(word.box.bottom())));
         }
         QCOMPARE(written, qsizetype{count});
         QVERIFY(brightness(pdf) > 200);
@@ -414,6 +419,7 @@ private Q_SLOTS:
         desk.press("Ctrl+Shift+O");
         ViewerWindow& viewer = desk.window.openViewer();
         QVERIFY(viewer.isVisible());
+        QApplication::setActiveWindow(&viewer); // which the platform without a display does not do
         viewer.open({file});
         QCOMPARE(desk.model().recordCount(), std::size_t(0)); // looking makes nothing
         QTest::keyClick(&viewer, Qt::Key_I, Qt::ControlModifier);

@@ -44,11 +44,11 @@ FirstStartAssistant::FirstStartAssistant(const WindowParts& parts, QWidget* pare
     layout->addSpacing(8);
     layout->addWidget(pages_, 1);
     layout->addWidget(problem_);
-    layout->addWidget(makeButtons());
     if (!parts.app.settings().boolean("termsAccepted"))
         addTerms();
     for (const FirstStartStep& step : firstStartSteps())
         addStep({tr(step.title), tr(step.text)}, step.make({parts_, draft_}, pages_));
+    layout->addWidget(makeButtons()); // Tab comes to them after the steps
     resize(760, 660);
     showStep(0);
 }
@@ -129,8 +129,9 @@ void FirstStartAssistant::showStep(int number)
     QWidget* first = pages_->currentWidget()->findChild<QLineEdit*>();
     if (agreement_ && number == 0)
         first = agreement_;
-    if (first)
+    qInfo() << "DBG" << first << (first ? first->accessibleName() : QString()) << (first ? first->focusProxy() : nullptr); if (first)
         first->setFocus(Qt::OtherFocusReason);
+    qInfo() << "DBG" << focusWidget();
 }
 
 void FirstStartAssistant::showButtons()

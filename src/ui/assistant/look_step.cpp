@@ -25,8 +25,7 @@ LookStep::LookStep(const FirstStartSetting& setting, QWidget* parent)
     : QWidget(parent),
       parts_(setting.parts),
       draft_(setting.draft),
-      looks_(new QButtonGroup(this)),
-      preview_(new DocumentPreview(setting.parts.engine, setting.parts.app.console(), this))
+      looks_(new QButtonGroup(this))
 {
     auto* columns = new QHBoxLayout(this);
     columns->setContentsMargins(0, 0, 0, 0);
@@ -37,6 +36,7 @@ LookStep::LookStep(const FirstStartSetting& setting, QWidget* parent)
     choices->addWidget(makeDetails());
     choices->addStretch();
     columns->addLayout(choices, 1);
+    preview_ = new DocumentPreview(parts_.engine, parts_.app.console(), this); // Tab comes to it last
     preview_->setFixedSize(thumbnail);
     preview_->setAccessibleName(tr("Example in the chosen look"));
     columns->addWidget(preview_, 0, Qt::AlignTop);

@@ -27,7 +27,7 @@ private:
     const WindowParts& parts_;
     FirstStartDraft& draft_;
     QButtonGroup* looks_;
-    DocumentPreview* preview_;
+    DocumentPreview* preview_ = nullptr;
     bool isShown_ = false; ///< whether the preview shows the example at all
 };
 

@@ -41,6 +41,7 @@ EditorPanel::EditorPanel(const WindowParts& parts, QWidget* parent)
     scroll_->setWidget(form);
     scroll_->setWidgetResizable(true);
     scroll_->setFrameShape(QFrame::NoFrame);
+    scroll_->setFocusPolicy(Qt::NoFocus); // its fields take the focus
     scroll_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setMinimumWidth(440);
     connect(&editing_, &RecordEditing::lockChanged, this, &EditorPanel::showLock);

@@ -91,6 +91,8 @@ void ItemsSection::addTools(RecordEditing& editing)
     add->setAccessibleName(tr("Add Item"));
     connect(add, &QToolButton::clicked, view_, &ItemsView::beginNewItem);
     titleRow()->addWidget(add);
+    setTabOrder(gross, add);
+    setTabOrder(add, view_);
 }
 
 void ItemsSection::addDiscount(RecordEditing& editing, QFormLayout* form)

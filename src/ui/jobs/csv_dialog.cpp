@@ -42,7 +42,7 @@ void write(const WindowParts& parts, const std::vector<InvoicePtr>& records, con
 CsvDialog::CsvDialog(const WindowParts& parts)
     : QFileDialog(&parts.window),
       parts_(parts),
-      guard_(new QCheckBox(tr("Protect against formulas in spreadsheets"), this))
+      guard_(new QCheckBox(tr("Protect against formulas in spreadsheets")))
 {
     setAttribute(Qt::WA_DeleteOnClose);
     setOption(DontUseNativeDialog); // a desktop's own panel has no place for the columns

@@ -28,6 +28,7 @@ ListPanel::ListPanel(LedraApp& app, QWidget* parent)
     toggle->setIcon(lineIcon("filter"));
     toggle->setToolTip(tr("Filter"));
     toggle->setAccessibleName(tr("Filter"));
+    setTabOrder(search_, toggle);
     auto* top = new QHBoxLayout;
     top->setContentsMargins(10, 10, 6, 8);
     top->addWidget(search_);

@@ -57,6 +57,7 @@ QFrame* MessageBar::addRow(const QString& line, const std::vector<Remedy>& remed
     text->setWordWrap(true);
     text->setTextInteractionFlags(Qt::TextSelectableByMouse);
     parts->addWidget(text, 1);
+    QWidget* before = rows_.empty() ? this : rows_.back().second->findChildren<QToolButton*>().back();
     for (const Remedy& remedy : remedies) {
         auto* button = new QPushButton(remedy.text, row);
         connect(button, &QPushButton::clicked, this, [this, row, run = remedy.run] {
@@ -64,6 +65,7 @@ QFrame* MessageBar::addRow(const QString& line, const std::vector<Remedy>& remed
             run();
         });
         parts->addWidget(button);
+        setTabOrder(std::exchange(before, button), button);
     }
     auto* close = new QToolButton(row);
     close->setIcon(lineIcon("close", look.ink()));
@@ -71,6 +73,7 @@ QFrame* MessageBar::addRow(const QString& line, const std::vector<Remedy>& remed
     close->setToolTip(tr("Close Message"));
     connect(close, &QToolButton::clicked, this, [this, row] { remove(row); });
     parts->addWidget(close, 0, Qt::AlignTop);
+    setTabOrder(before, close);
     layout_->addWidget(row);
     rows_.emplace_back(line, row);
     show();

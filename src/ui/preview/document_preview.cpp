@@ -1,5 +1,7 @@
 #include "ui/preview/document_preview.h"
 
+#include "ui/preview/web_content.h"
+
 #include <QEvent>
 #include <QWebEnginePage>
 #include <QWebEngineView>
@@ -28,6 +30,8 @@ struct DocumentPreview::Pane
     }
 
     ~Pane() { delete view; } // before the page that it shows
+
+    QWidget* content() const { return view->focusProxy(); } ///< takes the focus; null before the first page
 
     std::unique_ptr<QWebEnginePage> page;
     QWebEngineView* view;
@@ -71,6 +75,8 @@ void DocumentPreview::makePane(std::size_t position)
     });
     connect(page, &QWebEnginePage::scrollPositionChanged, this, &DocumentPreview::scrolled);
     layout_->addWidget(pane->view);
+    pane->view->installEventFilter(this);
+    giveWebContentsARole();
     panes_[position] = std::move(pane);
 }
 
@@ -151,9 +157,14 @@ void DocumentPreview::loaded()
 
 void DocumentPreview::swap()
 {
+    const QWidget* before = panes_[front_]->content();
+    const bool hadFocus = before && before->hasFocus();
     front_ = 1 - front_;
     pageCount_ = panes_[front_]->pageCount;
     layout_->setCurrentWidget(panes_[front_]->view);
+    orderFocus();
+    if (hadFocus)
+        panes_[front_]->content()->setFocus(Qt::OtherFocusReason); // the keys go on scrolling what is seen
     limit_.stop();
     recoveries_ = 0;
     isUnderWay_ = false;
@@ -162,6 +173,27 @@ void DocumentPreview::swap()
         return;
     }
     Q_EMIT shown();
+}
+
+/// Tab halts at the document that is seen, where this widget stands, and not at the one behind it.
+void DocumentPreview::orderFocus()
+{
+    for (const std::unique_ptr<Pane>& pane : panes_) {
+        QWidget* content = pane ? pane->content() : nullptr;
+        if (!content)
+            continue;
+        content->setFocusPolicy(pane == panes_[front_] ? Qt::StrongFocus : Qt::NoFocus);
+        content->setAccessibleName(accessibleName());
+        setTabOrder(this, content);
+    }
+}
+
+/// A view makes what takes its focus when it first loads a page, and anew after its process has ended.
+bool DocumentPreview::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() == QEvent::ChildPolished)
+        orderFocus();
+    return QWidget::eventFilter(watched, event);
 }
 
 /// Both views are made anew, since either may have lost its process, and the document is shown again. What

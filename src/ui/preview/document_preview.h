@@ -48,6 +48,7 @@ Q_SIGNALS:
 protected:
     void resizeEvent(QResizeEvent* event) override;
     void changeEvent(QEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     struct Pane;
@@ -63,6 +64,7 @@ private:
     QString pagesHtml(Pane& pane, const std::vector<QString>& pages);
     void loaded();
     void swap();
+    void orderFocus();
     void recover();
     double scrollTop() const; ///< in pixels at factor 1
     double pageHeight() const;

@@ -34,6 +34,7 @@ PreviewPanel::PreviewPanel(QtWebEngine& engine, Console& console, QWidget* paren
       page_(new QLabel(bar_)),
       factor_(new QLabel(bar_))
 {
+    preview_->setAccessibleName(tr("Document"));
     auto* tools = new QHBoxLayout(bar_);
     tools->setContentsMargins(10, 4, 10, 4);
     page_->setForegroundRole(QPalette::PlaceholderText);

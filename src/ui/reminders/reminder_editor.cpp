@@ -35,8 +35,8 @@ ReminderEditor::ReminderEditor(const WindowParts& parts, QWidget* parent)
       interestAmount_(new QLabel(this)),
       fee_(new DecimalField(tr("Late payment fee"), 1e6, this)),
       sum_(new QLabel(this)),
-      text_(new VariableTextEdit(this)),
       reset_(new QPushButton(tr("Reset Text"), this)),
+      text_(new VariableTextEdit(this)),
       guard_(new FieldGuard(this))
 {
     using namespace std::chrono_literals;

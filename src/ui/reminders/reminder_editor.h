@@ -76,8 +76,8 @@ private:
     QLabel* interestAmount_;
     DecimalField* fee_;
     QLabel* sum_;
-    VariableTextEdit* text_;
     QPushButton* reset_;
+    VariableTextEdit* text_;
     FieldGuard* guard_;
 
     // What has been typed and is not written yet.

@@ -32,9 +32,10 @@ BackupsTab::BackupsTab(SettingsWindow& window)
     auto* form = new FieldForm(this);
     form->addChoice(tr("Frequency"), choicesOf<BackupFrequency>(choiceTexts),
                     textSetting(window, "backupFrequency"));
-    form->addChoice(tr("Kept"), choicesOf<BackupRetention>(choiceTexts),
-                    textSetting(window, "backupRetention"));
+    QComboBox* kept = form->addChoice(tr("Kept"), choicesOf<BackupRetention>(choiceTexts),
+                                      textSetting(window, "backupRetention"));
     layout_->insertWidget(0, form);
+    setTabOrder(kept, &list());
     auto* backUp = new QPushButton(tr("Back Up Now"), this);
     buttons_->insertWidget(0, backUp);
     connect(backUp, &QPushButton::clicked, this, &BackupsTab::backUp);

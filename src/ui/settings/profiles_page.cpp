@@ -59,8 +59,9 @@ QWidget* ProfilesPage::makeList()
     grid->addWidget(rename, 1, 1);
     grid->addWidget(remove_, 2, 0, 1, 2);
     layout->addLayout(grid);
+    QWidget* before = list_;
     for (QWidget* button : std::initializer_list<QWidget*>{create, use_, rename, remove_})
-        QWidget::setTabOrder(list_, button);
+        QWidget::setTabOrder(std::exchange(before, button), button);
     connect(list_, &QListWidget::currentRowChanged, this, &ProfilesPage::showChosen);
     connect(create, &QPushButton::clicked, this, &ProfilesPage::create);
     connect(rename, &QPushButton::clicked, this, &ProfilesPage::startRenaming);
@@ -84,6 +85,7 @@ QWidget* ProfilesPage::makeTabs()
         scroll->setWidget(column);
         scroll->setWidgetResizable(true);
         scroll->setFrameShape(QFrame::NoFrame);
+        scroll->setFocusPolicy(Qt::NoFocus); // its fields take the focus
         scroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
         tabs_->addTab(scroll, QCoreApplication::translate("ProfileForms", page.title));
     }

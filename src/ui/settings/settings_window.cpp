@@ -101,6 +101,7 @@ void SettingsWindow::showPage(int number)
             scroll->setWidget(content);
             scroll->setWidgetResizable(true);
             scroll->setFrameShape(QFrame::NoFrame);
+            scroll->setFocusPolicy(Qt::NoFocus); // its fields take the focus
             shown = scroll;
         }
         shown->setObjectName(made);

@@ -20,6 +20,7 @@ StylingPanel::StylingPanel(const WindowParts& parts, QWidget* parent)
     layout->addWidget(scroll_, 1);
     scroll_->setWidgetResizable(true);
     scroll_->setFrameShape(QFrame::NoFrame);
+    scroll_->setFocusPolicy(Qt::NoFocus); // its fields take the focus
     scroll_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     constexpr int width = 440; // that of the editor, whose place it takes
     setMinimumWidth(width);

@@ -64,6 +64,7 @@ TextToInvoice::~TextToInvoice() = default;
 QWidget* TextToInvoice::makeNotice()
 {
     notice_ = new QWidget(this);
+    notice_->setObjectName(QStringLiteral("parser-notice"));
     notice_->setAutoFillBackground(true);
     QPalette ground;
     ground.setColor(QPalette::Window, warningLook().ground());

@@ -61,7 +61,8 @@ void ViewerPaper::make(const OpenedEInvoice& opened, const Made& made)
         else
             messages.warn(Viewer::tr("No PDF could be made of %1.").arg(name));
     };
-    renderer->render({.pages = {html}, .isMeasured = false}, paper(), finish);
+    const QMarginsF margins(51, 57, 51, 51); // those of the page's own rule, in points
+    renderer->render({.pages = {html}, .isMeasured = false}, {paper(), margins}, finish);
 }
 
 void ViewerPaper::print(const OpenedEInvoice& opened)
