@@ -3249,6 +3249,10 @@ Fügen Sie einen .ledraplugin-Ordner hinzu, um zu beginnen.</translation>
         <source>Page %1 of %2</source>
         <translation>Seite %1 von %2</translation>
     </message>
+    <message>
+        <source>Document</source>
+        <translation>Dokument</translation>
+    </message>
 </context>
 <context>
     <name>ledra::ProfilesPage</name>

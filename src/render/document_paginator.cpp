@@ -3,6 +3,7 @@
 #include "render/measuring_script.h"
 #include "render/style_sheet.h"
 
+#include <QPointer>
 #include <QTimer>
 
 #include <numeric>
@@ -57,9 +58,11 @@ void DocumentPaginator::startNext()
     }
     const QString script = measuringScript(document.blockSelectors(), document.headerSelector(),
                                            pageGeometry(document.pageFormat()).height);
-    engine_.measure(
-        html, document.pageFormat(), script,
-        [this, key](const std::expected<QString, WebEngineError>& answer) { measured(key, answer); });
+    engine_.measure(html, document.pageFormat(), script,
+                    [self = QPointer(this), key](const std::expected<QString, WebEngineError>& answer) {
+                        if (self) // else who wanted the pages has gone meanwhile
+                            self->measured(key, answer);
+                    });
 }
 
 void DocumentPaginator::measured(const CacheKey& key, const std::expected<QString, WebEngineError>& answer)

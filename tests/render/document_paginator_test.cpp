@@ -127,6 +127,7 @@ class DocumentPaginatorTest : public test::Suite
 private Q_SLOTS:
     void pagesFollowTheMeasurement();
     void jobsRunOneAfterAnother();
+    void answersMayComeAfterTheEnd();
     void failuresFallBackToOnePage_data();
     void failuresFallBackToOnePage();
     void keptResults_data();
@@ -173,6 +174,23 @@ void DocumentPaginatorTest::jobsRunOneAfterAnother()
     }
     QCOMPARE(served.join(u' '), QStringLiteral("first second third"));
     QVERIFY(fixture.engine.pending.empty());
+}
+
+/// A preview is closed while its document is being measured.
+void DocumentPaginatorTest::answersMayComeAfterTheEnd()
+{
+    ScriptedEngine engine;
+    bool isServed = false;
+    {
+        test::RecordingConsole console;
+        DocumentPaginator paginator(engine, console);
+        paginator.paginate(std::make_shared<DescribedDocument>(),
+                           [&](const PaginationResult&) { isServed = true; });
+        QTRY_COMPARE(engine.pending.size(), std::size_t{1});
+    }
+    engine.answer(geometryJson(3));
+    QCoreApplication::processEvents();
+    QVERIFY(!isServed);
 }
 
 void DocumentPaginatorTest::failuresFallBackToOnePage_data()

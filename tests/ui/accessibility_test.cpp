@@ -54,7 +54,8 @@ public:
 private:
     void look(QWidget& window, const QString& state)
     {
-        QCoreApplication::processEvents(); // layouts
+        for (int pass = 0; pass < 4; ++pass)
+            QCoreApplication::processEvents(); // a layout asks that around it anew, and so on outwards
         check_.look(window, state);
     }
     void look(QWidget& window, const char* state) { look(window, QString::fromLatin1(state)); }

@@ -86,6 +86,7 @@ struct TextDesk : test::Desk
         fields().editItem(row, 1);
         auto* line = fields().findChild<QLineEdit*>();
         line->selectAll();
+        QTest::keyClick(line, Qt::Key_Delete);
         QTest::keyClicks(line, QString::fromLatin1(value));
         QTest::keyClick(line, Qt::Key_Return);
         (void)QTest::qWaitFor([this] { return !fields().findChild<QLineEdit*>(); });
@@ -176,7 +177,8 @@ private Q_SLOTS:
         desk.click("Read Text");
         QTRY_VERIFY(desk.shows("fields so far"));
         desk.panel()->close(); // the button of the frame stops it as well
-        QTRY_VERIFY(!desk.panel() && desk.server.hangUps == 2);
+        QTRY_VERIFY(!desk.panel());
+        QTRY_VERIFY(desk.server.hangUps >= 2);
         QVERIFY(desk.app.invoiceManager().invoices().empty());
     }
 
@@ -216,8 +218,12 @@ private Q_SLOTS:
         TextDesk desk(test::streamed(test::eventsOf(answer)));
         QMimeData text;
         text.setText(QStringLiteral("Rechnung an Ahlers"));
+        QDragEnterEvent enter(QPoint(100, 100), Qt::CopyAction, &text, Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(&desk.window, &enter);
+        QVERIFY(enter.isAccepted());
         QDropEvent drop(QPointF(100, 100), Qt::CopyAction, &text, Qt::LeftButton, Qt::NoModifier);
-        QCoreApplication::sendEvent(&desk.window, &drop);
+        QApplication::sendEvent(&desk.window, &drop);
+        QVERIFY(desk.panel());
         auto* well = desk.panel()->findChild<TextWell*>();
         QCOMPARE(well->toPlainText(), QStringLiteral("Rechnung an Ahlers"));
         const QString path = home_->path(QStringLiteral("mail.txt"));

@@ -129,9 +129,8 @@ void FirstStartAssistant::showStep(int number)
     QWidget* first = pages_->currentWidget()->findChild<QLineEdit*>();
     if (agreement_ && number == 0)
         first = agreement_;
-    qInfo() << "DBG" << first << (first ? first->accessibleName() : QString()) << (first ? first->focusProxy() : nullptr); if (first)
+    if (first)
         first->setFocus(Qt::OtherFocusReason);
-    qInfo() << "DBG" << focusWidget();
 }
 
 void FirstStartAssistant::showButtons()

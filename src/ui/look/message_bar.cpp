@@ -2,6 +2,7 @@
 
 #include "ui/look/icons.h"
 #include "ui/look/status_colors.h"
+#include "ui/look/tab_place.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
@@ -57,7 +58,9 @@ QFrame* MessageBar::addRow(const QString& line, const std::vector<Remedy>& remed
     text->setWordWrap(true);
     text->setTextInteractionFlags(Qt::TextSelectableByMouse);
     parts->addWidget(text, 1);
-    QWidget* before = rows_.empty() ? this : rows_.back().second->findChildren<QToolButton*>().back();
+    QWidget* before = this; // after which Tab comes to the buttons
+    if (!rows_.empty())
+        before = rows_.back().second->findChild<QToolButton*>();
     for (const Remedy& remedy : remedies) {
         auto* button = new QPushButton(remedy.text, row);
         connect(button, &QPushButton::clicked, this, [this, row, run = remedy.run] {
@@ -65,7 +68,7 @@ QFrame* MessageBar::addRow(const QString& line, const std::vector<Remedy>& remed
             run();
         });
         parts->addWidget(button);
-        setTabOrder(std::exchange(before, button), button);
+        setTabPlace(*std::exchange(before, button), *button);
     }
     auto* close = new QToolButton(row);
     close->setIcon(lineIcon("close", look.ink()));
@@ -73,7 +76,7 @@ QFrame* MessageBar::addRow(const QString& line, const std::vector<Remedy>& remed
     close->setToolTip(tr("Close Message"));
     connect(close, &QToolButton::clicked, this, [this, row] { remove(row); });
     parts->addWidget(close, 0, Qt::AlignTop);
-    setTabOrder(before, close);
+    setTabPlace(*before, *close);
     layout_->addWidget(row);
     rows_.emplace_back(line, row);
     show();

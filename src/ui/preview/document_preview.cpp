@@ -1,5 +1,6 @@
 #include "ui/preview/document_preview.h"
 
+#include "ui/look/tab_place.h"
 #include "ui/preview/web_content.h"
 
 #include <QEvent>
@@ -76,7 +77,6 @@ void DocumentPreview::makePane(std::size_t position)
     connect(page, &QWebEnginePage::scrollPositionChanged, this, &DocumentPreview::scrolled);
     layout_->addWidget(pane->view);
     pane->view->installEventFilter(this);
-    giveWebContentsARole();
     panes_[position] = std::move(pane);
 }
 
@@ -183,8 +183,8 @@ void DocumentPreview::orderFocus()
         if (!content)
             continue;
         content->setFocusPolicy(pane == panes_[front_] ? Qt::StrongFocus : Qt::NoFocus);
-        content->setAccessibleName(accessibleName());
-        setTabOrder(this, content);
+        describeWebContent(*content, accessibleName());
+        setTabPlace(*this, *content);
     }
 }
 

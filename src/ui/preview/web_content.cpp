@@ -2,7 +2,6 @@
 
 #include <QAccessible>
 #include <QAccessibleWidget>
-#include <QWebEngineView>
 
 namespace ledra {
 
@@ -30,19 +29,17 @@ private:
     }
 };
 
-QAccessibleInterface* makeInterface(const QString& className, QObject* object)
-{
-    auto* widget = qobject_cast<QWidget*>(object);
-    if (className != u"QQuickWidget" || !widget || !qobject_cast<QWebEngineView*>(widget->parentWidget()))
-        return nullptr;
-    return new WebContent(widget); // which the cache of interfaces owns
-}
-
 } // namespace
 
-void giveWebContentsARole()
+void describeWebContent(QWidget& content, const QString& name)
 {
-    QAccessible::installFactory(&makeInterface); // once, however often it is called
+    content.setAccessibleName(name);
+    QAccessibleInterface* before = QAccessible::queryAccessibleInterface(&content);
+    if (before && before->role() == QAccessible::Document)
+        return;
+    if (before) // the engine's, which it made for the widget itself: no factory is asked
+        QAccessible::deleteAccessibleInterface(QAccessible::uniqueId(before));
+    QAccessible::registerAccessibleInterface(new WebContent(&content)); // the cache of interfaces owns it
 }
 
 } // namespace ledra

@@ -1,9 +1,12 @@
 #pragma once
 
+#include <QWidget>
+
 namespace ledra {
 
 /// Views of web pages hold the focus with a widget of their own, which says no more of itself than that it is
-/// there. From the first view on it counts as the document that it shows.
-void giveWebContentsARole();
+/// there. It gets a name and counts as the document that it shows.
+/// @param content what the focus proxy of a view is
+void describeWebContent(QWidget& content, const QString& name);
 
 } // namespace ledra

@@ -27,7 +27,7 @@ QString momentText(const QDateTime& moment)
 // ---- backups
 
 BackupsTab::BackupsTab(SettingsWindow& window)
-    : FilesTab(window, tr("Backups"), {tr("Made"), tr("Size"), tr("File")}, nullptr)
+    : FilesTab(window, tr("Backups"), {tr("Made"), tr("Size"), tr("File")}, &window)
 {
     auto* form = new FieldForm(this);
     form->addChoice(tr("Frequency"), choicesOf<BackupFrequency>(choiceTexts),
@@ -35,7 +35,7 @@ BackupsTab::BackupsTab(SettingsWindow& window)
     QComboBox* kept = form->addChoice(tr("Kept"), choicesOf<BackupRetention>(choiceTexts),
                                       textSetting(window, "backupRetention"));
     layout_->insertWidget(0, form);
-    setTabOrder(kept, &list());
+    setTabOrder(kept, &list()); // within the window: the first stop of a tab without one cannot be moved
     auto* backUp = new QPushButton(tr("Back Up Now"), this);
     buttons_->insertWidget(0, backUp);
     connect(backUp, &QPushButton::clicked, this, &BackupsTab::backUp);
