@@ -4069,6 +4069,10 @@ Fügen Sie einen .ledraplugin-Ordner hinzu, um zu beginnen.</translation>
         <source>The document itself states another total. %1</source>
         <translation>Das Dokument selbst nennt eine andere Summe. %1</translation>
     </message>
+    <message>
+        <source>Document</source>
+        <translation>Dokument</translation>
+    </message>
 </context>
 <context>
     <name>ledra::ViewerWebView</name>

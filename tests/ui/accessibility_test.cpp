@@ -1,12 +1,17 @@
+#include "einvoice/xml_generator.h"
 #include "support/accessibility_check.h"
 #include "support/desk.h"
 #include "support/named_widget.h"
+#include "support/sample_invoice.h"
 #include "support/test_suite.h"
 #include "ui/assistant/first_start_assistant.h"
 #include "ui/commands/shortcut_sheet.h"
 #include "ui/reminders/reminder_desk.h"
 #include "ui/settings/settings_window.h"
 #include "ui/text/text_to_invoice.h"
+#include "ui/viewer/viewer_tab.h"
+#include "ui/viewer/viewer_web_view.h"
+#include "ui/viewer/viewer_window.h"
 
 #include <QFileDialog>
 #include <QTabWidget>
@@ -48,6 +53,7 @@ public:
         reminders();
         panels();
         dialogs();
+        viewer();
         settings();
     }
 
@@ -140,6 +146,23 @@ private:
         QTRY_VERIFY(notice->isVisible()); // there is no model
         look(*text, "text to invoice");
         text->close();
+    }
+
+    void viewer()
+    {
+        ViewerWindow& window = desk_.window.openViewer();
+        look(window, "empty viewer");
+        const QTemporaryDir folder;
+        const QString file = folder.filePath(QStringLiteral("received.xml"));
+        const auto xml = XMLGenerator::generate(test::sampleInvoice(), Profile(),
+                                                [](const QUuid&) { return std::nullopt; });
+        QVERIFY(xml && test::writeFile(file, *xml));
+        window.open({file});
+        QVERIFY(window.currentTab());
+        QSignalSpy shown(window.currentTab()->findChild<ViewerWebView*>(), &ViewerWebView::shown);
+        QVERIFY(shown.wait());
+        look(window, "viewer");
+        window.close();
     }
 
     void settings()

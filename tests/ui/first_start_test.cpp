@@ -47,9 +47,12 @@ private:
 /// The window as it is on the first start, and the one who sits before it.
 struct NewDesk : test::Desk
 {
-    explicit NewDesk(FileDevice* device = nullptr) : Desk(device) { offerFirstStart(window);
+    explicit NewDesk(FileDevice* device = nullptr) : Desk(device)
+    {
+        offerFirstStart(window);
         if (assistant())
-            QApplication::setActiveWindow(assistant()); // its activation is queued }
+            QApplication::setActiveWindow(assistant()); // its activation is queued
+    }
 
     FirstStartAssistant* assistant() { return window.findChild<FirstStartAssistant*>(); }
     QPushButton* button(const char* text) { return named<QPushButton>(*assistant(), text); }

@@ -26,6 +26,7 @@ ViewerTab::ViewerTab(const WindowParts& parts, TemporaryFolders& folders, const 
     layout->addWidget(notice_);
     layout->addWidget(attachments_);
     layout->addWidget(view_, 1);
+    view_->setAccessibleName(tr("Document"));
     setFocusProxy(view_);
 }
 

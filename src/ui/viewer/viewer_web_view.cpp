@@ -1,5 +1,7 @@
 #include "ui/viewer/viewer_web_view.h"
 
+#include "ui/preview/web_content.h"
+
 #include <QContextMenuEvent>
 #include <QMenu>
 #include <QTimer>
@@ -65,6 +67,7 @@ void ViewerWebView::loaded()
     page()->setZoomFactor(zoom_);
     page()->runJavaScript(QStringLiteral("window.scrollTo(0, %1)").arg(scrollTop_),
                           QWebEngineScript::ApplicationWorld);
+    describeWebContent(*focusProxy(), accessibleName());
     Q_EMIT shown();
 }
 
