@@ -75,6 +75,7 @@ def run(program, examples, steps):
         variables = {"HOME": place, "XDG_DATA_HOME": f"{place}/.local/share", "XDG_CONFIG_HOME": f"{place}/.config",
                      "XDG_RUNTIME_DIR": f"{place}/run", "LC_ALL": "C.UTF-8", "TZ": "Europe/Berlin",
                      "PATH": f"{Path(program).resolve().parent}:{os.environ['PATH']}"}
+        variables |= {name: os.environ[name] for name in ["ASAN_OPTIONS"] if name in os.environ}
         result = subprocess.run(["bash", "--norc", "-c", script_of(steps)], cwd=work, env=variables,
                                 stdin=subprocess.DEVNULL, capture_output=True, text=True, encoding="utf-8",
                                 timeout=SECONDS)

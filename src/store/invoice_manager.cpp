@@ -31,7 +31,10 @@ InvoiceManager::InvoiceManager(StoreContext& context, ProfileManager& profiles, 
     connect(&profiles, &ProfileManager::dataFolderChanged, this, &InvoiceManager::open);
 }
 
-InvoiceManager::~InvoiceManager() = default;
+InvoiceManager::~InvoiceManager()
+{
+    saver_.flush(); // which may start the timer, a later member
+}
 
 // ---- making
 

@@ -80,6 +80,12 @@ SettingsWindow::SettingsWindow(const WindowParts& main, QWidget* parent)
     resize(1000, 700);
 }
 
+/// Pages write what is left when they go, and may have to tell what failed.
+SettingsWindow::~SettingsWindow()
+{
+    delete pages_;
+}
+
 void SettingsWindow::openPage(const QString& title)
 {
     for (int row = 0; row < titles_->count(); ++row) {

@@ -32,6 +32,7 @@ class SettingsWindow : public QDialog
 
 public:
     explicit SettingsWindow(const WindowParts& main, QWidget* parent = nullptr);
+    ~SettingsWindow() override;
 
     LedraApp& app() const { return parts_.app; }
     const WindowParts& parts() const { return parts_; }

@@ -31,6 +31,12 @@ ColorField::ColorField(const QString& label, QWidget* parent)
     connect(digits_, &QLineEdit::editingFinished, this, &ColorField::endTyping);
 }
 
+/// A field that has the focus when it goes ends its typing.
+ColorField::~ColorField()
+{
+    digits_->disconnect(this);
+}
+
 void ColorField::setColor(const QString& text)
 {
     color_ = text;

@@ -13,6 +13,7 @@ class ColorField : public QWidget
 
 public:
     explicit ColorField(const QString& label, QWidget* parent = nullptr);
+    ~ColorField() override;
 
     /// Shows a colour as stylings hold it. What is being typed stays.
     void setColor(const QString& text);

@@ -162,8 +162,7 @@ void FontPicker::open()
     fonts_.loadInstalled();
     list_ = new FontList(fonts_, family_, this);
     list_->setAttribute(Qt::WA_DeleteOnClose);
-    connect(list_, &FontList::picked, this, &FontPicker::picked);
-    connect(list_, &QObject::destroyed, this, [this] { list_ = nullptr; });
+    connect(list_.data(), &FontList::picked, this, &FontPicker::picked);
     constexpr QSize usual(320, 380);
     list_->resize(usual.expandedTo(QSize(width(), 0)));
     list_->move(mapToGlobal(QPoint(0, height())));

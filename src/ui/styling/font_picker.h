@@ -5,6 +5,7 @@
 #include <QFrame>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QPointer>
 #include <QPushButton>
 
 namespace ledra {
@@ -61,7 +62,7 @@ private:
 
     WebFontManager& fonts_;
     QString family_;
-    FontList* list_ = nullptr;
+    QPointer<FontList> list_;
 };
 
 } // namespace ledra
