@@ -84,7 +84,8 @@ public:
     const T& operator*() const { return value_; }
     const T* operator->() const { return &value_; }
 
-    /// Grows with each edit, so that whoever keeps something that follows from the value knows whether it holds.
+    /// Grows with each edit, so that whoever keeps something that follows from the value knows whether it
+    /// holds.
     std::uint32_t revision() const { return revision_; }
 
     template <class Mutator>

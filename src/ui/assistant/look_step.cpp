@@ -22,10 +22,7 @@ QString translated(const char* text)
 } // namespace
 
 LookStep::LookStep(const FirstStartSetting& setting, QWidget* parent)
-    : QWidget(parent),
-      parts_(setting.parts),
-      draft_(setting.draft),
-      looks_(new QButtonGroup(this))
+    : QWidget(parent), parts_(setting.parts), draft_(setting.draft), looks_(new QButtonGroup(this))
 {
     auto* columns = new QHBoxLayout(this);
     columns->setContentsMargins(0, 0, 0, 0);
