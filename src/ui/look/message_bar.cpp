@@ -13,6 +13,19 @@
 
 namespace ledra {
 
+namespace {
+
+void tint(QWidget& row, const StatusLook& look)
+{
+    QPalette palette = row.palette();
+    palette.setColor(QPalette::Window, look.ground());
+    palette.setColor(QPalette::WindowText, look.ink());
+    row.setPalette(palette);
+    row.setAutoFillBackground(true);
+}
+
+} // namespace
+
 MessageBar::MessageBar(QWidget* parent) : QWidget(parent), layout_(new QVBoxLayout(this))
 {
     layout_->setContentsMargins(0, 0, 0, 0);
@@ -42,11 +55,7 @@ QFrame* MessageBar::addRow(const QString& line, const std::vector<Remedy>& remed
     if (rows_.size() == most)
         remove(rows_.front().second);
     auto* row = new QFrame(this);
-    row->setAutoFillBackground(true);
-    QPalette palette = row->palette();
-    palette.setColor(QPalette::Window, look.ground());
-    palette.setColor(QPalette::WindowText, look.ink());
-    row->setPalette(palette);
+    tint(*row, look);
     auto* parts = new QHBoxLayout(row);
     parts->setContentsMargins(12, 6, 8, 6);
     auto* icon = new QLabel(row);

@@ -10,6 +10,7 @@
 #include "ui/jobs/file_panels.h"
 #include "ui/jobs/file_reveal.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QPointer>
 

@@ -9,6 +9,7 @@
 #include "ui/viewer/viewer_commands.h"
 #include "ui/viewer/viewer_tab.h"
 
+#include <QApplication>
 #include <QDropEvent>
 #include <QFileInfo>
 #include <QMimeData>
