@@ -59,8 +59,9 @@ check "type of data files" same "$(type_of data.ledradata)" application/x-ledra-
 check "type of style files" same "$(type_of look.ledrastyle)" application/x-ledra-style
 check "type of plugins" same "$(type_of plugin.ledraplugin.zip)" application/x-ledra-plugin
 # A minimal Debian leaves manual pages out when it unpacks a package; the page is looked at as it is in the package.
-dpkg-deb -x "$package" /var/tmp/unpacked
-check "manual page" same "$(man --warnings -l /var/tmp/unpacked/usr/share/man/man1/ledra.1.gz 2>&1 >/dev/null)" ""
+unpacked=$(mktemp -d)
+dpkg-deb -x "$package" "$unpacked"
+check "manual page" same "$(man --warnings -l "$unpacked"/usr/share/man/man1/ledra.1.gz 2>&1 >/dev/null)" ""
 check "bash completion" bash -c '. /usr/share/bash-completion/completions/ledra && complete -p ledra'
 check "lintian" lintian --allow-root --fail-on error "$package"
 
