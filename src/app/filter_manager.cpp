@@ -119,7 +119,10 @@ bool FilterManager::prepareSearch(QDeadlineTimer end)
                       sameNumbers ? SearchIndex::Known::stays : SearchIndex::Known::isOutdated);
         indexedState_ = state;
     }
-    return index_.advance(**profile, end);
+    if (!index_.advance(**profile, end))
+        return false;
+    passingCriteria(filter_);
+    return true;
 }
 
 } // namespace ledra

@@ -55,8 +55,9 @@ public:
     /// The same as places in the list, ascending.
     std::vector<std::uint32_t> passing(const InvoiceFilter& filter);
 
-    /// Reads the records for the next search until all is read, which is the result, or the time is over. A
-    /// search does the same itself; a window asks for it while nobody waits.
+    /// Reads the records for the next search until all is read, which is the result, or the time is over, and
+    /// goes through the rest of the filter. A search does the same itself; a window asks for it while nobody
+    /// waits.
     bool prepareSearch(QDeadlineTimer end = QDeadlineTimer(QDeadlineTimer::Forever));
 
 Q_SIGNALS:

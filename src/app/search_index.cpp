@@ -1,38 +1,36 @@
 #include "app/search_index.h"
 
 #include "app/folded_text.h"
+#include "app/parallel_parts.h"
 #include "model/displayed_number.h"
 
 #include <algorithm>
-#include <cstring>
-#include <numeric>
-#include <thread>
 
 namespace ledra {
 
 void SearchIndex::follow(const InvoiceList& list, Known known)
 {
     // Reading may have been cut off: the longer stretch saves more.
-    if (texts_.ends.size() >= known_.ends.size())
-        known_ = std::move(texts_);
+    if (records_.ends.size() >= known_.ends.size())
+        known_ = std::move(records_);
     if (known == Known::isOutdated) {
         known_ = {};
-        byteCounts_.fill(0);
+        texts_ = {};
     }
-    passed_ = 0;
-    texts_ = {.list = list};
-    texts_.ends.reserve(list->size());
-    texts_.revisions.reserve(list->size());
-    texts_.bytes.reserve(known_.bytes.size());
+    walk_ = {};
+    records_ = {.list = list};
+    records_.ends.reserve(list->size());
+    records_.revisions.reserve(list->size());
+    records_.texts.reserve(known_.texts.size());
     searches_.clear();
 }
 
 bool SearchIndex::advance(const Profile& profile, QDeadlineTimer end)
 {
     constexpr std::size_t recordsBetweenLooks = 64;
-    while (!texts_.isWhole()) {
+    while (!records_.isWhole()) {
         readNext(profile);
-        if (texts_.ends.size() % recordsBetweenLooks == 0 && end.hasExpired())
+        if (records_.ends.size() % recordsBetweenLooks == 0 && end.hasExpired())
             return false;
     }
     known_ = {};
@@ -41,50 +39,42 @@ bool SearchIndex::advance(const Profile& profile, QDeadlineTimer end)
 
 void SearchIndex::readNext(const Profile& profile)
 {
-    const InvoicePtr& record = (*texts_.list)[texts_.ends.size()];
+    const InvoicePtr& record = (*records_.list)[records_.ends.size()];
     searches_.clear();
-    if (!takeOver(record)) {
-        const Invoice& invoice = **record;
-        append(displayedNumber(invoice, profile));
-        for (const QString* text :
-             {&invoice.name, &invoice.businessName, &invoice.email, &invoice.addressCity, &invoice.note})
-            append(*text);
-        if (invoice.reference)
-            append(*invoice.reference);
-        for (const Invoice::Item& item : invoice.items)
-            append(item.item);
-    }
-    texts_.ends.push_back(texts_.bytes.size());
-    texts_.revisions.push_back(record->revision());
+    if (!takeOver(record))
+        read(**record, profile);
+    records_.ends.push_back(records_.texts.size());
+    records_.revisions.push_back(record->revision());
 }
 
-/// Copies the texts of a record that is known and has not changed. The known ones are gone through side by
-/// side with the list; those that are no longer in it, or elsewhere, are passed over.
+/// Takes over the texts of a record that is known and has not changed.
 bool SearchIndex::takeOver(const InvoicePtr& record)
 {
-    constexpr std::size_t farthest = 64;
-    const std::size_t last = std::min(passed_ + farthest, known_.ends.size());
-    std::size_t place = passed_;
-    while (place < last && (*known_.list)[place] != record)
-        ++place;
-    if (place == last)
+    if (!known_.list)
         return false;
-    passed_ = place + 1;
-    if (known_.revisions[place] != record->revision())
+    const auto place = walk_.placeOf(record, std::span(*known_.list).first(known_.ends.size()));
+    if (!place || known_.revisions[*place] != record->revision())
         return false;
-    texts_.bytes.append(known_.bytes, known_.begin(place), known_.ends[place] - known_.begin(place));
+    records_.texts.insert(records_.texts.end(),
+                          known_.texts.begin() + static_cast<std::ptrdiff_t>(known_.begin(*place)),
+                          known_.texts.begin() + static_cast<std::ptrdiff_t>(known_.ends[*place]));
     return true;
 }
 
-void SearchIndex::append(QStringView text)
+void SearchIndex::read(const Invoice& invoice, const Profile& profile)
 {
-    if (text.isEmpty())
-        return;
-    const std::size_t begin = texts_.bytes.size();
-    appendFolded(texts_.bytes, text);
-    for (std::size_t i = begin; i < texts_.bytes.size(); ++i)
-        ++byteCounts_[static_cast<unsigned char>(texts_.bytes[i])];
-    texts_.bytes += '\n';
+    records_.texts.push_back(texts_.add(displayedNumber(invoice, profile)));
+    const auto read = [this](const QString& text) {
+        if (!text.isEmpty())
+            records_.texts.push_back(texts_.idOf(text));
+    };
+    for (const QString* text :
+         {&invoice.name, &invoice.businessName, &invoice.email, &invoice.addressCity, &invoice.note})
+        read(*text);
+    if (invoice.reference)
+        read(*invoice.reference);
+    for (const Invoice::Item& item : invoice.items)
+        read(item.item);
 }
 
 /// Whether whatever the longer words find is among what these have found.
@@ -115,93 +105,31 @@ const std::vector<std::uint32_t>& SearchIndex::matches(const QString& text)
     return searches_.emplace_back(std::move(words), std::move(found)).found;
 }
 
-/// The words, the one that promises the fewest hits first.
-std::vector<SearchIndex::Needle> SearchIndex::needlesOf(const std::vector<std::string>& words) const
-{
-    const auto count = [this](char byte) { return byteCounts_[static_cast<unsigned char>(byte)]; };
-    std::vector<Needle> needles;
-    for (const std::string& word : words) {
-        const auto rarest = std::ranges::min_element(word, {}, count);
-        needles.push_back({word, static_cast<std::size_t>(rarest - word.begin())});
-    }
-    std::ranges::sort(needles, {}, [&](const Needle& needle) { return count(needle.word[needle.rarest]); });
-    return needles;
-}
-
 std::vector<std::uint32_t> SearchIndex::search(const std::vector<std::string>& words,
                                                const Search* earlier) const
 {
-    const std::vector<Needle> needles = needlesOf(words);
-    std::vector<std::uint32_t> found;
-    if (needles.empty()) {
-        found.resize(texts_.ends.size());
-        std::iota(found.begin(), found.end(), 0U);
-        return found;
-    }
-    // Looking into single records is worth it only where they are few.
-    if (earlier && earlier->found.size() < texts_.ends.size() / 4) {
-        std::ranges::copy_if(earlier->found, std::back_inserter(found), [&](std::uint32_t record) {
-            return std::ranges::all_of(needles, [&](const Needle& each) { return occursIn(each, record); });
+    std::vector<TextTable::Marks> marks;
+    for (const std::string& word : words)
+        marks.push_back(texts_.marksOf(word));
+    const auto isFound = [&](std::uint32_t record) {
+        const auto begin = records_.texts.begin() + static_cast<std::ptrdiff_t>(records_.begin(record));
+        const auto end = records_.texts.begin() + static_cast<std::ptrdiff_t>(records_.ends[record]);
+        return std::ranges::all_of(marks, [&](const TextTable::Marks& ofWord) {
+            return std::any_of(begin, end, [&](TextTable::Id text) { return ofWord[text] != 0; });
         });
-        return found;
-    }
-    const std::size_t parts = std::max(1U, std::thread::hardware_concurrency());
-    std::vector<std::vector<std::uint32_t>> foundIn(parts);
-    const auto work = [&](std::size_t part) {
-        foundIn[part] =
-            searchPart(needles, texts_.ends.size() * part / parts, texts_.ends.size() * (part + 1) / parts);
     };
-    {
-        std::vector<std::jthread> threads;
-        for (std::size_t part = 1; part < parts; ++part)
-            threads.emplace_back(work, part);
-        work(0);
-    }
+    const std::size_t candidates = earlier ? earlier->found.size() : records_.ends.size();
+    std::vector<std::vector<std::uint32_t>> foundIn(parallelParts(candidates));
+    inParallelParts(candidates, [&](std::size_t part, std::size_t first, std::size_t last) {
+        for (std::size_t place = first; place < last; ++place) {
+            const std::uint32_t record = earlier ? earlier->found[place] : static_cast<std::uint32_t>(place);
+            if (isFound(record))
+                foundIn[part].push_back(record);
+        }
+    });
+    std::vector<std::uint32_t> found;
     for (const std::vector<std::uint32_t>& part : foundIn)
         found.insert(found.end(), part.begin(), part.end());
-    return found;
-}
-
-/// Looks for the rarest byte, which the machine does many bytes at a time, and compares around it.
-std::size_t SearchIndex::find(const Needle& needle, std::size_t from, std::size_t end) const
-{
-    const std::string& bytes = texts_.bytes;
-    for (std::size_t at = from + needle.rarest; at < end; ++at) {
-        const void* hit = std::memchr(bytes.data() + at, needle.word[needle.rarest], end - at);
-        if (!hit)
-            break;
-        at = static_cast<std::size_t>(static_cast<const char*>(hit) - bytes.data());
-        if (bytes.compare(at - needle.rarest, needle.word.size(), needle.word) == 0)
-            return at - needle.rarest;
-    }
-    return std::string::npos;
-}
-
-bool SearchIndex::occursIn(const Needle& needle, std::size_t record) const
-{
-    return find(needle, texts_.begin(record), texts_.ends[record]) != std::string::npos;
-}
-
-/// The records from `first` to before `last` in which all words occur. The texts are gone through once, for
-/// the first word; the others are looked for where it was found.
-std::vector<std::uint32_t> SearchIndex::searchPart(const std::vector<Needle>& needles, std::size_t first,
-                                                   std::size_t last) const
-{
-    std::vector<std::uint32_t> found;
-    const std::vector<std::size_t>& ends = texts_.ends;
-    const std::size_t end = last == 0 ? 0 : ends[last - 1];
-    for (std::size_t at = find(needles.front(), texts_.begin(first), end); at != std::string::npos;) {
-        if (at >= ends[first]) { // else it is the next record, as it mostly is where there are many hits
-            const auto holder =
-                std::upper_bound(ends.begin() + static_cast<std::ptrdiff_t>(first), ends.end(), at);
-            first = static_cast<std::size_t>(holder - ends.begin());
-        }
-        const auto occurs = [&](const Needle& needle) { return occursIn(needle, first); };
-        if (std::all_of(needles.begin() + 1, needles.end(), occurs))
-            found.push_back(static_cast<std::uint32_t>(first));
-        at = find(needles.front(), ends[first], end);
-        ++first;
-    }
     return found;
 }
 

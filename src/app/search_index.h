@@ -1,12 +1,13 @@
 #pragma once
 
+#include "app/list_walk.h"
+#include "app/text_table.h"
 #include "model/profile.h"
 #include "store/invoice_manager.h"
 
 #include <QDeadlineTimer>
 #include <QString>
 
-#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <string>
@@ -14,9 +15,10 @@
 
 namespace ledra {
 
-/// The searchable texts of a list of records in one stretch of memory, so that searching a hundred thousand
-/// of them takes no longer than a key stroke: displayed number, recipient, e-mail, place, reference, note and
-/// the descriptions of the items. Letters match in either case.
+/// The searchable texts of a list of records, kept so that searching a hundred thousand of them takes no
+/// longer than a key stroke: displayed number, recipient, e-mail, place, reference, note and the descriptions
+/// of the items. A word is looked for in the texts, each of which is there once, and then the records of
+/// those are collected.
 ///
 /// It follows the list in slices, since reading all texts anew takes longer than a person waits for a letter.
 class SearchIndex
@@ -36,23 +38,16 @@ public:
     const std::vector<std::uint32_t>& matches(const QString& text);
 
 private:
-    /// The texts of the first records of a list.
-    struct Texts
+    /// Which texts the first records of a list have.
+    struct Records
     {
         InvoiceList list = {};
-        std::string bytes = {};             ///< folded UTF-8; line feeds separate, no word contains any
-        std::vector<std::size_t> ends = {}; ///< where the texts of a record end, ascending
+        std::vector<TextTable::Id> texts = {};
+        std::vector<std::size_t> ends = {};        ///< where the texts of a record end, ascending
         std::vector<std::uint32_t> revisions = {}; ///< of the records, when they were read
 
         std::size_t begin(std::size_t record) const { return record == 0 ? 0 : ends[record - 1]; }
         bool isWhole() const { return !list || ends.size() == list->size(); }
-    };
-
-    /// A word and the byte of it that is the rarest in the texts.
-    struct Needle
-    {
-        std::string word;
-        std::size_t rarest = 0;
     };
 
     /// What was found before: who types on searches only that.
@@ -66,19 +61,14 @@ private:
 
     void readNext(const Profile& profile);
     bool takeOver(const InvoicePtr& record);
-    void append(QStringView text);
-    std::vector<Needle> needlesOf(const std::vector<std::string>& words) const;
-    std::size_t find(const Needle& needle, std::size_t from, std::size_t end) const;
-    bool occursIn(const Needle& needle, std::size_t record) const;
+    void read(const Invoice& invoice, const Profile& profile);
     std::vector<std::uint32_t> search(const std::vector<std::string>& words, const Search* earlier) const;
-    std::vector<std::uint32_t> searchPart(const std::vector<Needle>& needles, std::size_t first,
-                                          std::size_t last) const;
 
-    Texts known_;            ///< of an earlier state, while the present one is read
-    std::size_t passed_ = 0; ///< how many of the known records have been compared
-    Texts texts_;
-    std::array<std::size_t, 256> byteCounts_{}; ///< roughly: what goes is not taken off
-    std::vector<Search> searches_;              ///< in these texts
+    TextTable texts_; ///< texts that no record has any more stay until the numbers look different
+    Records known_;   ///< of an earlier state, while the present one is read
+    ListWalk walk_;   ///< through their list
+    Records records_;
+    std::vector<Search> searches_; ///< in these records
 };
 
 } // namespace ledra

@@ -1,5 +1,7 @@
 #include "app/smart_lists.h"
 
+#include "app/list_walk.h"
+
 #include <algorithm>
 #include <array>
 #include <map>
@@ -27,20 +29,35 @@ constexpr std::array statusLists = {
     StatusList{Kind::cancelled, Status::cancelled},
 };
 
-void add(SmartListContent& content, const Invoice& invoice, double total)
+/// What has been added up for a list.
+class Tally
 {
-    ++content.count;
-    const bool isQuote = invoice.type == InvoiceType::quote;
-    if (isQuote && content.list.kind != Kind::quotes)
-        return;
-    const auto sum = std::ranges::lower_bound(
-        content.sums, invoice.currency.code, {},
-        [](const SmartListContent::Sum& each) -> const QString& { return each.currency.code; });
-    if (sum != content.sums.end() && sum->currency == invoice.currency)
-        sum->total += total;
-    else
-        content.sums.insert(sum, {invoice.currency, total});
-}
+public:
+    explicit Tally(std::size_t currencies) : totals_(currencies) {}
+
+    void count() { ++count_; }
+
+    void add(std::size_t currency, double total)
+    {
+        totals_[currency] = totals_[currency].value_or(0) + total;
+    }
+
+    SmartListContent content(SmartList list, const std::vector<Currency>& currencies) const
+    {
+        SmartListContent content{.list = list, .count = count_, .sums = {}};
+        for (std::size_t i = 0; i < totals_.size(); ++i) {
+            if (totals_[i])
+                content.sums.push_back({currencies[i], *totals_[i]});
+        }
+        std::ranges::sort(content.sums, {},
+                          [](const SmartListContent::Sum& sum) { return sum.currency.code; });
+        return content;
+    }
+
+private:
+    std::size_t count_ = 0;
+    std::vector<std::optional<double>> totals_; ///< of each currency
+};
 
 } // namespace
 
@@ -62,33 +79,64 @@ InvoiceFilter filterOf(const SmartList& list)
     return filter;
 }
 
-std::vector<SmartListContent> smartLists(const std::vector<InvoicePtr>& invoices, Timestamp now)
+SmartLists::Facts SmartLists::factsOf(const InvoiceRecord& record)
 {
-    std::vector<SmartListContent> lists;
-    lists.reserve(kinds.size());
-    for (const Kind kind : kinds)
-        lists.push_back({.list = {kind}, .count = 0, .sums = {}});
-    std::map<int, SmartListContent, std::greater<>> years;
-    const auto listOf = [&](Kind kind) -> SmartListContent& { return lists[static_cast<std::size_t>(kind)]; };
-    for (const InvoicePtr& record : invoices) {
-        const Invoice& invoice = **record;
-        const double total = invoice.total();
-        add(listOf(Kind::all), invoice, total);
-        const int year = invoice.date.localDate().year();
-        SmartListContent& ofYear = years[year];
-        ofYear.list = {Kind::year, year};
-        add(ofYear, invoice, total);
-        if (invoice.type == InvoiceType::quote) {
-            add(listOf(Kind::quotes), invoice, total);
+    auto currency = std::ranges::find(currencies_, record->currency);
+    if (currency == currencies_.end())
+        currency = currencies_.insert(currency, record->currency);
+    return {.total = record->total(),
+            .year = record->date.localDate().year(),
+            .revision = record.revision(),
+            .currency = static_cast<std::uint16_t>(currency - currencies_.begin()),
+            .status = record->status,
+            .isQuote = record->type == InvoiceType::quote};
+}
+
+void SmartLists::lookAt(const InvoiceList& invoices)
+{
+    std::vector<Facts> facts;
+    facts.reserve(invoices->size());
+    ListWalk walk;
+    for (const InvoicePtr& record : *invoices) {
+        const auto known = invoices_ ? walk.placeOf(record, *invoices_) : std::nullopt;
+        const bool isKnown = known && facts_[*known].revision == record->revision();
+        facts.push_back(isKnown ? facts_[*known] : factsOf(*record));
+    }
+    invoices_ = invoices;
+    facts_ = std::move(facts);
+}
+
+std::vector<SmartListContent> SmartLists::contents(const InvoiceList& invoices, Timestamp now)
+{
+    lookAt(invoices);
+    const Tally empty(currencies_.size());
+    std::vector tallies(kinds.size(), empty);
+    std::map<int, Tally, std::greater<>> years;
+    for (std::size_t place = 0; place < facts_.size(); ++place) {
+        const Facts& facts = facts_[place];
+        const auto addTo = [&](Tally& tally, bool isOwed) {
+            tally.count();
+            if (isOwed)
+                tally.add(facts.currency, facts.total);
+        };
+        const auto addToList = [&](Kind kind, bool isOwed) {
+            addTo(tallies[static_cast<std::size_t>(kind)], isOwed);
+        };
+        addToList(Kind::all, !facts.isQuote);
+        addTo(years.try_emplace(facts.year, empty).first->second, !facts.isQuote);
+        if (facts.isQuote) {
+            addToList(Kind::quotes, true);
             continue;
         }
-        const auto row = std::ranges::find(statusLists, invoice.status, &StatusList::status);
-        add(listOf(row->kind), invoice, total);
-        if (invoice.isOverdue(now))
-            add(listOf(Kind::overdue), invoice, total);
+        addToList(std::ranges::find(statusLists, facts.status, &StatusList::status)->kind, true);
+        if (facts.status == Status::sent && (**(*invoices)[place]).isOverdue(now))
+            addToList(Kind::overdue, true);
     }
-    for (auto& [year, content] : years)
-        lists.push_back(std::move(content));
+    std::vector<SmartListContent> lists;
+    for (std::size_t i = 0; i < kinds.size(); ++i)
+        lists.push_back(tallies[i].content({kinds[i]}, currencies_));
+    for (const auto& [year, tally] : years)
+        lists.push_back(tally.content({Kind::year, year}, currencies_));
     return lists;
 }
 

@@ -38,9 +38,34 @@ struct SmartListContent
 /// The filter that leaves the records of a list.
 InvoiceFilter filterOf(const SmartList& list);
 
-/// All lists with what they hold: the kinds in their order, then the years, the latest first. Quotes count in
-/// their own list, in that of all records and in their year, but their totals are summed up in their own list
-/// only: nobody owes them.
-std::vector<SmartListContent> smartLists(const std::vector<InvoicePtr>& invoices, Timestamp now);
+/// Counts and sums up the lists. What was found out about a record is kept until it changes, since totals and
+/// the calendar take far longer than adding up.
+class SmartLists
+{
+public:
+    /// All lists with what they hold: the kinds in their order, then the years, the latest first. Quotes
+    /// count in their own list, in that of all records and in their year, but their totals are summed up in
+    /// their own list only: nobody owes them.
+    std::vector<SmartListContent> contents(const InvoiceList& invoices, Timestamp now);
+
+private:
+    /// What counts of a record, close together: a record itself is spread over much memory.
+    struct Facts
+    {
+        double total = 0;
+        int year = 0;
+        std::uint32_t revision = 0; ///< of the record, when it was looked at
+        std::uint16_t currency = 0; ///< its place among the currencies
+        Status status = Status::draft;
+        bool isQuote = false;
+    };
+
+    void lookAt(const InvoiceList& invoices);
+    Facts factsOf(const InvoiceRecord& record);
+
+    InvoiceList invoices_; ///< those that are known
+    std::vector<Facts> facts_;
+    std::vector<Currency> currencies_; ///< that have ever occurred
+};
 
 } // namespace ledra

@@ -1,4 +1,5 @@
 #include "app/search_index.h"
+#include "app/word_finder.h"
 #include "model/new_invoices.h"
 #include "support/test_suite.h"
 
@@ -13,6 +14,7 @@ private Q_SLOTS:
     void words();
     void followsTheList();
     void typing();
+    void finder();
 };
 
 namespace {
@@ -122,6 +124,25 @@ void SearchIndexTest::typing()
         {"eier", "06"}, {"", "012345678"}, {"meier eier", "0"}};
     for (const auto& [text, found] : steps)
         QCOMPARE(placesOf(index, text) + QLatin1String(text), QLatin1String(found) + QLatin1String(text));
+}
+
+/// Against the standard library's search, in texts of few letters so that nearly everything nearly fits.
+void SearchIndexTest::finder()
+{
+    std::string text;
+    std::array<std::size_t, 256> counts{};
+    for (unsigned state = 1; text.size() < 90; state = state * 1103515245 + 12345) {
+        text += "aab\n"[state >> 16 & 3];
+        ++counts[static_cast<unsigned char>(text.back())];
+    }
+    for (const char* word : {"a", "b", "aa", "ab", "ba", "bb", "aba", "aabaa", "baabaaab", "aaaaaaaaaab"}) {
+        const WordFinder finder(word, counts);
+        for (std::size_t from = 0; from < text.size(); ++from) {
+            for (std::size_t end = from; end <= text.size(); ++end)
+                QCOMPARE(finder.find(text, from, end),
+                         std::string_view(text).substr(0, end).find(word, from));
+        }
+    }
 }
 
 const ledra::test::RegisterSuite<SearchIndexTest> registration("search_index_test");

@@ -61,19 +61,24 @@ void WindowListsTest::smartLists()
             invoice.currency.code = QString::fromLatin1(currency);
         });
     };
-    const std::vector<InvoicePtr> invoices = {with(Status::draft),
-                                              with(Status::sent),
-                                              with(Status::sent, InvoiceType::invoice, 2025, "USD"),
-                                              with(Status::paid),
-                                              with(Status::cancelled),
-                                              with(Status::draft, InvoiceType::quote),
-                                              with(Status::sent, InvoiceType::quote, 2025)};
-    const auto lists = ledra::smartLists(invoices, test::noon(2026, 4, 10));
+    std::vector<InvoicePtr> invoices = {with(Status::draft),
+                                        with(Status::sent),
+                                        with(Status::sent, InvoiceType::invoice, 2025, "USD"),
+                                        with(Status::paid),
+                                        with(Status::cancelled),
+                                        with(Status::draft, InvoiceType::quote),
+                                        with(Status::sent, InvoiceType::quote, 2025)};
+    SmartLists contents;
+    const auto contentsOf = [&](const std::vector<InvoicePtr>& records) {
+        return contents.contents(std::make_shared<const std::vector<InvoicePtr>>(records),
+                                 test::noon(2026, 4, 10));
+    };
+    const auto lists = contentsOf(invoices);
     // All, drafts, sent, overdue, paid, cancelled, quotes, and the years.
     QCOMPARE(textOf(lists),
              QStringLiteral("7 EUR400 USD100 | 1 EUR100 | 2 EUR100 USD100 | 1 USD100 | 1 EUR100 | "
                             "1 EUR100 | 2 EUR200 | 2026: 5 EUR400 | 2025: 2 USD100"));
-    QCOMPARE(textOf(ledra::smartLists({}, Timestamp())), QStringLiteral("0 | 0 | 0 | 0 | 0 | 0 | 0"));
+    QCOMPARE(textOf(contentsOf({})), QStringLiteral("0 | 0 | 0 | 0 | 0 | 0 | 0"));
 
     // A list shows as many records as it counts.
     test::StoreHome home;
@@ -85,6 +90,18 @@ void WindowListsTest::smartLists()
     FilterManager filters(manager, profiles, home.clock);
     for (const SmartListContent& content : lists)
         QCOMPARE(filters.filtered(filterOf(content.list)).size(), content.count);
+
+    // What is known of records that stay holds only until they change.
+    const auto changing = std::make_shared<InvoiceRecord>(**invoices[3]);
+    invoices[3] = changing;
+    QCOMPARE(textOf(contentsOf(invoices)), textOf(lists));
+    changing->edit([](Invoice& invoice) { invoice.items.push_back(invoice.items.front()); });
+    invoices.erase(invoices.begin() + 1);
+    invoices.push_back(with(Status::draft, InvoiceType::invoice, 2024, "CHF"));
+    QCOMPARE(textOf(contentsOf(invoices)),
+             QStringLiteral(
+                 "7 CHF100 EUR400 USD100 | 2 CHF100 EUR100 | 1 USD100 | 1 USD100 | 1 EUR200 | 1 EUR100 | "
+                 "2 EUR200 | 2026: 4 EUR400 | 2025: 2 USD100 | 2024: 1 CHF100"));
 }
 
 void WindowListsTest::recipients()

@@ -120,17 +120,25 @@ std::vector<std::uint32_t> InvoiceTableModel::ordered(std::vector<std::uint32_t>
     return byRank;
 }
 
-void InvoiceTableModel::readMonths()
+void InvoiceTableModel::prepareRows()
+{
+    if (sortColumn_ == date)
+        readMonths(app_.invoiceManager().list());
+    else
+        rankAll();
+}
+
+void InvoiceTableModel::readMonths(const InvoiceList& list)
 {
     const std::uint64_t revision = app_.invoiceManager().contentRevision();
-    if (months_.revision == revision && months_.months.size() == list_->size())
+    if (months_.revision == revision && months_.list == list)
         return;
-    months_ = {revision, {}};
-    months_.months.reserve(list_->size());
+    months_ = {list, revision, {}};
+    months_.months.reserve(list->size());
     Timestamp begin;
     Timestamp end;
     std::int32_t month = 0;
-    for (const InvoicePtr& record : *list_) {
+    for (const InvoicePtr& record : *list) {
         const Timestamp moment = (*record)->date;
         if (months_.months.empty() || moment < begin || moment >= end) {
             const QDate day = moment.localDate();
@@ -151,7 +159,7 @@ void InvoiceTableModel::insertHeadings(const std::vector<std::uint32_t>& places)
         rows_ = places;
         return;
     }
-    readMonths();
+    readMonths(list_);
     rows_.clear();
     constexpr std::size_t monthsOfManyYears = 240;
     rows_.reserve(places.size() + monthsOfManyYears);

@@ -30,6 +30,9 @@ public:
     std::size_t recordCount() const { return recordCount_; }
     const std::vector<int>& headings() const { return headings_; } ///< their rows, ascending
 
+    /// Works out beforehand what the rows need after records have changed, so that no key stroke waits for it.
+    void prepareRows();
+
     int rowCount(const QModelIndex& parent = {}) const override;
     int columnCount(const QModelIndex& parent = {}) const override;
     Qt::ItemFlags flags(const QModelIndex& index) const override;
@@ -48,7 +51,7 @@ private:
     void showEdited(const QUuid& id);
     std::vector<std::uint32_t> ordered(std::vector<std::uint32_t> places);
     void rankAll();
-    void readMonths();
+    void readMonths(const InvoiceList& list);
     void insertHeadings(const std::vector<std::uint32_t>& places);
     const InvoicePtr& record(int row) const { return (*list_)[rows_.at(static_cast<std::size_t>(row))]; }
     QString text(const Invoice& invoice, int column) const;
@@ -76,7 +79,8 @@ private:
     /// The month of each record of the list, counted from the year 0.
     struct Months
     {
-        std::uint64_t revision = 0;
+        InvoiceList list;
+        std::uint64_t revision = 0; ///< of what is in it
         std::vector<std::int32_t> months;
     } months_;
 };

@@ -69,7 +69,9 @@ void ListPanel::searchWhenPrepared()
     InvoiceFilter filter = app_.filterManager().filter();
     filter.search = search_->text();
     const bool isPrepared = app_.filterManager().prepareSearch(QDeadlineTimer(6ms));
-    if (!isPrepared)
+    if (isPrepared)
+        model_->prepareRows();
+    else
         prepare_.start(0ms);
     if (isPrepared || filter.search.trimmed().isEmpty())
         app_.filterManager().setFilter(filter);

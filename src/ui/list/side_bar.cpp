@@ -198,7 +198,7 @@ void SideBar::showLists()
     const std::size_t reminders = countsReminders_ ? app_.reminderManager().reminders().size() : 0;
     entries_.clear();
     lists_->clear();
-    for (SmartListContent& content : smartLists(app_.invoiceManager().invoices(), app_.clock().now())) {
+    for (SmartListContent& content : contents_.contents(app_.invoiceManager().list(), app_.clock().now())) {
         const bool isLastKind = content.list.kind == Kind::quotes;
         addEntry({std::move(content)});
         if (isLastKind)

@@ -45,6 +45,7 @@ private:
     QComboBox* profiles_;
     QListWidget* lists_;
     QTimer pause_; ///< until somebody who is typing has stopped
+    SmartLists contents_;
     std::vector<Entry> entries_;
     SmartList chosen_;
     bool areRemindersChosen_ = false;

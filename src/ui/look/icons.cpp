@@ -5,6 +5,7 @@
 #include <QIconEngine>
 #include <QPainter>
 #include <QPalette>
+#include <QPixmapCache>
 #include <QSvgRenderer>
 
 namespace ledra {
@@ -14,21 +15,36 @@ namespace {
 class LineIconEngine final : public QIconEngine
 {
 public:
-    LineIconEngine(QByteArray drawing, QColor color) : drawing_(std::move(drawing)), color_(color) {}
+    LineIconEngine(QString name, QByteArray drawing, QColor color)
+        : name_(std::move(name)), drawing_(std::move(drawing)), color_(color)
+    {}
 
-    void paint(QPainter* painter, const QRect& rect, QIcon::Mode mode, QIcon::State) override
+    void paint(QPainter* painter, const QRect& rect, QIcon::Mode mode, QIcon::State state) override
     {
-        QByteArray colored = drawing_;
-        colored.replace("currentColor", colorIn(mode).name().toLatin1());
-        QSvgRenderer(colored).render(painter, rect);
+        const double scale = painter->device()->devicePixelRatioF();
+        QPixmap drawn = pixmap((QSizeF(rect.size()) * scale).toSize(), mode, state);
+        drawn.setDevicePixelRatio(scale);
+        painter->drawPixmap(rect.topLeft(), drawn);
     }
 
-    QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override
+    /// Drawn once for each size and colour: reading a drawing takes longer than painting a list.
+    QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State) override
     {
-        QPixmap pixmap(size);
+        const QByteArray color = colorIn(mode).name().toLatin1();
+        const QString key = QStringLiteral("%1 %2 %3x%4")
+                                .arg(name_, QLatin1StringView(color))
+                                .arg(size.width())
+                                .arg(size.height());
+        QPixmap pixmap;
+        if (QPixmapCache::find(key, &pixmap))
+            return pixmap;
+        pixmap = QPixmap(size);
         pixmap.fill(Qt::transparent);
         QPainter painter(&pixmap);
-        paint(&painter, QRect(QPoint(), size), mode, state);
+        QByteArray colored = drawing_;
+        QSvgRenderer(colored.replace("currentColor", color)).render(&painter);
+        painter.end();
+        QPixmapCache::insert(key, pixmap);
         return pixmap;
     }
 
@@ -45,6 +61,7 @@ private:
         return color_.isValid() ? color_ : palette.color(QPalette::WindowText);
     }
 
+    QString name_;
     QByteArray drawing_;
     QColor color_;
 };
@@ -58,10 +75,11 @@ QIcon lineIcon(const char* name)
 
 QIcon lineIcon(const char* name, const QColor& color)
 {
-    QFile file(QStringLiteral(":/icons/%1.svg").arg(QString::fromLatin1(name)));
+    const QString path = QStringLiteral(":/icons/%1.svg").arg(QString::fromLatin1(name));
+    QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
         qFatal("There is no drawing %s", name); // a slip in the program, found by opening the window once
-    return QIcon(new LineIconEngine(file.readAll(), color)); // which the icon owns
+    return QIcon(new LineIconEngine(path, file.readAll(), color)); // which the icon owns
 }
 
 } // namespace ledra
