@@ -1,105 +1,13 @@
 #include "app/undoable_styling.h"
 
 #include "app/styling_checks.h"
+#include "app/styling_step.h"
 #include "model/region.h"
 #include "store/styling_folder.h"
-
-#include <QUndoCommand>
-
-#include <bitset>
 
 namespace ledra {
 
 namespace {
-
-constexpr std::size_t fieldCount = std::tuple_size_v<std::remove_const_t<decltype(recordFields<Styling>)>>;
-using Fields = std::bitset<fieldCount>;
-
-template <class Visit>
-void forEachField(const Visit& visit)
-{
-    std::apply(
-        [&](auto... member) {
-            std::size_t position = 0;
-            (visit(position++, member), ...);
-        },
-        recordFields<Styling>);
-}
-
-Fields changedFields(const Styling& before, const Styling& after)
-{
-    Fields fields;
-    forEachField(
-        [&](std::size_t position, auto member) { fields.set(position, !(before.*member == after.*member)); });
-    return fields;
-}
-
-/// A change that has been made when the command is pushed.
-class StylingCommand final : public QUndoCommand
-{
-public:
-    StylingCommand(StylingManager& manager, Styling before, EditKind kind)
-        : manager_(manager),
-          before_(std::move(before)),
-          after_(**manager.styling()),
-          fields_(changedFields(before_, after_)),
-          kind_(kind)
-    {
-        setText(QStringLiteral("Styling"));
-    }
-
-    void undo() override { apply(before_, after_); }
-    void redo() override
-    {
-        if (!std::exchange(isMade_, false))
-            apply(after_, before_);
-    }
-
-    int id() const override { return kind_ == EditKind::typing ? 2 : -1; } // 1 are edits of records
-
-    bool mergeWith(const QUndoCommand* other) override
-    {
-        const auto* next =
-            static_cast<const StylingCommand*>(other); // of the same id(), so of the same class
-        if (next->before_.id != before_.id || next->fields_ != fields_)
-            return false;
-        after_ = next->after_;
-        fields_ = changedFields(before_, after_);
-        setObsolete(fields_.none());
-        return true;
-    }
-
-private:
-    void apply(const Styling& state, const Styling& other) const
-    {
-        if (!manager_.styling() || (*manager_.styling())->id != state.id)
-            return;
-        // Failures show: the file stays as it is, and so does what is seen of it.
-        if (state.logo != other.logo)
-            (void)manager_.setLogo(state.logo);
-        if (state.css != other.css)
-            (void)manager_.setStyleSheet(state.css);
-        Styling plain = state;
-        plain.logo = other.logo;
-        plain.css = other.css;
-        const Fields fields = changedFields(plain, other);
-        if (fields.none())
-            return;
-        manager_.editSoon([&](Styling& styling) {
-            forEachField([&](std::size_t position, auto member) {
-                if (fields.test(position))
-                    styling.*member = plain.*member;
-            });
-        });
-    }
-
-    StylingManager& manager_;
-    Styling before_;
-    Styling after_;
-    Fields fields_;
-    EditKind kind_;
-    bool isMade_ = true;
-};
 
 UndoableStyling::Done plain(const std::expected<void, StylingError>& done)
 {
@@ -118,7 +26,7 @@ void UndoableStyling::edit(const std::function<void(Styling&)>& change, EditKind
     if (after == before)
         return;
     manager_.editSoon([&](Styling& styling) { styling = after; });
-    stack_.push(new StylingCommand(manager_, before, kind)); // the stack owns it
+    stack_.push(stylingStep(manager_, before, kind).release()); // the stack owns it
 }
 
 void UndoableStyling::reset()
@@ -137,7 +45,7 @@ UndoableStyling::Done UndoableStyling::remembered(const std::expected<void, Styl
                                                   const Styling& before, EditKind kind)
 {
     if (manager_.styling() && before != **manager_.styling())
-        stack_.push(new StylingCommand(manager_, before, kind));
+        stack_.push(stylingStep(manager_, before, kind).release());
     return plain(done);
 }
 

@@ -2,7 +2,10 @@
 
 #include "ui/jobs/document_actions.h"
 #include "ui/jobs/profile_export.h"
+#include "ui/jobs/profile_import.h"
+#include "ui/jobs/style_exchange.h"
 #include "ui/list/list_panel.h"
+#include "ui/look/icons.h"
 #include "ui/main_window.h"
 
 namespace ledra {
@@ -26,6 +29,24 @@ std::vector<InvoicePtr> filteredList(MainWindow& window)
     }
     return records;
 }
+
+struct ArchiveCommand
+{
+    Menu menu;
+    const char* text;
+    const char* icon;
+    void (*run)(const WindowParts& parts);
+    bool beginsGroup;
+};
+
+constexpr std::array archiveCommands = {
+    ArchiveCommand{Menu::importing, QT_TRANSLATE_NOOP("WindowCommands", "Import Profiles…"), "import",
+                   importProfiles, true},
+    ArchiveCommand{Menu::importing, QT_TRANSLATE_NOOP("WindowCommands", "Import Style…"), "import",
+                   importStyle, false},
+    ArchiveCommand{Menu::exporting, QT_TRANSLATE_NOOP("WindowCommands", "Export Style…"), "export",
+                   exportStyle, true},
+};
 
 } // namespace
 
@@ -94,6 +115,17 @@ void importEInvoices(MainWindow& window)
 void exportProfiles(MainWindow& window)
 {
     exportAllProfiles(window.parts());
+}
+
+void addArchiveCommands(MainWindow& window)
+{
+    for (const ArchiveCommand& command : archiveCommands) {
+        QMenu* menu = window.commands().menu(command.menu);
+        if (command.beginsGroup)
+            menu->addSeparator();
+        menu->addAction(lineIcon(command.icon), QCoreApplication::translate("WindowCommands", command.text),
+                        &window, [&window, run = command.run] { run(window.parts()); });
+    }
 }
 
 void addActiveProfileExport(MainWindow& window)

@@ -21,6 +21,9 @@ void importPDFs(MainWindow& window);
 void importEInvoices(MainWindow& window);
 void exportProfiles(MainWindow& window);
 
+/// Adds to the menus what takes profiles and styles in and writes a style.
+void addArchiveCommands(MainWindow& window);
+
 /// Adds the export of the active profile, which is called by its name, to the menu for that.
 void addActiveProfileExport(MainWindow& window);
 

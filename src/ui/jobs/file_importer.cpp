@@ -1,8 +1,11 @@
 #include "ui/jobs/file_importer.h"
 
 #include "app/reader_language.h"
+#include "ui/jobs/failure_texts.h"
 #include "ui/jobs/file_panels.h"
+#include "ui/jobs/profile_import.h"
 #include "ui/jobs/question.h"
+#include "ui/jobs/style_exchange.h"
 
 #include <QFileInfo>
 #include <QUndoStack>
@@ -15,6 +18,27 @@ QString nameOf(const QString& file)
 {
     return QFileInfo(file).fileName();
 }
+
+/// What is done while it lives is one step; nothing done is none.
+class OneStep
+{
+public:
+    OneStep(QUndoStack& stack, const QString& text) : stack_(stack) { stack_.beginMacro(text); }
+    ~OneStep()
+    {
+        stack_.endMacro();
+        const QUndoCommand* step = stack_.command(stack_.index() - 1);
+        if (step->childCount() > 0)
+            return;
+        const_cast<QUndoCommand*>(step)->setObsolete(true); // so that going back takes it off the stack
+        stack_.undo();
+    }
+    OneStep(const OneStep&) = delete;
+    OneStep& operator=(const OneStep&) = delete;
+
+private:
+    QUndoStack& stack_;
+};
 
 } // namespace
 
@@ -44,9 +68,9 @@ void FileImporter::importDropped(const QList<QUrl>& urls)
         else if (kind == HandedOver::Kind::document)
             documents += url.toLocalFile();
         else if (kind == HandedOver::Kind::styling)
-            askForStyling(url.toLocalFile());
+            askForStyle(parts_, url.toLocalFile());
         else if (kind == HandedOver::Kind::profiles)
-            askForProfiles(url.toLocalFile());
+            askForProfiles(parts_, url.toLocalFile());
     }
     if (!documents.isEmpty())
         importDocuments(documents);
@@ -54,30 +78,31 @@ void FileImporter::importDropped(const QList<QUrl>& urls)
 
 void FileImporter::importDocuments(const QStringList& files)
 {
-    QUndoStack& stack = parts_.app.undoStack();
+    const bool isOne = files.size() == 1; // who chose one file knows which failed
     QStringList failures;
-    std::optional<QUuid> last;
-    if (files.size() > 1)
-        stack.beginMacro(tr("Import"));
+    std::vector<QUuid> taken;
+    std::optional<OneStep> step;
+    if (!isOne)
+        step.emplace(parts_.app.undoStack(), tr("Import"));
     for (const QString& file : files) {
-        if (const std::optional<QUuid> id = importDocument(file, failures))
-            last = id;
+        const JobResult<QUuid> id = importDocument(file);
+        if (id)
+            taken.push_back(*id);
+        else if (!id.error().isReported)
+            failures +=
+                (isOne ? QString() : nameOf(file) + QStringLiteral(": ")) + failureText(id.error().text);
     }
-    if (files.size() > 1)
-        stack.endMacro();
-    if (!failures.isEmpty())
-        alert(parts_.window, tr("Import Failed"), failures.join(u'\n'));
-    if (last)
-        Q_EMIT imported(*last);
+    step.reset();
+    if (!taken.empty())
+        Q_EMIT imported(taken.back());
+    tell(static_cast<int>(taken.size()), failures);
 }
 
-std::optional<QUuid> FileImporter::importDocument(const QString& file, QStringList& failures)
+JobResult<QUuid> FileImporter::importDocument(const QString& file)
 {
     const JobResult<ImportedInvoice> taken = parts_.app.undoableJobs().importFile(file);
-    if (!taken) {
-        failures += nameOf(file) + QStringLiteral(": ") + taken.error().text;
-        return std::nullopt;
-    }
+    if (!taken)
+        return std::unexpected(taken.error());
     const Invoice& record = **taken->record;
     for (const StatedDifference& difference : taken->differences)
         parts_.messages.warn(
@@ -86,46 +111,20 @@ std::optional<QUuid> FileImporter::importDocument(const QString& file, QStringLi
     return record.id;
 }
 
-void FileImporter::askForProfiles(const QString& file)
+void FileImporter::tell(int taken, const QStringList& failures)
 {
-    ask(parts_.window,
-        {tr("Do you want to import profiles from “%1”?").arg(nameOf(file)),
-         tr("They are added beside the profiles that you have."),
-         {tr("Import")}},
-        [this, file](int) { importProfiles(file); });
-}
-
-void FileImporter::importProfiles(const QString& file)
-{
-    const auto result = parts_.app.profileImporter().importFile(file);
-    if (!result) {
-        parts_.app.console().information(QStringLiteral("Import failed: ") + result.error().text());
-        alert(parts_.window, tr("Import Failed"), result.error().text());
+    if (taken == 1)
+        parts_.messages.note(tr("Imported. “Undo” takes it out again."));
+    else if (taken > 1)
+        parts_.messages.note(tr("%n documents imported. “Undo” takes them out again.", nullptr, taken));
+    if (failures.isEmpty())
         return;
-    }
-    if (!result->failures.empty())
-        alert(parts_.window, tr("Import Completed with Issues"), result->summary());
-    else
-        parts_.messages.note(result->summary().trimmed());
-}
-
-void FileImporter::askForStyling(const QString& file)
-{
-    const QString profile = (*parts_.app.profileManager().activeProfile())->displayName();
-    ask(parts_.window,
-        {tr("Do you want to use the style of “%1”?").arg(nameOf(file)),
-         tr("It replaces fonts, colours, page layout, logo and style sheet of the profile “%1”, for "
-            "documents "
-            "of the past as well. An earlier logo and style sheet go to the trash.")
-             .arg(profile),
-         {tr("Import")}},
-        [this, file](int) { importStyling(file); });
-}
-
-void FileImporter::importStyling(const QString& file)
-{
-    if (const auto taken = parts_.app.stylingImporter().importFile(file); !taken)
-        alert(parts_.window, tr("Import Failed"), taken.error().text());
+    constexpr qsizetype mostLines = 10;
+    QString text = failures.mid(0, mostLines).join(u'\n');
+    const bool isCut = failures.size() > mostLines;
+    if (isCut)
+        text += u'\n' + tr("and %n more", nullptr, static_cast<int>(failures.size() - mostLines));
+    alert(parts_.window, tr("Import Failed"), text, isCut ? failures.join(u'\n') : QString());
 }
 
 } // namespace ledra

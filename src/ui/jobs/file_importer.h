@@ -25,11 +25,8 @@ Q_SIGNALS:
 
 private:
     void importDocuments(const QStringList& files);
-    std::optional<QUuid> importDocument(const QString& file, QStringList& failures);
-    void askForProfiles(const QString& file);
-    void importProfiles(const QString& file);
-    void askForStyling(const QString& file);
-    void importStyling(const QString& file);
+    JobResult<QUuid> importDocument(const QString& file);
+    void tell(int taken, const QStringList& failures);
 
     const WindowParts& parts_;
 };

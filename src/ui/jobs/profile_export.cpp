@@ -1,9 +1,9 @@
 #include "ui/jobs/profile_export.h"
 
 #include "app/reader_language.h"
+#include "ui/jobs/failure_texts.h"
 #include "ui/jobs/file_panels.h"
 #include "ui/jobs/file_reveal.h"
-#include "ui/jobs/question.h"
 
 #include <QCoreApplication>
 #include <QFileInfo>
@@ -21,7 +21,7 @@ void write(const WindowParts& parts, const std::vector<ProfilePtr>& profiles, co
 {
     if (const auto written = parts.app.profileExporter().write(profiles, target, Overwrite::replace);
         !written) {
-        alert(parts.window, ProfileExport::tr("Export Failed"), written.error().text());
+        alert(parts.window, ProfileExport::tr("Export Failed"), written.error());
         return;
     }
     parts.messages.inform(ProfileExport::tr("Exported: %1").arg(QFileInfo(target).fileName()),

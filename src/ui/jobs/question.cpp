@@ -26,13 +26,18 @@ QMessageBox* newBox(QWidget& window, QMessageBox::Icon icon, const QString& titl
     return box;
 }
 
+void addDetails(QMessageBox& box, const QString& details)
+{
+    if (!details.isEmpty()) // else the box would offer to show nothing
+        box.setDetailedText(details);
+}
+
 } // namespace
 
 void ask(QWidget& window, const Question& question, const std::function<void(int answer)>& answered)
 {
     QMessageBox* box = newBox(window, question.icon, question.title, question.text);
-    if (!question.details.isEmpty())
-        box->setDetailedText(question.details);
+    addDetails(*box, question.details);
     QList<QAbstractButton*> buttons;
     for (const QString& answer : question.answers)
         buttons += box->addButton(answer, QMessageBox::AcceptRole);
@@ -45,10 +50,11 @@ void ask(QWidget& window, const Question& question, const std::function<void(int
     box->open();
 }
 
-void alert(QWidget& window, const QString& title, const QString& text)
+void alert(QWidget& window, const QString& title, const QString& text, const QString& details)
 {
     QMessageBox* box = newBox(window, QMessageBox::Warning, title, text);
-    box->addButton(QMessageBox::Ok);
+    box->setDefaultButton(box->addButton(QMessageBox::Ok));
+    addDetails(*box, details);
     box->open();
 }
 

@@ -20,6 +20,7 @@ struct Question
 void ask(QWidget& window, const Question& question, const std::function<void(int answer)>& answered);
 
 /// Says that something failed which the user waits for.
-void alert(QWidget& window, const QString& title, const QString& text);
+/// @param details what exactly, shown on demand
+void alert(QWidget& window, const QString& title, const QString& text, const QString& details = {});
 
 } // namespace ledra

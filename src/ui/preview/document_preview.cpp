@@ -27,6 +27,7 @@ struct DocumentPreview::Pane
         view->setPage(page.get());
         view->setContextMenuPolicy(Qt::NoContextMenu);
         view->setFocusPolicy(Qt::NoFocus);
+        view->setAcceptDrops(false); // what is dropped here is for the window
         page->setBackgroundColor(view->palette().color(QPalette::Mid));
     }
 

@@ -5,6 +5,7 @@
 #include "model/displayed_number.h"
 #include "platform/file_io.h"
 #include "store/json_reader.h"
+#include "ui/jobs/profile_import.h"
 #include "ui/settings/settings_access.h"
 
 #include <QDialogButtonBox>
@@ -64,14 +65,7 @@ void BackupsTab::backUp()
 
 void BackupsTab::restore(const Backup& backup)
 {
-    const auto restored = settings().app().restoreBackup(backup.path);
-    if (!restored) {
-        settings().tell(restored.error().text());
-        return;
-    }
-    for (const ArchiveFailure& failure : restored->failures)
-        settings().tell(failure.text());
-    settings().parts().messages.note(restored->summary());
+    tellImported(settings().parts(), settings().app().restoreBackup(backup.path));
 }
 
 // ---- the trash

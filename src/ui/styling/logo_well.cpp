@@ -1,5 +1,6 @@
 #include "ui/styling/logo_well.h"
 
+#include "app/app_delegate.h"
 #include "render/logo_markup.h"
 #include "store/styling_folder.h"
 
@@ -38,11 +39,12 @@ QPixmap picture(const QString& logo)
                            : pixmap.scaled(pictureSize, Qt::KeepAspectRatio, Qt::SmoothTransformation);
 }
 
-/// The one local file that is being dragged.
+/// The one local file that is being dragged; a whole style is for the window.
 QString fileOf(const QMimeData* data)
 {
     const QList<QUrl> urls = data->urls();
-    return urls.size() == 1 ? urls.front().toLocalFile() : QString();
+    const bool isForHere = urls.size() == 1 && classify(urls.front()).kind != HandedOver::Kind::styling;
+    return isForHere ? urls.front().toLocalFile() : QString();
 }
 
 } // namespace
@@ -114,7 +116,8 @@ void LogoWell::dragLeaveEvent(QDragLeaveEvent*)
 void LogoWell::dropEvent(QDropEvent* event)
 {
     setHovered(false);
-    event->acceptProposedAction();
+    event->setDropAction(Qt::CopyAction); // the file stays where it is
+    event->accept();
     Q_EMIT dropped(fileOf(event->mimeData()));
 }
 

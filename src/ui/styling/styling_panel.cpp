@@ -3,6 +3,7 @@
 #include "ui/look/icons.h"
 #include "ui/look/undo_guard.h"
 #include "ui/styling/logo_well.h"
+#include "ui/styling/style_file_section.h"
 #include "ui/styling/styling_sections.h"
 
 #include <QApplication>
@@ -11,7 +12,7 @@
 namespace ledra {
 
 StylingPanel::StylingPanel(const WindowParts& parts, QWidget* parent)
-    : QWidget(parent), editing_(parts), scroll_(new QScrollArea(this))
+    : QWidget(parent), parts_(parts), editing_(parts), scroll_(new QScrollArea(this))
 {
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
@@ -77,7 +78,8 @@ void StylingPanel::addSections()
     for (QWidget* section : std::initializer_list<QWidget*>{
              new LogoSection(editing_, form_), new ColorsSection(editing_, form_),
              new FontsSection(editing_, form_), new PageSection(editing_, form_),
-             new TableSection(editing_, form_), new StyleSheetSection(editing_, form_)})
+             new TableSection(editing_, form_), new StyleSheetSection(editing_, form_),
+             new StyleFileSection(parts_, form_)})
         sections->addWidget(section);
     sections->addStretch();
     scroll_->setWidget(form_);

@@ -29,6 +29,7 @@ private:
     QWidget* makeHeader();
     void addSections();
 
+    const WindowParts& parts_;
     StylingEditing editing_;
     QScrollArea* scroll_;
     QWidget* form_ = nullptr;
