@@ -4,6 +4,7 @@
 #include "ui/commands/file_commands.h"
 #include "ui/editor/editor_panel.h"
 #include "ui/jobs/document_actions.h"
+#include "ui/jobs/file_passage.h"
 #include "ui/list/list_panel.h"
 #include "ui/list/side_bar.h"
 #include "ui/look/toast.h"
@@ -48,6 +49,7 @@ MainWindow::MainWindow(LedraApp& app, QtWebEngine& engine, WebFontManager& fonts
     setObjectName(QStringLiteral("main-window"));
     setWindowTitle(QStringLiteral("Ledra"));
     setAcceptDrops(true);
+    new FilePassage(this);
     setUpParts();
     addCommands();
     connectParts();
@@ -130,6 +132,8 @@ void MainWindow::connectApplication()
         parts_.app.undoStack().clear(); // its steps belong to the other profile
         shown_.reset();
         showProfiles();
+        if (selected().empty())
+            revealFirst();
         showSelected();
     });
     connect(&app.profileManager(), &ProfileManager::profilesChanged, this, [this] {
@@ -154,6 +158,7 @@ void MainWindow::addCommands()
     setContextMenuPolicy(Qt::NoContextMenu);
     commands_ = new CommandSet(*this, *menuBar(), *tools);
     addActiveProfileExport(*this);
+    addArchiveCommands(*this);
     addUndoCommands();
 }
 
@@ -220,6 +225,13 @@ void MainWindow::updateCommands()
 {
     commands_->update([this](CommandNeeds needs) { return isOffered(needs); });
     plugins_->update();
+}
+
+void MainWindow::revealFirst()
+{
+    const InvoiceTableModel& model = list_->model();
+    if (const InvoicePtr record = model.invoice(model.firstRecord()))
+        list_->list().reveal((*record)->id);
 }
 
 void MainWindow::reveal(const QUuid& id)
@@ -297,9 +309,10 @@ void MainWindow::restoreLook()
     const WindowLook::State state = look().restore(parts_.app.defaults());
     parts_.app.openEdit = state.isEditorOpen;
     const QModelIndex last = list_->model().indexOf(state.selectedId);
-    if (const InvoicePtr record =
-            list_->model().invoice(last.isValid() ? last : list_->model().firstRecord()))
+    if (const InvoicePtr record = list_->model().invoice(last))
         list_->list().reveal((*record)->id);
+    else
+        revealFirst();
 }
 
 void MainWindow::closeEvent(QCloseEvent* event)
@@ -324,7 +337,8 @@ void MainWindow::dragEnterEvent(QDragEnterEvent* event)
 
 void MainWindow::dropEvent(QDropEvent* event)
 {
-    event->acceptProposedAction();
+    event->setDropAction(Qt::CopyAction); // the files stay where they are
+    event->accept();
     // Whoever drops documents among the records wants them there, and can take that back. To be read only,
     // they are dropped on the viewer.
     if (event->mimeData()->hasUrls())

@@ -95,6 +95,7 @@ private:
     void showSelected();
     void showNone(std::size_t count);
     void showDocument(const InvoicePtr& record, bool isOther);
+    void revealFirst();
     void revealPending();
     WindowLook look();
     void restoreLook();

@@ -4,6 +4,7 @@
 
 #include <QHeaderView>
 #include <QListWidget>
+#include <QUndoStack>
 #include <QWebEnginePage>
 #include <QWebEngineView>
 
@@ -35,6 +36,25 @@ private:
         return std::unexpected(FileError{path, reason});
     }
 };
+
+/// What all windows show at present, as far as it is text outside of the page.
+QString shownTexts()
+{
+    QStringList texts;
+    for (const QWidget* widget : QApplication::allWidgets()) {
+        if (!widget->isVisible())
+            continue;
+        for (const char* name : {"text", "plainText", "currentText", "windowTitle"})
+            texts += widget->property(name).toString();
+        const auto* view = qobject_cast<const QAbstractItemView*>(widget);
+        const QAbstractItemModel* model = view ? view->model() : nullptr;
+        for (int row = 0; model && row < model->rowCount(); ++row) {
+            for (int column = 0; column < model->columnCount(); ++column)
+                texts += model->index(row, column).data().toString();
+        }
+    }
+    return texts.join(u'\n');
+}
 
 } // namespace
 
@@ -243,6 +263,39 @@ private Q_SLOTS:
         const QString id = desk.invoice().id.toString(QUuid::WithoutBraces);
         QTRY_VERIFY_WITH_TIMEOUT(test::runProgram({QStringLiteral("show"), id}).output.contains("Kiel"),
                                  10'000);
+    }
+
+    /// The editor, a record's own window, the styling, the settings and the preview turn to the other
+    /// profile.
+    void profilesChangeWhileWindowsAreOpen()
+    {
+        Desk desk;
+        desk.press("Ctrl+N");
+        QVERIFY(desk.type("Name", QStringLiteral("Jonas Ahlers")));
+        desk.app.undoableStyling().edit(
+            [](Styling& styling) { styling.primaryColor = QStringLiteral("12AB34"); }, EditKind::single);
+        for (const char* shortcut : {"Ctrl+Shift+Return", "Ctrl+Shift+Y", "Ctrl+,"})
+            desk.press(shortcut);
+        const DocumentPreview& preview = desk.window.previewPanel().preview();
+        QTRY_COMPARE_WITH_TIMEOUT(preview.pageCount(), 1, 20'000);
+        const QString before = shownTexts();
+        QVERIFY(before.count(u"Jonas Ahlers") >= 3); // list, editor, the record's window
+        QVERIFY(before.contains(u"12AB34", Qt::CaseInsensitive));
+
+        ProfileManager& profiles = desk.app.profileManager();
+        const QUuid first = (**profiles.activeProfile()).id;
+        profiles.resolveActiveProfile((**profiles.createProfile(QStringLiteral("Other")))->id);
+        QTRY_COMPARE(preview.pageCount(), 0);
+        const QString other = shownTexts();
+        QVERIFY2(!other.contains(u"Jonas Ahlers"), qPrintable(other));
+        QVERIFY2(!other.contains(u"12AB34", Qt::CaseInsensitive), qPrintable(other));
+        QCOMPARE(desk.lists()->item(0)->data(Qt::AccessibleTextRole).toString(), QStringLiteral("All, 0"));
+        QVERIFY(!desk.app.undoStack().canUndo());
+
+        profiles.resolveActiveProfile(first);
+        QTRY_COMPARE_WITH_TIMEOUT(preview.pageCount(), 1, 20'000);
+        QVERIFY(shownTexts().contains(u"Jonas Ahlers"));
+        QVERIFY(shownTexts().contains(u"12AB34", Qt::CaseInsensitive));
     }
 
 private:
