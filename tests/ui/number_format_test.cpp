@@ -2,6 +2,7 @@
 #include "support/desk.h"
 #include "support/named_widget.h"
 #include "support/test_suite.h"
+#include "ui/chips/token_button.h"
 #include "ui/document_desk.h"
 #include "ui/number_format/number_format_edit.h"
 #include "ui/number_format/number_format_language.h"
@@ -9,7 +10,9 @@
 
 #include <QClipboard>
 #include <QComboBox>
+#include <QDrag>
 #include <QMenu>
+#include <QMimeData>
 #include <QTabWidget>
 #include <QToolButton>
 
@@ -40,6 +43,30 @@ struct Line
     void type(const char* text) { QTest::keyClicks(&line, QString::fromUtf8(text)); }
     void click(const char* button) { QTest::mouseClick(named<QToolButton>(edit, button), Qt::LeftButton); }
     QString format() const { return edit.format(); }
+    TokenButton* button(const char* name) { return named<TokenButton>(edit, name); }
+
+    /// Drags something to the place before a character; true if the line takes it.
+    bool drop(const QMimeData& carried, int place)
+    {
+        QTextCursor cursor(line.document());
+        cursor.setPosition(place);
+        const QPoint point = line.cursorRect(cursor).center();
+        QDragEnterEvent enter(point, Qt::CopyAction, &carried, Qt::LeftButton, Qt::NoModifier);
+        QDragMoveEvent move(point, Qt::CopyAction, &carried, Qt::LeftButton, Qt::NoModifier);
+        QDropEvent drop(QPointF(point), Qt::CopyAction, &carried, Qt::LeftButton, Qt::NoModifier);
+        for (QDropEvent* each : {static_cast<QDropEvent*>(&enter), static_cast<QDropEvent*>(&move), &drop})
+            QApplication::sendEvent(line.viewport(), each);
+        return enter.isAccepted() && move.isAccepted() && drop.isAccepted();
+    }
+
+    /// An event of the mouse with its left button held.
+    static void hold(QWidget& widget, QEvent::Type type, const QPointF& place)
+    {
+        QMouseEvent event(type, place, widget.mapToGlobal(place),
+                          type == QEvent::MouseMove ? Qt::NoButton : Qt::LeftButton, Qt::LeftButton,
+                          Qt::NoModifier);
+        QApplication::sendEvent(&widget, &event);
+    }
 
     /// With chips as "*".
     QString seen() const { return line.toPlainText().replace(u'\ufffc', u'*'); }
@@ -138,6 +165,52 @@ private Q_SLOTS:
         line.press(Qt::Key_Right, Qt::ShiftModifier, 2); // a chip and what follows it
         line.press(Qt::Key_Right, Qt::AltModifier);
         QCOMPARE(line.format(), QStringLiteral("{NNN}{YYYY}-"));
+    }
+
+    void dropsChipsAtTheirPlace()
+    {
+        Line line("RE-{NNN}");
+        line.window.resize(520, 220);
+        line.window.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&line.window));
+        line.type("x");
+        const std::unique_ptr<QMimeData> date = line.button("Insert Date")->dragData();
+        QVERIFY(line.drop(*date, 3));
+        QCOMPARE(line.format(), QStringLiteral("RE-{YYYY}{NNN}x"));
+        QCOMPARE(line.seen(), QStringLiteral("RE-**x"));
+        line.type("/"); // one types on behind it
+        QCOMPARE(line.format(), QStringLiteral("RE-{YYYY}/{NNN}x"));
+        line.press(Qt::Key_Z, Qt::ControlModifier, 2);
+        QCOMPARE(line.format(), QStringLiteral("RE-{NNN}x")); // the drop is a step of its own
+        QVERIFY(line.drop(*date, 0));
+        QCOMPARE(line.format(), QStringLiteral("{YYYY}RE-{NNN}x"));
+        line.edit.setFormat(QString(90, u'a') + QStringLiteral("{NNN}"), QUuid());
+        line.press(Qt::Key_End); // scrolls
+        QVERIFY(line.drop(*date, 90));
+        QCOMPARE(line.format(), QString(90, u'a') + QStringLiteral("{YYYY}{NNN}"));
+        QMimeData letter; // a variable that numbers do not have
+        letter.setData(QString::fromLatin1(draggedTokenFormat), "{{amount}}");
+        QVERIFY(!line.drop(letter, 0));
+        line.line.setReadOnly(true);
+        QVERIFY(!line.drop(*date, 0));
+        QCOMPARE(line.format(), QString(90, u'a') + QStringLiteral("{YYYY}{NNN}"));
+    }
+
+    void buttonsAreDragged()
+    {
+        Line line("");
+        TokenButton* button = line.button("Insert Number");
+        Line::hold(*button, QEvent::MouseButtonPress, {6, 6});
+        Line::hold(*button, QEvent::MouseMove, {7, 6}); // a hand that trembles
+        QVERIFY(!button->findChild<QDrag*>());
+        Line::hold(*button, QEvent::MouseMove, {7.0 + 2 * QApplication::startDragDistance(), 6});
+        const auto* drag = button->findChild<QDrag*>(); // ends at once without a display, and goes later
+        QVERIFY(drag);
+        QCOMPARE(drag->mimeData()->data(QString::fromLatin1(draggedTokenFormat)), QByteArray("{NNN}"));
+        Line::hold(*button, QEvent::MouseButtonRelease, {6, 6});
+        QCOMPARE(line.format(), QString()); // that was no click
+        line.click("Insert Number");
+        QCOMPARE(line.format(), QStringLiteral("{NNN}"));
     }
 
     void copiesAndPastesText()

@@ -59,6 +59,17 @@ struct PluginsDesk : test::Desk, test::DialogAnswers
         return texts;
     }
 
+    /// The menus that can be seen in the bar.
+    QString menus()
+    {
+        QStringList titles;
+        for (const QAction* entry : window.menuBar()->actions()) {
+            if (entry->isVisible())
+                titles += entry->text().remove(u'&');
+        }
+        return titles.join(u' ');
+    }
+
     void run(const char* operation)
     {
         for (QAction* action : window.commands().all()) {
@@ -232,7 +243,9 @@ void PluginsTest::unusablePackagesAreRefused()
 void PluginsTest::menusFollowTheSwitches()
 {
     PluginsDesk desk;
+    QCOMPARE(desk.menus(), QStringLiteral("File Edit Invoice View Help"));
     QVERIFY(install(desk, "exports.importInvoices = exports.updateInvoices = () => []"));
+    QCOMPARE(desk.menus(), QStringLiteral("File Edit Invoice View Plugins Help"));
     QCOMPARE(desk.offered(), QStringList{QStringLiteral("Office: Import from File…")});
     desk.press("Ctrl+N");
     QCOMPARE(
@@ -243,6 +256,7 @@ void PluginsTest::menusFollowTheSwitches()
     QTest::keyClick(&desk.list(), Qt::Key_Space);
     QTRY_VERIFY(!desk.plugins().isEnabled(QStringLiteral("office")));
     QCOMPARE(desk.offered(), QStringList());
+    QCOMPARE(desk.menus(), QStringLiteral("File Edit Invoice View Help"));
     QVERIFY(PluginsDesk::shown(desk.settings()).contains(u"Nothing while it is switched off"));
     QTest::keyClick(&desk.list(), Qt::Key_Space);
     QTRY_COMPARE(desk.offered().size(), 4);

@@ -5,6 +5,7 @@
 #include "support/recording_console.h"
 #include "support/scripted_server.h"
 #include "support/test_suite.h"
+#include "ui/reminders/variable_text_edit.h"
 #include "ui/settings/settings_window.h"
 
 #include <QCheckBox>
@@ -147,6 +148,31 @@ private Q_SLOTS:
         QCOMPARE(desk.profile().vatPercentage, 7.5);
         QCOMPARE(desk.profile().startNumberYear, std::optional<std::int64_t>(2027));
         QVERIFY(desk.console.failures.isEmpty());
+    }
+
+    /// The letter of reminders shows chips; what is stored are their tokens.
+    void reminderTextsHaveChips()
+    {
+        Desk desk("Profiles");
+        desk.settings.findChild<QTabWidget*>()->setCurrentIndex(4);
+        auto* letter = named<VariableTextEdit>(desk.settings, "Text");
+        const auto stored = [&] { return desk.profile().reminderTemplate; };
+        letter->setFocus();
+        QTest::keyClicks(letter, QStringLiteral("Pay "));
+        desk.click("Insert Amount Due");
+        QTest::keyClicks(letter, QStringLiteral(" to {{name}}, {{other}}"));
+        QCOMPARE(letter->toPlainText(), QStringLiteral("Pay \ufffc to \ufffc, {{other}}"));
+        QTRY_COMPARE(stored(), QStringLiteral("Pay {{amount}} to {{name}}, {{other}}"));
+        QTest::keyClick(letter, Qt::Key_Z, Qt::ControlModifier);
+        QTRY_COMPARE(stored(), QStringLiteral("Pay {{amount}} to {{name}}"));
+        Profile other = desk.profile(); // as another program writes it
+        other.reminderTemplate = QStringLiteral("{{due-date}}\n\u00a0{{name}}{{");
+        QVERIFY(desk.app.profileManager().saveProfile(other, *other.profileName));
+        QTRY_COMPARE(letter->source(), other.reminderTemplate);
+        QTest::keyClick(letter, Qt::Key_Z, Qt::ControlModifier); // leads to nothing of before
+        desk.type("Fee", "5");
+        QTRY_COMPARE(desk.profile().latePaymentFee, 5.0);
+        QCOMPARE(stored(), other.reminderTemplate);
     }
 
     void generalSettings()

@@ -2,14 +2,18 @@
 #include "support/model_answer.h"
 #include "support/named_widget.h"
 #include "support/test_suite.h"
+#include "textparser/answer_reader.h"
+#include "ui/look/status_colors.h"
 #include "ui/settings/settings_window.h"
 #include "ui/text/extracted_fields_view.h"
+#include "ui/text/parser_texts.h"
 #include "ui/text/text_to_invoice.h"
 #include "ui/text/text_well.h"
 
 #include <QClipboard>
 #include <QComboBox>
 #include <QMimeData>
+#include <QTranslator>
 #include <QUndoStack>
 
 using namespace ledra;
@@ -94,6 +98,30 @@ struct TextDesk : test::Desk
 
     ScriptedServer server;
 };
+
+/// Marks what is translated of the parser's texts, and the places of values in it.
+class MarkingTranslator : public QTranslator
+{
+public:
+    MarkingTranslator() { QCoreApplication::installTranslator(this); }
+
+    bool isEmpty() const override { return false; }
+
+    QString translate(const char* context, const char* source, const char*, int) const override
+    {
+        if (std::string_view(context) != "TextParser")
+            return {};
+        QString text = QString::fromUtf8(source);
+        for (const char* place : {"%1", "%2"})
+            text.replace(QLatin1StringView(place), u'<' + QLatin1StringView(place) + u'>');
+        return u'[' + text + u']';
+    }
+};
+
+QString errorOf(const QString& modelsAnswer)
+{
+    return readAnswer(modelsAnswer).error();
+}
 
 } // namespace
 
@@ -190,6 +218,15 @@ private Q_SLOTS:
         desk.open().setText(QStringLiteral("Beratung"));
         QTRY_VERIFY(desk.shows("The on-device model isn’t available right now."));
         QVERIFY(!desk.button("Read Text")->isEnabled());
+        const auto* notice = desk.panel()->findChild<QWidget*>(QStringLiteral("parser-notice"));
+        const auto shownInk = [&] {
+            return notice->findChild<QLabel*>()->palette().color(QPalette::WindowText);
+        };
+        for (const QPalette& appearance : {darkPalette(), lightPalette()}) {
+            QApplication::setPalette(appearance); // while it is shown
+            QTRY_COMPARE(notice->palette().color(QPalette::Window), warningLook().ground());
+            QCOMPARE(shownInk(), warningLook().ink());
+        }
         desk.click("Text Parser Settings…");
         auto* settings = desk.window.findChild<SettingsWindow*>();
         QVERIFY(settings && named<QLineEdit>(*settings, "Address")->isVisible());
@@ -211,6 +248,54 @@ private Q_SLOTS:
         QTRY_VERIFY(empty.shows("Nothing was found"));
         QVERIFY(!empty.button("Use")->isEnabled());
         QVERIFY(empty.app.invoiceManager().invoices().empty());
+    }
+
+    /// What the window shows of errors as they come from below, in any language.
+    void errorsAreTranslatedAroundTheirValues_data()
+    {
+        QTest::addColumn<QString>("error");
+        QTest::addColumn<QString>("shown");
+        const auto row = [](const QString& error, const char* shown) {
+            QTest::newRow(shown) << error << QString::fromUtf8(shown);
+        };
+        const QString address = QStringLiteral("http://example.com");
+        const QString many = QStringLiteral("{},").repeated(mostItems) + QStringLiteral("{}");
+        row(errorOf(QStringLiteral(R"({"items":[{},{"unit":"box"}]})")),
+            "[the model’s answer cannot be used: <items.1.unit: [Unexpected rawValue \"<box>\" for "
+            "ExtractedUnit]>]");
+        row(errorOf(QStringLiteral(R"({"items":[{"unit":"%1: %2"}]})")),
+            "[the model’s answer cannot be used: <items.0.unit: [Unexpected rawValue \"<%1: %2>\" for "
+            "ExtractedUnit]>]");
+        row(errorOf(QStringLiteral(R"({"items":[%1]})").arg(many)),
+            "[the model’s answer cannot be used: <items: [is longer than <1000> items]>]");
+        row(errorOf(QStringLiteral(R"({"reference":"%1"})").arg(QString(longestLine + 1, u'x'))),
+            "[the model’s answer cannot be used: <reference: [is longer than <500> characters]>]");
+        row(errorOf(QStringLiteral(R"({"recipient":{"city":5}})")),
+            "[the model’s answer cannot be used: <recipient.city: [is not a text]>]");
+        row(errorOf(QStringLiteral("no")), "[the model’s answer holds no JSON]");
+        row(CompletionStream().feed("data: {\"error\":{\"message\":\"full: 3 GB\"}}\n\n").error(),
+            "[the model server reports an error: <full: [3 GB]>]");
+        row(CompletionStream().feed("data: {\"error\":{}}\n\n").error(),
+            "[the model server reports an error: <[no reason given]>]");
+        row(address + u' ' + localEndpoint(address).error(),
+            "[<http://example.com> is not on this computer]");
+        row(localEndpoint(QStringLiteral("here")).error(),
+            "[is no address such as <http://127.0.0.1:11434/v1>]");
+    }
+
+    void errorsAreTranslatedAroundTheirValues()
+    {
+        QFETCH(const QString, error);
+        const MarkingTranslator translator;
+        QTEST(parserText(error), "shown");
+    }
+
+    void refusalsOfTheServerAreTranslated()
+    {
+        const MarkingTranslator translator;
+        TextDesk desk({.status = 500, .pieces = {R"({"error":{"message":"no memory"}})"}});
+        QVERIFY(desk.read());
+        QTRY_VERIFY(desk.shows("[the model server answered with status <500>: <[no memory]>]"));
     }
 
     void textsArePastedAndDropped()

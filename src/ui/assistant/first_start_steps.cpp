@@ -22,26 +22,30 @@ QWidget* makeLook(const FirstStartSetting& setting, QWidget* parent)
     return new LookStep(setting, parent);
 }
 
-#define TEXT(text) QT_TRANSLATE_NOOP("ledra::FirstStartAssistant", text)
-
 constexpr std::array steps = {
-    FirstStartStep{TEXT("Who sends the invoices?"),
-                   TEXT("This stands at the head of your documents. The country decides which currency, VAT "
-                        "rate and language Ledra proposes."),
+    FirstStartStep{QT_TRANSLATE_NOOP("ledra::FirstStartAssistant", "Who sends the invoices?"),
+                   QT_TRANSLATE_NOOP(
+                       "ledra::FirstStartAssistant",
+                       "This stands at the head of your documents. The country decides which currency, VAT "
+                       "rate and language Ledra proposes."),
                    makeForm<addSenderFields>},
-    FirstStartStep{TEXT("Where are you paid?"),
-                   TEXT("The account stands on your invoices; e-invoices carry it for the customer’s bank."),
+    FirstStartStep{QT_TRANSLATE_NOOP("ledra::FirstStartAssistant", "Where are you paid?"),
+                   QT_TRANSLATE_NOOP(
+                       "ledra::FirstStartAssistant",
+                       "The account stands on your invoices; e-invoices carry it for the customer’s bank."),
                    makeForm<addBankFields, addCurrencyField>},
-    FirstStartStep{TEXT("How are you taxed?"),
-                   TEXT("Invoices need a tax number or a VAT ID. New lines take the rate; small businesses "
-                        "write documents without VAT."),
-                   makeForm<addTaxResidencyField, addTaxNumberFields, addVatFields>},
-    FirstStartStep{TEXT("What should your documents look like?"),
-                   TEXT("Choose a look and your colours. All of it can be changed later, down to each font."),
+    FirstStartStep{
+        QT_TRANSLATE_NOOP("ledra::FirstStartAssistant", "How are you taxed?"),
+        QT_TRANSLATE_NOOP("ledra::FirstStartAssistant",
+                          "Invoices need a tax number or a VAT ID. New lines take the rate; small businesses "
+                          "write documents without VAT."),
+        makeForm<addTaxResidencyField, addTaxNumberFields, addVatFields>},
+    FirstStartStep{QT_TRANSLATE_NOOP("ledra::FirstStartAssistant", "What should your documents look like?"),
+                   QT_TRANSLATE_NOOP(
+                       "ledra::FirstStartAssistant",
+                       "Choose a look and your colours. All of it can be changed later, down to each font."),
                    makeLook},
 };
-
-#undef TEXT
 
 } // namespace
 

@@ -1,16 +1,13 @@
 #include "ui/chips/chip_line_edit.h"
 
-#include "ui/look/undo_guard.h"
-
 #include <QLineEdit>
-#include <QMimeData>
 #include <QScrollBar>
 #include <QWheelEvent>
 
 namespace ledra {
 
 ChipLineEdit::ChipLineEdit(std::unique_ptr<const ChipLanguage> language, QWidget* parent)
-    : ChipTextEdit(std::move(language), parent)
+    : ChipTextEdit(std::move(language), parent), history_(new ChipHistory(*this))
 {
     constexpr double documentMargin = 4;
     document()->setDocumentMargin(documentMargin);
@@ -19,26 +16,7 @@ ChipLineEdit::ChipLineEdit(std::unique_ptr<const ChipLanguage> language, QWidget
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
-    connect(this, &ChipTextEdit::typed, this, [this] { take(true); });
-    connect(this, &ChipTextEdit::replaced, this, [this] { take(false); });
-}
-
-void ChipLineEdit::setText(const QString& source)
-{
-    if (source != this->source())
-        start(source);
-}
-
-void ChipLineEdit::start(const QString& source)
-{
-    setSource(source, false);
-    history_.reset(source);
-}
-
-void ChipLineEdit::take(bool isTyping)
-{
-    history_.take(source(), isTyping);
-    Q_EMIT edited(isTyping);
+    connect(history_, &ChipHistory::edited, this, &ChipLineEdit::edited);
 }
 
 QSize ChipLineEdit::sizeHint() const
@@ -55,21 +33,9 @@ QSize ChipLineEdit::minimumSizeHint() const
     return {width, sizeHint().height()};
 }
 
-void ChipLineEdit::step(const std::optional<QString>& state)
-{
-    if (!state)
-        return;
-    setSource(*state, true);
-    Q_EMIT edited(false);
-}
-
 void ChipLineEdit::keyPressEvent(QKeyEvent* event)
 {
-    if (event->matches(QKeySequence::Undo)) {
-        step(history_.back());
-    } else if (isUndoOrRedo(*event)) {
-        step(history_.forward());
-    } else if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
+    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
         event->ignore(); // the dialog may have a use for it
         Q_EMIT editingFinished();
     } else if (!moveByKey(*event)) {
@@ -115,7 +81,7 @@ void ChipLineEdit::move(int direction)
     cursor.setPosition(begin + direction);
     cursor.setPosition(end + direction, QTextCursor::KeepAnchor); // so that it can be moved on
     setTextCursor(cursor);
-    take(false);
+    history_->take(false);
 }
 
 void ChipLineEdit::focusOutEvent(QFocusEvent* event)
@@ -130,9 +96,9 @@ void ChipLineEdit::wheelEvent(QWheelEvent* event)
     event->ignore();
 }
 
-void ChipLineEdit::insertFromMimeData(const QMimeData* source)
+QString ChipLineEdit::pastedText(const QMimeData& source) const
 {
-    paste(unitsOf(source->text().simplified(), language()));
+    return ChipTextEdit::pastedText(source).simplified();
 }
 
 } // namespace ledra

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "ui/chips/chip_history.h"
 #include "ui/chips/chip_text_edit.h"
-#include "ui/chips/source_history.h"
 
 namespace ledra {
 
@@ -15,10 +15,10 @@ public:
     ChipLineEdit(std::unique_ptr<const ChipLanguage> language, QWidget* parent);
 
     /// Shows a text that somebody else has set; if it is another one, there is no way back behind it.
-    void setText(const QString& source);
+    void setText(const QString& source) { history_->show(source); }
 
     /// Shows a text that has nothing to do with the one before.
-    void start(const QString& source);
+    void start(const QString& source) { history_->start(source); }
 
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
@@ -31,15 +31,13 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
-    void insertFromMimeData(const QMimeData* source) override;
+    QString pastedText(const QMimeData& source) const override;
 
 private:
-    void take(bool isTyping);
-    void step(const std::optional<QString>& state);
     bool moveByKey(const QKeyEvent& event);
     void move(int direction);
 
-    SourceHistory history_;
+    ChipHistory* history_;
 };
 
 } // namespace ledra

@@ -3,6 +3,7 @@
 #include "ui/chips/chip_object.h"
 
 #include <QAbstractTextDocumentLayout>
+#include <QDropEvent>
 #include <QHelpEvent>
 #include <QMimeData>
 #include <QScopedValueRollback>
@@ -115,12 +116,34 @@ void ChipTextEdit::follow()
 
 bool ChipTextEdit::canInsertFromMimeData(const QMimeData* source) const
 {
-    return source->hasText();
+    return source->hasText() || !draggedToken(*source).isEmpty();
 }
 
 void ChipTextEdit::insertFromMimeData(const QMimeData* source)
 {
-    paste(unitsOf(source->text(), *language_));
+    paste(unitsOf(pastedText(*source), *language_));
+}
+
+QString ChipTextEdit::pastedText(const QMimeData& source) const
+{
+    const QString token = draggedToken(source);
+    return token.isEmpty() ? source.text() : token;
+}
+
+/// The token that is dragged, if it is one of this text's.
+QString ChipTextEdit::draggedToken(const QMimeData& source) const
+{
+    const QString token = QString::fromUtf8(source.data(QString::fromLatin1(draggedTokenFormat)));
+    const ChipUnits units = unitsOf(token, *language_);
+    return units.size() == 1 && units.front().isChip() ? token : QString();
+}
+
+void ChipTextEdit::dropEvent(QDropEvent* event)
+{
+    const QScopedValueRollback dropping(isPasting_, true); // the change is told when all of it is done
+    QTextEdit::dropEvent(event);
+    if (event->isAccepted())
+        setFocus(Qt::MouseFocusReason); // so that one types on behind it
 }
 
 QMimeData* ChipTextEdit::createMimeDataFromSelection() const

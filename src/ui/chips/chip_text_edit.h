@@ -9,6 +9,9 @@
 
 namespace ledra {
 
+/// The MIME type under which a token is dragged into texts; the data are the token.
+inline constexpr const char* draggedTokenFormat = "application/x-ledra-token";
+
 /// A text with tokens, each of which is a chip: typed, deleted and chosen as a whole, copied and pasted as
 /// its token. What goes back and forth is not the text's own matter.
 class ChipTextEdit : public QTextEdit
@@ -41,14 +44,18 @@ protected:
     bool viewportEvent(QEvent* event) override;
     bool canInsertFromMimeData(const QMimeData* source) const override;
     void insertFromMimeData(const QMimeData* source) override;
+    void dropEvent(QDropEvent* event) override;
     QMimeData* createMimeDataFromSelection() const override;
 
-    const ChipLanguage& language() const { return *language_; }
+    /// What is inserted of something that is pasted or dropped.
+    virtual QString pastedText(const QMimeData& source) const;
+
     ChipUnits units() const;
-    void paste(const ChipUnits& units);
 
 private:
     ChipUnits units(int begin, int end) const;
+    void paste(const ChipUnits& units);
+    QString draggedToken(const QMimeData& source) const;
     void insert(QTextCursor cursor, const ChipUnits& units) const;
     void follow();
     QString tokenAt(const QPoint& place) const;

@@ -26,6 +26,14 @@ void collect(const QMenu& menu, QList<QAction*>& actions)
     }
 }
 
+/// Where submenus stand: above the line before what closes the File menu, else at the end.
+QAction* placeOfSubmenus(const QMenu& menu, const QAction* closing)
+{
+    const QList<QAction*> entries = menu.actions();
+    const qsizetype place = entries.indexOf(closing);
+    return place > 0 ? entries[place - 1] : nullptr;
+}
+
 QString pathIn(const QMenu& menu, const QAction& action)
 {
     const QList<QAction*> entries = menu.actions();
@@ -66,7 +74,8 @@ CommandSet::CommandSet(MainWindow& window, QMenuBar& bar, QToolBar& tools)
     for (const MenuRow& row : menuTable()) {
         if (row.parent == row.menu)
             continue;
-        menus_.at(row.parent)->addMenu(menus_.at(row.menu));
+        QMenu* parent = menus_.at(row.parent);
+        parent->insertMenu(placeOfSubmenus(*parent, action("Settings")), menus_.at(row.menu));
         if (row.menu == Menu::status)
             contextMenu_->addMenu(menus_.at(row.menu));
     }

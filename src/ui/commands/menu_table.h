@@ -12,12 +12,12 @@ enum class Menu {
     fullList,
     filteredList,
     exportProfiles,
-    plugins, ///< filled with what the plugins offer
     profile,
     edit,
     record,
     status,
     view,
+    plugins, ///< filled with what the plugins offer, hidden while that is nothing
     help,
 };
 

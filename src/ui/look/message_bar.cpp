@@ -1,5 +1,6 @@
 #include "ui/look/message_bar.h"
 
+#include "ui/look/color_keeper.h"
 #include "ui/look/icons.h"
 #include "ui/look/status_colors.h"
 #include "ui/look/tab_place.h"
@@ -17,10 +18,7 @@ namespace {
 
 void tint(QWidget& row, const StatusLook& look)
 {
-    QPalette palette = row.palette();
-    palette.setColor(QPalette::Window, look.ground());
-    palette.setColor(QPalette::WindowText, look.ink());
-    row.setPalette(palette);
+    keepColors(row, look);
     row.setAutoFillBackground(true);
 }
 

@@ -1,13 +1,14 @@
 #include "ui/number_format/number_format_edit.h"
 
 #include "model/number_format.h"
+#include "ui/chips/token_button.h"
+#include "ui/look/color_keeper.h"
 #include "ui/look/status_colors.h"
 #include "ui/number_format/number_format_language.h"
 
 #include <QCoreApplication>
 #include <QHBoxLayout>
 #include <QMenu>
-#include <QToolButton>
 
 namespace ledra {
 
@@ -43,6 +44,7 @@ NumberFormatEdit::NumberFormatEdit(QWidget* parent)
         label->setWordWrap(true);
         label->hide();
     }
+    keepColors(*problem_, warningLook());
     sample_->setForegroundRole(QPalette::PlaceholderText);
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
@@ -58,25 +60,15 @@ NumberFormatEdit::NumberFormatEdit(QWidget* parent)
 /// Inserts the usual variable of a kind; its menu has the others.
 QWidget* NumberFormatEdit::makeButton(const NumberFormatChipTypeDefinition& type)
 {
-    const auto insert = [this](const QString& token) {
-        line_->insertToken(token);
-        line_->setFocus();
-    };
-    auto* button = new QToolButton(this);
-    button->setText(kindName(type.kind));
-    button->setAccessibleName(tr("Insert %1").arg(button->text()));
-    button->setFocusPolicy(Qt::TabFocus); // a click leaves the cursor in the line
-    button->setStyleSheet(QStringLiteral("QToolButton { border: 1px solid palette(mid); padding: 3px 6px; }"
-                                         "QToolButton[popupMode=\"1\"] { padding-right: 20px; }"
-                                         "QToolButton:focus { border-color: palette(highlight); }"
-                                         "QToolButton::menu-button { border: 0; width: 16px; }"));
-    connect(button, &QToolButton::clicked, line_,
-            [insert, token = tokenText(type.defaultToken)] { insert(token); });
+    auto* button = new TokenButton(tokenText(type.defaultToken), kindName(type.kind), *line_, this);
     if (type.tokens.size() > 1) {
         auto* menu = new QMenu(button);
         for (const char16_t* each : type.tokens) {
             const QString token = tokenText(each);
-            menu->addAction(NumberFormatLanguage().label(token), line_, [insert, token] { insert(token); });
+            menu->addAction(NumberFormatLanguage().label(token), line_, [this, token] {
+                line_->insertToken(token);
+                line_->setFocus();
+            });
         }
         button->setMenu(menu);
         button->setPopupMode(QToolButton::MenuButtonPopup);
@@ -100,9 +92,6 @@ void NumberFormatEdit::setSample(const QString& text)
 
 void NumberFormatEdit::setProblem(const QString& text)
 {
-    QPalette ink;
-    ink.setColor(QPalette::WindowText, warningLook().ink());
-    problem_->setPalette(ink);
     problem_->setText(text);
     problem_->setHidden(text.isEmpty());
     line_->setAccessibleDescription(text);

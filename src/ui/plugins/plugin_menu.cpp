@@ -44,7 +44,8 @@ void PluginMenu::refill()
         menu_.addSeparator();
         menu_.addAction(tr("Manage Plugins…"), this, &PluginMenu::pageWanted);
     }
-    menu_.menuAction()->setVisible(!menu_.isEmpty());
+    // What a hidden menu holds can still be found by the search for commands.
+    menu_.menuAction()->setVisible(!shown_->empty());
     update(now_);
 }
 

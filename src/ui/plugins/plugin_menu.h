@@ -10,7 +10,8 @@
 
 namespace ledra {
 
-/// A menu of what the enabled plugins offer, a submenu for each of them. It follows what is installed.
+/// A menu of what the enabled plugins offer, a submenu for each of them. It follows what is installed, and is
+/// hidden while there is nothing.
 class PluginMenu : public QObject
 {
     Q_OBJECT

@@ -46,7 +46,6 @@ private:
     void setUpFields();
     void layOut();
     QFormLayout* makeForm();
-    QGridLayout* makeVariableButtons();
     void connectFields();
 
     /// @param field tells changes of one field, of which the last one counts, from those of others

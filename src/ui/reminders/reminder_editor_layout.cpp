@@ -1,9 +1,9 @@
 #include "ui/reminders/field_guard.h"
 #include "ui/reminders/reminder_editor.h"
+#include "ui/reminders/variable_buttons.h"
 #include "ui/reminders/variable_text_edit.h"
 
 #include <QFormLayout>
-#include <QToolButton>
 #include <QVBoxLayout>
 
 namespace ledra {
@@ -76,7 +76,9 @@ void ReminderEditor::layOut()
     layout->addSpacing(8);
     layout->addLayout(textTitle);
     layout->addWidget(text_, 1);
-    layout->addLayout(makeVariableButtons());
+    constexpr int columns = 3;
+    layout->addWidget(new QLabel(tr("Insert:"), this));
+    layout->addWidget(new VariableButtons(*text_, columns, this));
     setMinimumWidth(390);
     setFocusProxy(text_);
 }
@@ -92,32 +94,6 @@ QFormLayout* ReminderEditor::makeForm()
     form->addRow(tr("Interest rate"), withRemark(interest_, interestAmount_));
     form->addRow(tr("Late payment fee"), withRemark(fee_, sum_));
     return form;
-}
-
-QGridLayout* ReminderEditor::makeVariableButtons()
-{
-    constexpr int columns = 3;
-    auto* grid = new QGridLayout;
-    grid->setSpacing(4);
-    grid->addWidget(new QLabel(tr("Insert:"), this), 0, 0, 1, columns);
-    int place = columns;
-    for (const EnumText<ReminderVariable>& row : enumTexts<ReminderVariable>) {
-        auto* button = new QToolButton(this);
-        button->setText(variableLabel(row.value));
-        button->setObjectName(QLatin1StringView(row.rawValue));
-        button->setAccessibleName(tr("Insert %1").arg(button->text()));
-        button->setFocusPolicy(Qt::TabFocus); // a click leaves the cursor in the text
-        button->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
-        button->setStyleSheet(QStringLiteral("QToolButton { border: 1px solid palette(mid); padding: 3px; }"
-                                             "QToolButton:focus { border-color: palette(highlight); }"));
-        connect(button, &QToolButton::clicked, this, [this, variable = row.value] {
-            text_->insertVariable(variable);
-            text_->setFocus();
-        });
-        grid->addWidget(button, place / columns, place % columns);
-        ++place;
-    }
-    return grid;
 }
 
 } // namespace ledra

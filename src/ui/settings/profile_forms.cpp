@@ -2,8 +2,10 @@
 
 #include "model/number_format.h"
 #include "model/number_format_checks.h"
-#include "model/reminder_variable.h"
+#include "ui/chips/chip_history.h"
 #include "ui/number_format/number_format_edit.h"
+#include "ui/reminders/variable_buttons.h"
+#include "ui/reminders/variable_text_edit.h"
 #include "ui/settings/profile_choices.h"
 #include "ui/settings/profile_fields.h"
 
@@ -140,24 +142,32 @@ void fillPresets(FieldForm& form, ProfileEditing& editing)
                    editing.field(&Profile::invoiceDarkMode));
 }
 
+/// The letter with its variables as chips; what is written are their tokens.
+void addReminderTemplate(FieldForm& form, ProfileEditing& editing)
+{
+    auto* letter = new VariableTextEdit(&form);
+    constexpr int height = 220;
+    letter->setFixedHeight(height);
+    letter->setPlaceholderText(ProfileForms::tr("Empty: the text that Ledra brings along"));
+    form.addField(ProfileForms::tr("Text"), letter);
+    constexpr int columns = 2;
+    form.addField(QString(), new VariableButtons(*letter, columns, &form));
+    auto* history = new ChipHistory(*letter);
+    const Access<QString> access = editing.field(&Profile::reminderTemplate);
+    QObject::connect(history, &ChipHistory::edited, letter,
+                     [letter, access] { access.write(letter->source()); });
+    form.follow([history, access, &editing, owner = QUuid()]() mutable {
+        const QUuid id = editing.profile().id;
+        if (std::exchange(owner, id) == id)
+            history->show(access.read());
+        else // the way back never leads to the letter of another profile
+            history->start(access.read());
+    });
+}
+
 void fillReminder(FieldForm& form, ProfileEditing& editing)
 {
-    QPlainTextEdit* letter =
-        form.addParagraph(ProfileForms::tr("Text"), editing.field(&Profile::reminderTemplate), 9);
-    letter->setPlaceholderText(ProfileForms::tr("Empty: the text that Ledra brings along"));
-    auto* variables = new QComboBox(&form);
-    variables->addItem(ProfileForms::tr("Insert a variable…"));
-    for (const EnumText<ReminderVariable>& row : enumTexts<ReminderVariable>)
-        variables->addItem(
-            QCoreApplication::translate("ReminderVariable", displayText(row.value).toUtf8().constData()),
-            token(row.value));
-    form.addField(QString(), variables);
-    variables->setAccessibleName(ProfileForms::tr("Insert a variable…"));
-    QObject::connect(variables, &QComboBox::activated, letter, [letter, variables](int row) {
-        letter->insertPlainText(variables->itemData(row).toString());
-        variables->setCurrentIndex(0);
-        letter->setFocus();
-    });
+    addReminderTemplate(form, editing);
     form.addToggle(ProfileForms::tr("Begin with a friendly reminder, without interest and fee"),
                    editing.field(&Profile::friendlyReminderEnabled));
     form.addNumber(ProfileForms::tr("Interest"), editing.field(&Profile::latePaymentInterestRate), 0,

@@ -22,18 +22,14 @@ QWidget* make(SettingsWindow& window)
     return new Page(window); // the stack of pages owns it
 }
 
-#define TITLE(text) QT_TRANSLATE_NOOP("ledra::SettingsWindow", text)
-
 constexpr std::array pages = {
-    SettingsPage{TITLE("General"), "settings", make<GeneralPage>},
-    SettingsPage{TITLE("Profiles"), "person", make<ProfilesPage>, false},
-    SettingsPage{TITLE("Data"), "folder", make<DataPage>, false},
-    SettingsPage{TITLE("Export"), "export", make<ExportPage>},
-    SettingsPage{TITLE("Plugins"), "plugin", make<PluginsPage>, false},
-    SettingsPage{TITLE("Text Parser"), "search", make<TextParserPage>},
+    SettingsPage{QT_TRANSLATE_NOOP("ledra::SettingsWindow", "General"), "settings", make<GeneralPage>},
+    SettingsPage{QT_TRANSLATE_NOOP("ledra::SettingsWindow", "Profiles"), "person", make<ProfilesPage>, false},
+    SettingsPage{QT_TRANSLATE_NOOP("ledra::SettingsWindow", "Data"), "folder", make<DataPage>, false},
+    SettingsPage{QT_TRANSLATE_NOOP("ledra::SettingsWindow", "Export"), "export", make<ExportPage>},
+    SettingsPage{QT_TRANSLATE_NOOP("ledra::SettingsWindow", "Plugins"), "plugin", make<PluginsPage>, false},
+    SettingsPage{QT_TRANSLATE_NOOP("ledra::SettingsWindow", "Text Parser"), "search", make<TextParserPage>},
 };
-
-#undef TITLE
 
 } // namespace
 

@@ -24,7 +24,7 @@ Access<QString> whenRight(SettingsWindow& window, const char* key, const FieldFo
 QString addressProblem(const QString& text)
 {
     const std::expected<QUrl, QString> address = localEndpoint(text);
-    return address ? QString() : TextParserPage::tr("This address %1").arg(address.error());
+    return address ? QString() : TextParserPage::tr("This address %1").arg(parserText(address.error()));
 }
 
 } // namespace

@@ -26,31 +26,27 @@ struct FieldName
     const char* name;
 };
 
-#define NAME(text) QT_TRANSLATE_NOOP("ledra::ExtractedFieldsView", text)
-
 constexpr std::array fieldNames = {
-    FieldName{"name", NAME("Name")},
-    FieldName{"businessName", NAME("Business")},
-    FieldName{"email", NAME("Email")},
-    FieldName{"addressLineOne", NAME("Address")},
-    FieldName{"addressLineTwo", NAME("Address line 2")},
-    FieldName{"postcode", NAME("Postcode")},
-    FieldName{"city", NAME("City")},
-    FieldName{"state", NAME("State")},
-    FieldName{"countryCode", NAME("Country")},
-    FieldName{"description", NAME("Description")},
-    FieldName{"quantity", NAME("Quantity")},
-    FieldName{"unit", NAME("Unit")},
-    FieldName{"unitPrice", NAME("Price")},
-    FieldName{"vatPercentage", NAME("VAT in percent")},
-    FieldName{"note", NAME("Note")},
-    FieldName{"reference", NAME("Reference")},
-    FieldName{"currencyCode", NAME("Currency")},
-    FieldName{"serviceDateStart", NAME("Service from")},
-    FieldName{"serviceDateEnd", NAME("Service until")},
+    FieldName{"name", QT_TRANSLATE_NOOP("ledra::ExtractedFieldsView", "Name")},
+    FieldName{"businessName", QT_TRANSLATE_NOOP("ledra::ExtractedFieldsView", "Business")},
+    FieldName{"email", QT_TRANSLATE_NOOP("ledra::ExtractedFieldsView", "Email")},
+    FieldName{"addressLineOne", QT_TRANSLATE_NOOP("ledra::ExtractedFieldsView", "Address")},
+    FieldName{"addressLineTwo", QT_TRANSLATE_NOOP("ledra::ExtractedFieldsView", "Address line 2")},
+    FieldName{"postcode", QT_TRANSLATE_NOOP("ledra::ExtractedFieldsView", "Postcode")},
+    FieldName{"city", QT_TRANSLATE_NOOP("ledra::ExtractedFieldsView", "City")},
+    FieldName{"state", QT_TRANSLATE_NOOP("ledra::ExtractedFieldsView", "State")},
+    FieldName{"countryCode", QT_TRANSLATE_NOOP("ledra::ExtractedFieldsView", "Country")},
+    FieldName{"description", QT_TRANSLATE_NOOP("ledra::ExtractedFieldsView", "Description")},
+    FieldName{"quantity", QT_TRANSLATE_NOOP("ledra::ExtractedFieldsView", "Quantity")},
+    FieldName{"unit", QT_TRANSLATE_NOOP("ledra::ExtractedFieldsView", "Unit")},
+    FieldName{"unitPrice", QT_TRANSLATE_NOOP("ledra::ExtractedFieldsView", "Price")},
+    FieldName{"vatPercentage", QT_TRANSLATE_NOOP("ledra::ExtractedFieldsView", "VAT in percent")},
+    FieldName{"note", QT_TRANSLATE_NOOP("ledra::ExtractedFieldsView", "Note")},
+    FieldName{"reference", QT_TRANSLATE_NOOP("ledra::ExtractedFieldsView", "Reference")},
+    FieldName{"currencyCode", QT_TRANSLATE_NOOP("ledra::ExtractedFieldsView", "Currency")},
+    FieldName{"serviceDateStart", QT_TRANSLATE_NOOP("ledra::ExtractedFieldsView", "Service from")},
+    FieldName{"serviceDateEnd", QT_TRANSLATE_NOOP("ledra::ExtractedFieldsView", "Service until")},
 };
-
-#undef NAME
 
 QString nameOf(const QString& key)
 {

@@ -6,7 +6,8 @@
 
 namespace ledra {
 
-// What the text parser says, in the language of the window. A text that is not in its table stays as it is.
+// What the text parser says, in the language of the window. Values within a text stay as they are, and so
+// does a text that is not in its table.
 
 QString parserText(const QString& line);
 QString parserText(const UnusedText& unused);
