@@ -334,6 +334,73 @@
     </message>
 </context>
 <context>
+    <name>FailureTexts</name>
+    <message>
+        <source>Could not open the selected PDF.</source>
+        <translation>Das ausgewählte PDF konnte nicht geöffnet werden.</translation>
+    </message>
+    <message>
+        <source>Only PDFs exported by Ledra can be reimported.</source>
+        <translation>Nur von Ledra exportierte PDFs können wieder importiert werden.</translation>
+    </message>
+    <message>
+        <source>There is already another version of this invoice. If you still want to import it, you must first delete the existing one.</source>
+        <translation>Es gibt bereits eine andere Version dieser Rechnung. Wenn Sie sie trotzdem importieren möchten, müssen Sie zuerst die vorhandene löschen.</translation>
+    </message>
+    <message>
+        <source>Could not read the selected XML file.</source>
+        <translation>Die ausgewählte XML-Datei konnte nicht gelesen werden.</translation>
+    </message>
+    <message>
+        <source>This file does not appear to be a valid e-invoice.</source>
+        <translation>Diese Datei scheint keine gültige E-Rechnung zu sein.</translation>
+    </message>
+    <message>
+        <source>The selected file is not a valid Ledra Data file.</source>
+        <translation>Die ausgewählte Datei ist keine gültige Ledra-Datendatei.</translation>
+    </message>
+    <message>
+        <source>Failed to extract the Ledra Data file.</source>
+        <translation>Die Ledra-Datendatei konnte nicht entpackt werden.</translation>
+    </message>
+    <message>
+        <source>No valid profiles found in the Ledra Data file.</source>
+        <translation>In der Ledra-Datendatei wurden keine gültigen Profile gefunden.</translation>
+    </message>
+    <message>
+        <source>Profile has no name</source>
+        <translation>Das Profil hat keinen Namen</translation>
+    </message>
+    <message>
+        <source>Profile directory not found: </source>
+        <translation>Profilordner nicht gefunden: </translation>
+    </message>
+    <message>
+        <source>The selected file is not a valid Style file.</source>
+        <translation>Die ausgewählte Datei ist keine gültige Stildatei.</translation>
+    </message>
+    <message>
+        <source>Failed to extract the Style file.</source>
+        <translation>Die Stildatei konnte nicht entpackt werden.</translation>
+    </message>
+    <message>
+        <source>The Style file doesn’t contain any styling.</source>
+        <translation>Die Stildatei enthält keine Gestaltung.</translation>
+    </message>
+    <message>
+        <source>The profile could not be found.</source>
+        <translation>Das Profil wurde nicht gefunden.</translation>
+    </message>
+    <message>
+        <source>This profile has no styling to export yet.</source>
+        <translation>Dieses Profil hat noch keine Gestaltung, die exportiert werden könnte.</translation>
+    </message>
+    <message>
+        <source>Failed to create the Style file.</source>
+        <translation>Die Stildatei konnte nicht erstellt werden.</translation>
+    </message>
+</context>
+<context>
     <name>HelpCommands</name>
     <message>
         <source>No program for e-mail could be opened.</source>
@@ -845,10 +912,6 @@
         <translation>Leer: der Text, den Ledra mitbringt</translation>
     </message>
     <message>
-        <source>Insert a variable…</source>
-        <translation>Variable einfügen…</translation>
-    </message>
-    <message>
         <source>Begin with a friendly reminder, without interest and fee</source>
         <translation>Mit einer Zahlungserinnerung beginnen, ohne Zinsen und Mahnkosten</translation>
     </message>
@@ -863,6 +926,57 @@
     <message>
         <source>Fee</source>
         <translation>Mahnkosten</translation>
+    </message>
+</context>
+<context>
+    <name>ProfileImport</name>
+    <message>
+        <source>Successfully imported %1 profile(s).</source>
+        <translation>%1 Profil(e) erfolgreich importiert.</translation>
+    </message>
+    <message>
+        <source>Failed to import %1 profile(s).</source>
+        <translation>%1 Profil(e) konnten nicht importiert werden.</translation>
+    </message>
+    <message>
+        <source>Import Completed with Issues</source>
+        <translation>Import mit Problemen abgeschlossen</translation>
+    </message>
+    <message>
+        <source>Use</source>
+        <translation>Verwenden</translation>
+    </message>
+    <message>
+        <source>Take Back</source>
+        <translation>Zurücknehmen</translation>
+    </message>
+    <message>
+        <source>Choose the Ledra Data file you want to import</source>
+        <translation>Wählen Sie die Ledra-Datendatei, die Sie importieren möchten</translation>
+    </message>
+    <message>
+        <source>Ledra Data (*%1)</source>
+        <translation>Ledra-Daten (*%1)</translation>
+    </message>
+    <message>
+        <source>Do you want to import profiles from “%1”?</source>
+        <translation>Möchten Sie Profile aus „%1“ importieren?</translation>
+    </message>
+    <message>
+        <source>They are added beside the profiles that you have.</source>
+        <translation>Sie kommen zu den Profilen hinzu, die Sie haben.</translation>
+    </message>
+    <message>
+        <source>Import</source>
+        <translation>Importieren</translation>
+    </message>
+    <message>
+        <source>Import Failed</source>
+        <translation>Import fehlgeschlagen</translation>
+    </message>
+    <message>
+        <source>Imported profiles: %1</source>
+        <translation>Importierte Profile: %1</translation>
     </message>
 </context>
 <context>
@@ -1061,6 +1175,53 @@
     </message>
 </context>
 <context>
+    <name>StyleExchange</name>
+    <message>
+        <source>Ledra Style (*%1)</source>
+        <translation>Ledra-Stil (*%1)</translation>
+    </message>
+    <message>
+        <source>Export Failed</source>
+        <translation>Export fehlgeschlagen</translation>
+    </message>
+    <message>
+        <source>Exported: %1</source>
+        <translation>Exportiert: %1</translation>
+    </message>
+    <message>
+        <source>Show</source>
+        <translation>Zeigen</translation>
+    </message>
+    <message>
+        <source>Import Failed</source>
+        <translation>Import fehlgeschlagen</translation>
+    </message>
+    <message>
+        <source>The style of “%1” is in use. “Undo” takes it back.</source>
+        <translation>Der Stil aus „%1“ ist in Gebrauch. „Rückgängig“ nimmt ihn zurück.</translation>
+    </message>
+    <message>
+        <source>Export Style</source>
+        <translation>Stil exportieren</translation>
+    </message>
+    <message>
+        <source>Choose the Style file you want to import</source>
+        <translation>Wählen Sie die Stildatei, die Sie importieren möchten</translation>
+    </message>
+    <message>
+        <source>Do you want to use the style of “%1”?</source>
+        <translation>Möchten Sie den Stil von „%1“ verwenden?</translation>
+    </message>
+    <message>
+        <source>It replaces fonts, colours, page layout, logo and style sheet of the profile “%1”, for documents of the past as well. An earlier logo and style sheet go to the trash.</source>
+        <translation>Er ersetzt Schriften, Farben, Seitenlayout, Logo und Stylesheet des Profils „%1“, auch für frühere Belege. Bisheriges Logo und Stylesheet kommen in den Papierkorb.</translation>
+    </message>
+    <message>
+        <source>Import</source>
+        <translation>Importieren</translation>
+    </message>
+</context>
+<context>
     <name>TextParser</name>
     <message>
         <source>The on-device model isn’t available right now.</source>
@@ -1174,6 +1335,94 @@
         <source>their prices are net, those of the invoice gross</source>
         <translation>ihre Preise sind netto, die der Rechnung brutto</translation>
     </message>
+    <message>
+        <source>the model’s answer cannot be used: %1</source>
+        <translation>Die Antwort des Modells ist nicht verwendbar: %1</translation>
+    </message>
+    <message>
+        <source>the model server answered with status %1: %2</source>
+        <translation>Der Modellserver hat mit dem Status %1 geantwortet: %2</translation>
+    </message>
+    <message>
+        <source>the model server reports an error: %1</source>
+        <translation>Der Modellserver meldet einen Fehler: %1</translation>
+    </message>
+    <message>
+        <source>no reason given</source>
+        <translation>kein Grund genannt</translation>
+    </message>
+    <message>
+        <source>the model server sent something that is not valid JSON</source>
+        <translation>Der Modellserver hat etwas gesendet, das kein gültiges JSON ist</translation>
+    </message>
+    <message>
+        <source>the model’s answer is not valid JSON</source>
+        <translation>Die Antwort des Modells ist kein gültiges JSON</translation>
+    </message>
+    <message>
+        <source>the model’s answer holds no JSON</source>
+        <translation>Die Antwort des Modells enthält kein JSON</translation>
+    </message>
+    <message>
+        <source>the model’s answer is longer than 1 MiB</source>
+        <translation>Die Antwort des Modells ist länger als 1 MiB</translation>
+    </message>
+    <message>
+        <source>the model’s answer was cut off because it got too long</source>
+        <translation>Die Antwort des Modells wurde abgebrochen, weil sie zu lang wurde</translation>
+    </message>
+    <message>
+        <source>the text is longer than %1 characters</source>
+        <translation>Der Text ist länger als %1 Zeichen</translation>
+    </message>
+    <message>
+        <source>is not a text</source>
+        <translation>ist kein Text</translation>
+    </message>
+    <message>
+        <source>is not a number</source>
+        <translation>ist keine Zahl</translation>
+    </message>
+    <message>
+        <source>is not an object</source>
+        <translation>ist kein Objekt</translation>
+    </message>
+    <message>
+        <source>is not a list</source>
+        <translation>ist keine Liste</translation>
+    </message>
+    <message>
+        <source>is out of range</source>
+        <translation>liegt außerhalb des möglichen Bereichs</translation>
+    </message>
+    <message>
+        <source>is longer than %1 characters</source>
+        <translation>ist länger als %1 Zeichen</translation>
+    </message>
+    <message>
+        <source>is longer than %1 items</source>
+        <translation>hat mehr als %1 Einträge</translation>
+    </message>
+    <message>
+        <source>Unexpected rawValue &quot;%1&quot; for ExtractedUnit</source>
+        <translation>Unerwarteter Wert „%1“ für ExtractedUnit</translation>
+    </message>
+    <message>
+        <source>is not on this computer</source>
+        <translation>ist nicht auf diesem Computer</translation>
+    </message>
+    <message>
+        <source>is no address such as %1</source>
+        <translation>ist keine Adresse wie %1</translation>
+    </message>
+    <message>
+        <source>%1 is not on this computer</source>
+        <translation>%1 ist nicht auf diesem Computer</translation>
+    </message>
+    <message>
+        <source>%1 is no address such as %2</source>
+        <translation>%1 ist keine Adresse wie %2</translation>
+    </message>
 </context>
 <context>
     <name>UndoText</name>
@@ -1228,6 +1477,10 @@
     <message>
         <source>Update with %1</source>
         <translation>Aktualisierung mit %1</translation>
+    </message>
+    <message>
+        <source>Styling</source>
+        <translation>Gestaltung</translation>
     </message>
 </context>
 <context>
@@ -1528,10 +1781,6 @@
         <translation>Einstellungen</translation>
     </message>
     <message>
-        <source>Plugins</source>
-        <translation>Plugins</translation>
-    </message>
-    <message>
         <source>New Invoice from Text…</source>
         <translation>Neue Rechnung aus Text…</translation>
     </message>
@@ -1546,6 +1795,22 @@
     <message>
         <source>Set Up Ledra…</source>
         <translation>Ledra einrichten…</translation>
+    </message>
+    <message>
+        <source>Import Profiles…</source>
+        <translation>Profile importieren…</translation>
+    </message>
+    <message>
+        <source>Import Style…</source>
+        <translation>Stil importieren…</translation>
+    </message>
+    <message>
+        <source>Export Style…</source>
+        <translation>Stil exportieren…</translation>
+    </message>
+    <message>
+        <source>&amp;Plugins</source>
+        <translation>&amp;Plugins</translation>
     </message>
 </context>
 <context>
@@ -2013,6 +2278,82 @@
         <source>Item %1</source>
         <translation>Position %1</translation>
     </message>
+    <message>
+        <source>Name</source>
+        <translation>Name</translation>
+    </message>
+    <message>
+        <source>Business</source>
+        <translation>Firma</translation>
+    </message>
+    <message>
+        <source>Email</source>
+        <translation>E-Mail</translation>
+    </message>
+    <message>
+        <source>Address</source>
+        <translation>Adresse</translation>
+    </message>
+    <message>
+        <source>Address line 2</source>
+        <translation>Adresszeile 2</translation>
+    </message>
+    <message>
+        <source>Postcode</source>
+        <translation>PLZ</translation>
+    </message>
+    <message>
+        <source>City</source>
+        <translation>Ort</translation>
+    </message>
+    <message>
+        <source>State</source>
+        <translation>Bundesland</translation>
+    </message>
+    <message>
+        <source>Country</source>
+        <translation>Land</translation>
+    </message>
+    <message>
+        <source>Description</source>
+        <translation>Beschreibung</translation>
+    </message>
+    <message>
+        <source>Quantity</source>
+        <translation>Menge</translation>
+    </message>
+    <message>
+        <source>Unit</source>
+        <translation>Einheit</translation>
+    </message>
+    <message>
+        <source>Price</source>
+        <translation>Einzelpreis</translation>
+    </message>
+    <message>
+        <source>VAT in percent</source>
+        <translation>USt. in Prozent</translation>
+    </message>
+    <message>
+        <source>Note</source>
+        <translation>Anmerkung</translation>
+    </message>
+    <message>
+        <source>Reference</source>
+        <translation>Referenz</translation>
+    </message>
+    <message>
+        <source>Currency</source>
+        <translation>Währung</translation>
+    </message>
+    <message>
+        <source>Service from</source>
+        <translation>Leistung von</translation>
+    </message>
+    <message>
+        <source>Service until</source>
+        <translation>Leistung bis</translation>
+    </message>
 </context>
 <context>
     <name>ledra::FieldForm</name>
@@ -2056,24 +2397,22 @@
         <translation>%1: Das Dokument nennt eine andere Summe: %2</translation>
     </message>
     <message>
-        <source>Do you want to import profiles from “%1”?</source>
-        <translation>Möchten Sie Profile aus „%1“ importieren?</translation>
+        <source>Imported. “Undo” takes it out again.</source>
+        <translation>Importiert. „Rückgängig“ nimmt es wieder heraus.</translation>
     </message>
-    <message>
-        <source>They are added beside the profiles that you have.</source>
-        <translation>Sie werden neben Ihren vorhandenen Profilen hinzugefügt.</translation>
+    <message numerus="yes">
+        <source>%n documents imported. “Undo” takes them out again.</source>
+        <translation>
+            <numerusform>%n Beleg importiert. „Rückgängig“ nimmt ihn wieder heraus.</numerusform>
+            <numerusform>%n Belege importiert. „Rückgängig“ nimmt sie wieder heraus.</numerusform>
+        </translation>
     </message>
-    <message>
-        <source>Import Completed with Issues</source>
-        <translation>Import mit Problemen abgeschlossen</translation>
-    </message>
-    <message>
-        <source>Do you want to use the style of “%1”?</source>
-        <translation>Möchten Sie den Stil von „%1“ verwenden?</translation>
-    </message>
-    <message>
-        <source>It replaces fonts, colours, page layout, logo and style sheet of the profile “%1”, for documents of the past as well. An earlier logo and style sheet go to the trash.</source>
-        <translation>Er ersetzt Schriften, Farben, Seitenlayout, Logo und Stylesheet des Profils „%1“, auch für frühere Belege. Bisheriges Logo und Stylesheet kommen in den Papierkorb.</translation>
+    <message numerus="yes">
+        <source>and %n more</source>
+        <translation>
+            <numerusform>und %n weiterer</numerusform>
+            <numerusform>und %n weitere</numerusform>
+        </translation>
     </message>
 </context>
 <context>
@@ -2228,6 +2567,38 @@
     <message>
         <source>Discard</source>
         <translation>Verwerfen</translation>
+    </message>
+    <message>
+        <source>Who sends the invoices?</source>
+        <translation>Wer schreibt die Rechnungen?</translation>
+    </message>
+    <message>
+        <source>This stands at the head of your documents. The country decides which currency, VAT rate and language Ledra proposes.</source>
+        <translation>Das steht am Kopf Ihrer Dokumente. Das Land entscheidet, welche Währung, welchen Steuersatz und welche Sprache Ledra vorschlägt.</translation>
+    </message>
+    <message>
+        <source>Where are you paid?</source>
+        <translation>Wohin wird bezahlt?</translation>
+    </message>
+    <message>
+        <source>The account stands on your invoices; e-invoices carry it for the customer’s bank.</source>
+        <translation>Das Konto steht auf Ihren Rechnungen; E-Rechnungen enthalten es für die Bank des Kunden.</translation>
+    </message>
+    <message>
+        <source>How are you taxed?</source>
+        <translation>Wie werden Sie besteuert?</translation>
+    </message>
+    <message>
+        <source>Invoices need a tax number or a VAT ID. New lines take the rate; small businesses write documents without VAT.</source>
+        <translation>Rechnungen brauchen eine Steuernummer oder eine USt-IdNr. Neue Positionen übernehmen den Satz; Kleinunternehmer schreiben Dokumente ohne Umsatzsteuer.</translation>
+    </message>
+    <message>
+        <source>What should your documents look like?</source>
+        <translation>Wie sollen Ihre Dokumente aussehen?</translation>
+    </message>
+    <message>
+        <source>Choose a look and your colours. All of it can be changed later, down to each font.</source>
+        <translation>Wählen Sie ein Aussehen und Ihre Farben. Alles lässt sich später ändern, bis zur einzelnen Schrift.</translation>
     </message>
 </context>
 <context>
@@ -2862,10 +3233,6 @@ Sie gehen verloren, wenn das Fenster jetzt geschlossen wird.</translation>
     <message>
         <source>Variables are chips among free text. Alt and an arrow key move a chip.</source>
         <translation>Variablen stehen als Marken im freien Text. Alt und eine Pfeiltaste verschieben eine Marke.</translation>
-    </message>
-    <message>
-        <source>Insert %1</source>
-        <translation>%1 einfügen</translation>
     </message>
 </context>
 <context>
@@ -3528,10 +3895,6 @@ Fügen Sie einen .ledraplugin-Ordner hinzu, um zu beginnen.</translation>
         <source>Insert:</source>
         <translation>Einfügen:</translation>
     </message>
-    <message>
-        <source>Insert %1</source>
-        <translation>%1 einfügen</translation>
-    </message>
 </context>
 <context>
     <name>ledra::ReminderExport</name>
@@ -3737,6 +4100,30 @@ Fügen Sie einen .ledraplugin-Ordner hinzu, um zu beginnen.</translation>
         <source>Pages</source>
         <translation>Seiten</translation>
     </message>
+    <message>
+        <source>General</source>
+        <translation>Allgemein</translation>
+    </message>
+    <message>
+        <source>Profiles</source>
+        <translation>Profile</translation>
+    </message>
+    <message>
+        <source>Data</source>
+        <translation>Daten</translation>
+    </message>
+    <message>
+        <source>Export</source>
+        <translation>Export</translation>
+    </message>
+    <message>
+        <source>Plugins</source>
+        <translation>Plugins</translation>
+    </message>
+    <message>
+        <source>Text Parser</source>
+        <translation>Texterkennung</translation>
+    </message>
 </context>
 <context>
     <name>ledra::ShortcutSheet</name>
@@ -3806,6 +4193,29 @@ Fügen Sie einen .ledraplugin-Ordner hinzu, um zu beginnen.</translation>
     <message>
         <source>Reminders</source>
         <translation>Mahnungen</translation>
+    </message>
+</context>
+<context>
+    <name>ledra::StyleFileSection</name>
+    <message>
+        <source>Style file</source>
+        <translation>Stildatei</translation>
+    </message>
+    <message>
+        <source>Import Style…</source>
+        <translation>Stil importieren…</translation>
+    </message>
+    <message>
+        <source>Takes over a whole look, with its logo and its style sheet</source>
+        <translation>Übernimmt ein ganzes Aussehen mit Logo und Stylesheet</translation>
+    </message>
+    <message>
+        <source>Export Style…</source>
+        <translation>Stil exportieren…</translation>
+    </message>
+    <message>
+        <source>Writes this look into a file, for another profile or another computer</source>
+        <translation>Schreibt dieses Aussehen in eine Datei, für ein anderes Profil oder einen anderen Rechner</translation>
     </message>
 </context>
 <context>
@@ -4034,6 +4444,17 @@ Fügen Sie einen .ledraplugin-Ordner hinzu, um zu beginnen.</translation>
     <message>
         <source>Message</source>
         <translation>Meldung</translation>
+    </message>
+</context>
+<context>
+    <name>ledra::TokenButton</name>
+    <message>
+        <source>Insert %1</source>
+        <translation>%1 einfügen</translation>
+    </message>
+    <message>
+        <source>Click to insert it at the cursor, or drag it to its place.</source>
+        <translation>Klicken fügt es an der Schreibmarke ein; oder ziehen Sie es an seinen Platz.</translation>
     </message>
 </context>
 <context>

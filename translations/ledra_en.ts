@@ -93,6 +93,23 @@
     </message>
 </context>
 <context>
+    <name>ledra::FileImporter</name>
+    <message numerus="yes">
+        <source>%n documents imported. “Undo” takes them out again.</source>
+        <translation>
+            <numerusform>%n document imported. “Undo” takes it out again.</numerusform>
+            <numerusform>%n documents imported. “Undo” takes them out again.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>and %n more</source>
+        <translation>
+            <numerusform>and %n more</numerusform>
+            <numerusform>and %n more</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>ledra::MainWindow</name>
     <message numerus="yes">
         <source>%n invoices selected</source>
