@@ -153,7 +153,8 @@ void ReminderManagerTest::deletedInvoice()
     QCOMPARE(desk.names(), before); // what only looks on renames nothing
     for (const ReminderPtr& reminder : {friendly, first})
         QVERIFY(desk.reminders->save((*reminder)->id));
-    QCOMPARE(desk.names(), QStringLiteral("2026-03-05-reminder-1-5F0000.json 2026-03-05-reminder-AF0000.json"));
+    QCOMPARE(desk.names(),
+             QStringLiteral("2026-03-05-reminder-1-5F0000.json 2026-03-05-reminder-AF0000.json"));
 }
 
 void ReminderManagerTest::namesFollowTheInvoice()
