@@ -41,12 +41,14 @@ ProfilesPage::~ProfilesPage()
 QWidget* ProfilesPage::makeList()
 {
     auto* column = new QWidget(this);
-    constexpr int width = 170;
+    constexpr int width = 190;
     column->setFixedWidth(width);
     auto* layout = new QVBoxLayout(column);
     layout->setContentsMargins(0, 0, 0, 0);
     list_->setAccessibleName(tr("Profiles"));
     list_->setIconSize(QSize(16, 16));
+    list_->setWordWrap(true); // a long name goes on below
+    list_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     list_->setStyleSheet(QStringLiteral("QListWidget::item { padding: 5px 4px; }"));
     layout->addWidget(list_, 1);
     auto* create = new QPushButton(tr("New Profile"), column);
