@@ -223,7 +223,7 @@
     </message>
     <message>
         <source>A serif letter with figures that stand in columns</source>
-        <translation>Serifen, und Zahlen, die untereinander stehen</translation>
+        <translation>Serifenschrift, Ziffern genau untereinander</translation>
     </message>
     <message>
         <source>Letter</source>
@@ -247,7 +247,7 @@
     </message>
     <message>
         <source>All in one width, with dots behind it</source>
-        <translation>Alles in einer Breite, auf Punkten</translation>
+        <translation>Eine Schrift fester Breite auf gepunktetem Grund</translation>
     </message>
 </context>
 <context>
@@ -349,7 +349,7 @@
     </message>
     <message>
         <source>Could not read the selected XML file.</source>
-        <translation>Die ausgewählte XML-Datei konnte nicht gelesen werden.</translation>
+        <translation>Die ausgewählte Datei konnte nicht gelesen werden.</translation>
     </message>
     <message>
         <source>This file does not appear to be a valid e-invoice.</source>
@@ -398,6 +398,17 @@
     <message>
         <source>Failed to create the Style file.</source>
         <translation>Die Stildatei konnte nicht erstellt werden.</translation>
+    </message>
+</context>
+<context>
+    <name>FilePanels</name>
+    <message>
+        <source>Import</source>
+        <translation>Importieren</translation>
+    </message>
+    <message>
+        <source>Export</source>
+        <translation>Exportieren</translation>
     </message>
 </context>
 <context>
@@ -490,6 +501,70 @@
     <message>
         <source>The exported invoices may not be valid.</source>
         <translation>Die exportierten Rechnungen sind möglicherweise nicht gültig.</translation>
+    </message>
+    <message>
+        <source>Description for item %1</source>
+        <translation>Beschreibung von Posten %1</translation>
+    </message>
+    <message>
+        <source>The exported invoice may not be valid.</source>
+        <translation>Die exportierte Rechnung ist möglicherweise nicht gültig.</translation>
+    </message>
+    <message>
+        <source>Missing Required Fields</source>
+        <translation>Pflichtfelder fehlen</translation>
+    </message>
+    <message>
+        <source>Sender name</source>
+        <translation>Name des Absenders</translation>
+    </message>
+    <message>
+        <source>Sender email</source>
+        <translation>E-Mail des Absenders</translation>
+    </message>
+    <message>
+        <source>Sender phone number</source>
+        <translation>Telefonnummer des Absenders</translation>
+    </message>
+    <message>
+        <source>Sender postcode</source>
+        <translation>Postleitzahl des Absenders</translation>
+    </message>
+    <message>
+        <source>Sender city</source>
+        <translation>Ort des Absenders</translation>
+    </message>
+    <message>
+        <source>Sender IBAN</source>
+        <translation>IBAN des Absenders</translation>
+    </message>
+    <message>
+        <source>Sender BIC</source>
+        <translation>BIC des Absenders</translation>
+    </message>
+    <message>
+        <source>Recipient name</source>
+        <translation>Name des Empfängers</translation>
+    </message>
+    <message>
+        <source>Recipient email</source>
+        <translation>E-Mail des Empfängers</translation>
+    </message>
+    <message>
+        <source>Recipient postcode</source>
+        <translation>Postleitzahl des Empfängers</translation>
+    </message>
+    <message>
+        <source>Recipient city</source>
+        <translation>Ort des Empfängers</translation>
+    </message>
+    <message>
+        <source>Sender tax number or VAT ID</source>
+        <translation>Steuernummer oder USt-IdNr. des Absenders</translation>
+    </message>
+    <message>
+        <source>At least one invoice item</source>
+        <translation>Mindestens ein Posten</translation>
     </message>
 </context>
 <context>
@@ -861,7 +936,7 @@
     </message>
     <message>
         <source>Begins anew</source>
-        <translation>Neubeginn</translation>
+        <translation>Zählung beginnt neu</translation>
     </message>
     <message>
         <source>Language</source>
@@ -1026,7 +1101,7 @@
     <name>ReceivedFile</name>
     <message>
         <source>Could not read the selected XML file.</source>
-        <translation>Die ausgewählte XML-Datei konnte nicht gelesen werden.</translation>
+        <translation>Die ausgewählte Datei konnte nicht gelesen werden.</translation>
     </message>
     <message>
         <source>This file does not appear to be a valid e-invoice.</source>
@@ -1225,11 +1300,11 @@
     <name>TextParser</name>
     <message>
         <source>The on-device model isn’t available right now.</source>
-        <translation>Das Modell auf diesem Gerät ist gerade nicht verfügbar.</translation>
+        <translation>Das Modell auf diesem Computer ist gerade nicht verfügbar.</translation>
     </message>
     <message>
         <source>The on-device model is still downloading or preparing. Try again in a little while.</source>
-        <translation>Das Modell auf diesem Gerät wird noch geladen oder vorbereitet. Versuchen Sie es bald noch einmal.</translation>
+        <translation>Das Modell auf diesem Computer wird noch geladen oder vorbereitet. Versuchen Sie es bald noch einmal.</translation>
     </message>
     <message>
         <source>the model server did not answer with a stream of events</source>
@@ -1495,7 +1570,7 @@
     </message>
     <message>
         <source>Save as PDF…</source>
-        <translation>Als PDF sichern…</translation>
+        <translation>Als PDF speichern…</translation>
     </message>
     <message>
         <source>Print…</source>
@@ -1539,7 +1614,7 @@
     </message>
     <message>
         <source>Save as PDF</source>
-        <translation>Als PDF sichern</translation>
+        <translation>Als PDF speichern</translation>
     </message>
     <message>
         <source>PDF (*.pdf)</source>
@@ -1547,7 +1622,7 @@
     </message>
     <message>
         <source>Save</source>
-        <translation>Sichern</translation>
+        <translation>Speichern</translation>
     </message>
 </context>
 <context>
@@ -1821,7 +1896,7 @@
     </message>
     <message>
         <source>Save…</source>
-        <translation>Sichern…</translation>
+        <translation>Speichern…</translation>
     </message>
     <message>
         <source>Attachments</source>
@@ -1845,7 +1920,7 @@
     </message>
     <message>
         <source>Save Attachment</source>
-        <translation>Anlage sichern</translation>
+        <translation>Anlage speichern</translation>
     </message>
     <message>
         <source>All Files (*)</source>
@@ -1853,7 +1928,7 @@
     </message>
     <message>
         <source>Save</source>
-        <translation>Sichern</translation>
+        <translation>Speichern</translation>
     </message>
 </context>
 <context>
@@ -2084,7 +2159,7 @@
     </message>
     <message>
         <source>Service period until</source>
-        <translation>Leistungszeitraum bis</translation>
+        <translation>Zeitraum bis</translation>
     </message>
     <message>
         <source>End of the service period</source>
@@ -2268,7 +2343,7 @@
     </message>
     <message>
         <source>Document</source>
-        <translation>Dokument</translation>
+        <translation>Beleg</translation>
     </message>
     <message>
         <source>Recipient</source>
@@ -2495,7 +2570,7 @@
     </message>
     <message>
         <source>From … to …</source>
-        <translation>Von … bis…</translation>
+        <translation>Von … bis …</translation>
     </message>
     <message>
         <source>All currencies</source>
@@ -2574,7 +2649,7 @@
     </message>
     <message>
         <source>This stands at the head of your documents. The country decides which currency, VAT rate and language Ledra proposes.</source>
-        <translation>Das steht am Kopf Ihrer Dokumente. Das Land entscheidet, welche Währung, welchen Steuersatz und welche Sprache Ledra vorschlägt.</translation>
+        <translation>Das steht im Kopf Ihrer Belege. Das Land entscheidet, welche Währung, welchen Steuersatz und welche Sprache Ledra vorschlägt.</translation>
     </message>
     <message>
         <source>Where are you paid?</source>
@@ -2590,11 +2665,11 @@
     </message>
     <message>
         <source>Invoices need a tax number or a VAT ID. New lines take the rate; small businesses write documents without VAT.</source>
-        <translation>Rechnungen brauchen eine Steuernummer oder eine USt-IdNr. Neue Positionen übernehmen den Satz; Kleinunternehmer schreiben Dokumente ohne Umsatzsteuer.</translation>
+        <translation>Rechnungen brauchen eine Steuernummer oder eine USt-IdNr. Neue Positionen übernehmen den Satz; Kleinunternehmer schreiben Belege ohne Umsatzsteuer.</translation>
     </message>
     <message>
         <source>What should your documents look like?</source>
-        <translation>Wie sollen Ihre Dokumente aussehen?</translation>
+        <translation>Wie sollen Ihre Belege aussehen?</translation>
     </message>
     <message>
         <source>Choose a look and your colours. All of it can be changed later, down to each font.</source>
@@ -2701,7 +2776,7 @@
     </message>
     <message>
         <source>Windows</source>
-        <translation>Fenster</translation>
+        <translation>Farbschema</translation>
     </message>
     <message>
         <source>Show documents dark in dark windows</source>
@@ -2886,7 +2961,7 @@
         <translation>Gesamt</translation>
     </message>
     <message>
-        <source>Add item …</source>
+        <source>Add item…</source>
         <translation>Position hinzufügen…</translation>
     </message>
     <message>
@@ -2983,7 +3058,7 @@
 <context>
     <name>ledra::ListPanel</name>
     <message>
-        <source>Search number, name, e-mail, item …</source>
+        <source>Search number, name, e-mail, item…</source>
         <translation>Suche: Nummer, Name, E-Mail, Position…</translation>
     </message>
     <message>
@@ -3145,13 +3220,13 @@ SVG, PNG, JPEG, WebP</translation>
     </message>
     <message>
         <source>No invoice selected</source>
-        <translation>Keine Rechnung ausgewählt</translation>
+        <translation>Kein Beleg ausgewählt</translation>
     </message>
     <message numerus="yes">
         <source>%n invoices selected</source>
         <translation>
-            <numerusform>%n Rechnung ausgewählt</numerusform>
-            <numerusform>%n Rechnungen ausgewählt</numerusform>
+            <numerusform>%n Beleg ausgewählt</numerusform>
+            <numerusform>%n Belege ausgewählt</numerusform>
         </translation>
     </message>
     <message>
@@ -3348,7 +3423,7 @@ Sie gehen verloren, wenn das Fenster jetzt geschlossen wird.</translation>
     </message>
     <message>
         <source>What it does by itself</source>
-        <translation>Was es von selbst tut</translation>
+        <translation>Von sich aus</translation>
     </message>
     <message>
         <source>May talk to %1</source>
@@ -3356,7 +3431,7 @@ Sie gehen verloren, wenn das Fenster jetzt geschlossen wird.</translation>
     </message>
     <message>
         <source>One KEY=VALUE in each line; the plugin’s own description says which it knows.</source>
-        <translation>Ein KEY=VALUE je Zeile; welche es gibt, sagt die Beschreibung des Plugins.</translation>
+        <translation>Je Zeile ein SCHLÜSSEL=WERT; welche es gibt, sagt die Beschreibung des Plugins.</translation>
     </message>
     <message>
         <source>Settings</source>
@@ -3688,7 +3763,7 @@ Fügen Sie einen .ledraplugin-Ordner hinzu, um zu beginnen.</translation>
     </message>
     <message>
         <source>Address 2</source>
-        <translation>Adresse 2</translation>
+        <translation>Adresszeile 2</translation>
     </message>
     <message>
         <source>Postcode</source>
@@ -4031,7 +4106,7 @@ Fügen Sie einen .ledraplugin-Ordner hinzu, um zu beginnen.</translation>
     </message>
     <message>
         <source>Address 2</source>
-        <translation>Adresse 2</translation>
+        <translation>Adresszeile 2</translation>
     </message>
     <message>
         <source>Postcode</source>
@@ -4436,7 +4511,7 @@ Fügen Sie einen .ledraplugin-Ordner hinzu, um zu beginnen.</translation>
     </message>
     <message>
         <source>Cannot be used:</source>
-        <translation>Nicht zu gebrauchen:</translation>
+        <translation>Nicht verwendbar:</translation>
     </message>
 </context>
 <context>

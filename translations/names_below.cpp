@@ -41,6 +41,22 @@ const char* const receivedFileErrors[] = {
     QT_TRANSLATE_NOOP("ReceivedFile", "Could not read the selected XML file."),
     QT_TRANSLATE_NOOP("ReceivedFile", "This file does not appear to be a valid e-invoice."),
 };
+const char* const missingFields[] = {
+    QT_TRANSLATE_NOOP("MissingFields", "Missing Required Fields"),
+    QT_TRANSLATE_NOOP("MissingFields", "Sender name"),
+    QT_TRANSLATE_NOOP("MissingFields", "Sender email"),
+    QT_TRANSLATE_NOOP("MissingFields", "Sender phone number"),
+    QT_TRANSLATE_NOOP("MissingFields", "Sender postcode"),
+    QT_TRANSLATE_NOOP("MissingFields", "Sender city"),
+    QT_TRANSLATE_NOOP("MissingFields", "Sender IBAN"),
+    QT_TRANSLATE_NOOP("MissingFields", "Sender BIC"),
+    QT_TRANSLATE_NOOP("MissingFields", "Recipient name"),
+    QT_TRANSLATE_NOOP("MissingFields", "Recipient email"),
+    QT_TRANSLATE_NOOP("MissingFields", "Recipient postcode"),
+    QT_TRANSLATE_NOOP("MissingFields", "Recipient city"),
+    QT_TRANSLATE_NOOP("MissingFields", "Sender tax number or VAT ID"),
+    QT_TRANSLATE_NOOP("MissingFields", "At least one invoice item"),
+};
 const char* const numberFormatKinds[] = {
     QT_TRANSLATE_NOOP("NumberFormatChips", "Number"),
     QT_TRANSLATE_NOOP("NumberFormatChips", "Date"),

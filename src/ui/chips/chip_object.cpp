@@ -68,9 +68,10 @@ void ChipObject::drawObject(QPainter* painter, const QRectF& rect, QTextDocument
     painter->save();
     painter->setRenderHint(QPainter::Antialiasing);
     painter->setPen(Qt::NoPen);
-    // Over what is selected the layout lays a veil in the selection's colour, which a ground would break.
+    // Over what is selected the layout lays a veil in the selection's colour, through which the label is read
+    // on the darkest ground only.
     const bool isSelected = format.hasProperty(QTextFormat::ForegroundBrush);
-    painter->setBrush(isSelected ? QBrush(Qt::NoBrush) : QBrush(look.ground()));
+    painter->setBrush(isSelected ? QColor(Qt::black) : look.ground());
     painter->drawRoundedRect(ground, radius, radius);
     painter->setFont(chipFont(*document));
     painter->setPen(isSelected ? format.foreground().color() : look.ink());

@@ -43,6 +43,8 @@ CommandSearch::CommandSearch(const CommandSet& commands, const QMenuBar& bar, QW
 void CommandSearch::show(const QString& text)
 {
     list_->clear();
+    QPixmap blank(list_->iconSize()); // so that all lines begin in one column
+    blank.fill(Qt::transparent);
     for (std::size_t i = 0; i < entries_.size(); ++i) {
         const Entry& entry = entries_[i];
         if (!holdsWords(entry.words, text))
@@ -52,7 +54,8 @@ void CommandSearch::show(const QString& text)
             QStringLiteral("%1   —  %2").arg(entry.title, entry.action->property("path").toString());
         if (!shortcut.isEmpty())
             line += QStringLiteral("   (%1)").arg(shortcut);
-        auto* item = new QListWidgetItem(entry.action->icon(), line, list_); // which owns it
+        const QIcon icon = entry.action->icon();
+        auto* item = new QListWidgetItem(icon.isNull() ? QIcon(blank) : icon, line, list_); // which owns it
         item->setData(Qt::UserRole, static_cast<qulonglong>(i));
         if (!entry.action->isEnabled())
             item->setFlags(Qt::NoItemFlags);

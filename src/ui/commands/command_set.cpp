@@ -62,8 +62,10 @@ CommandSet::CommandSet(MainWindow& window, QMenuBar& bar, QToolBar& tools)
     for (const WindowCommand& command : windowCommands()) {
         QAction* action = make(command);
         QMenu* menu = menus_.at(command.menu);
-        if (command.beginsGroup)
+        if (command.beginsGroup) {
             menu->addSeparator();
+            contextMenu_->addSeparator(); // of several in a row it shows one
+        }
         menu->addAction(action);
         if (command.places & CommandPlace::toolBar)
             tools.addAction(action);

@@ -105,6 +105,9 @@ void showAbout(MainWindow& window)
     auto* about = new QMessageBox(QMessageBox::NoIcon, HelpCommands::tr("About Ledra"),
                                   QStringLiteral("Ledra %1").arg(versionText()), QMessageBox::Close, &window);
     about->setAttribute(Qt::WA_DeleteOnClose);
+    constexpr int iconSize = 64;
+    about->setIconPixmap(
+        QApplication::windowIcon().pixmap(QSize(iconSize, iconSize), window.devicePixelRatioF()));
     about->setInformativeText(HelpCommands::tr("Invoicing for freelancers and small firms.") +
                               QStringLiteral("\n\n") +
                               HelpCommands::tr("Your data are plain files on your own computer."));

@@ -140,7 +140,7 @@ QVariant ItemsModel::data(const QModelIndex& index, int role) const
     }
     const Invoice::Item* line = item(index.row());
     if (!line)
-        return role == Qt::DisplayRole && index.column() == description ? tr("Add item …") : QVariant();
+        return role == Qt::DisplayRole && index.column() == description ? tr("Add item…") : QVariant();
     if (role == Qt::DisplayRole)
         return display(*line, index.column());
     return role == Qt::EditRole ? typed(*line, index.column()) : QVariant();

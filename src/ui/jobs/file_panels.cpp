@@ -43,7 +43,9 @@ QFileDialog* newPanel(const WindowParts& parts, const QString& title, const QStr
 QFileDialog* newOpenPanel(const WindowParts& parts, const OpenPanel& panel)
 {
     QFileDialog* dialog = newPanel(parts, panel.title, panel.filter);
-    dialog->setLabelText(QFileDialog::Accept, panel.button.isEmpty() ? translated("Import") : panel.button);
+    dialog->setLabelText(QFileDialog::Accept, panel.button.isEmpty()
+                                                  ? translated(QT_TRANSLATE_NOOP("FilePanels", "Import"))
+                                                  : panel.button);
     followFolder(*dialog, parts, importFolderKey);
     return dialog;
 }
@@ -56,7 +58,9 @@ void setUpSavePanel(QFileDialog& dialog, const WindowParts& parts, const SavePan
     dialog.setNameFilter(panel.filter);
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setDefaultSuffix(QFileInfo(panel.name).suffix());
-    dialog.setLabelText(QFileDialog::Accept, panel.button.isEmpty() ? translated("Export") : panel.button);
+    dialog.setLabelText(QFileDialog::Accept, panel.button.isEmpty()
+                                                 ? translated(QT_TRANSLATE_NOOP("FilePanels", "Export"))
+                                                 : panel.button);
     followFolder(dialog, parts, exportFolderKey);
     dialog.selectFile(panel.name);
 }
@@ -76,7 +80,7 @@ void askForFolder(const WindowParts& parts, const QString& title,
     QFileDialog* dialog = newPanel(parts, title);
     dialog->setFileMode(QFileDialog::Directory);
     dialog->setOption(QFileDialog::ShowDirsOnly);
-    dialog->setLabelText(QFileDialog::Accept, translated("Export"));
+    dialog->setLabelText(QFileDialog::Accept, translated(QT_TRANSLATE_NOOP("FilePanels", "Export")));
     followFolder(*dialog, parts, exportFolderKey);
     QObject::connect(dialog, &QFileDialog::fileSelected, dialog, chosen);
     dialog->open();

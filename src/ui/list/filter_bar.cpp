@@ -72,7 +72,7 @@ FilterBar::FilterBar(LedraApp& app, QWidget* parent)
       reset_(new QToolButton(this))
 {
     auto* layout = new QHBoxLayout(this);
-    layout->setContentsMargins(10, 0, 10, 6);
+    layout->setContentsMargins(10, 0, 6, 6); // its button stands below the one beside the search
     const std::pair<QWidget*, QString> parts[] = {
         {type_, tr("Type")}, {status_, tr("Status")},     {period_, tr("Period")},     {from_, tr("From")},
         {to_, tr("To")},     {currency_, tr("Currency")}, {reset_, tr("Clear Filter")}};

@@ -20,7 +20,7 @@ ListPanel::ListPanel(LedraApp& app, QWidget* parent)
       empty_(new EmptyState(this)),
       stack_(new QStackedWidget(this))
 {
-    search_->setPlaceholderText(tr("Search number, name, e-mail, item …"));
+    search_->setPlaceholderText(tr("Search number, name, e-mail, item…"));
     search_->setAccessibleName(tr("Search"));
     search_->setClearButtonEnabled(true);
     search_->addAction(lineIcon("search"), QLineEdit::LeadingPosition);

@@ -4,7 +4,7 @@
 #include <QDBusConnection>
 #include <QDBusInterface>
 #include <QDBusReply>
-#include <QStyleFactory>
+#include <QProxyStyle>
 
 namespace ledra {
 
@@ -54,6 +54,16 @@ QPalette paletteOf(QRgb PaletteColor::* shade, QRgb disabled)
     return palette;
 }
 
+/// Fields and boxes to tick are outlined in a darker shade of the window, which does not show on a dark one.
+/// They are told of a lighter window, so that their outline stands out from the real one.
+void outlineFields(QPalette palette)
+{
+    palette.setColor(QPalette::Window, QColor(0x9b9ca4));
+    for (const char* kind : {"QLineEdit", "QAbstractSpinBox", "QComboBox", "QCheckBox", "QRadioButton",
+                             "QPlainTextEdit", "QTextEdit"})
+        QApplication::setPalette(palette, kind);
+}
+
 const QString portal = QStringLiteral("org.freedesktop.portal.Desktop");
 const QString portalPath = QStringLiteral("/org/freedesktop/portal/desktop");
 const QString portalSettings = QStringLiteral("org.freedesktop.portal.Settings");
@@ -76,6 +86,21 @@ bool desktopIsDark()
     return reply.isValid() && value.toUInt() == prefersDark;
 }
 
+/// Buttons whose texts do not touch their edges, in languages with longer words as well.
+class RoomyButtons final : public QProxyStyle
+{
+public:
+    using QProxyStyle::QProxyStyle;
+
+    QSize sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& contents,
+                           const QWidget* widget) const override
+    {
+        constexpr int room = 12;
+        const QSize size = QProxyStyle::sizeFromContents(type, option, contents, widget);
+        return type == CT_PushButton ? size + QSize(room, 0) : size;
+    }
+};
+
 /// What the style does not give: room around cells and entries, and calm tool bars.
 const QString roomyStyle = QStringLiteral(R"(
 QToolBar { border: 0; spacing: 2px; padding: 3px 6px; }
@@ -86,9 +111,13 @@ QToolButton:focus { border-color: palette(highlight); }
 QToolTip { padding: 3px; }
 QMenu { padding: 4px; }
 QSplitter::handle { background: palette(mid); width: 1px; }
-QHeaderView::section { background: palette(base); color: palette(placeholder-text); border: 0;
+QTableView { gridline-color: palette(mid); }
+QTabWidget::pane { border: 1px solid palette(mid); }
+QHeaderView::section { background: palette(base); color: @quiet; border: 0;
     border-bottom: 1px solid palette(mid); padding: 5px 8px; font-weight: 600; }
+QTableCornerButton::section { background: palette(base); border: 0; border-bottom: 1px solid palette(mid); }
 QStatusBar::item { border: 0; }
+QDialogButtonBox { dialogbuttonbox-buttons-have-icons: 0; }
 )");
 
 } // namespace
@@ -111,7 +140,7 @@ bool isDarkAppearance()
 
 AppearanceController::AppearanceController(const Settings& settings) : settings_(settings)
 {
-    QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion"))); // which the application owns
+    QApplication::setStyle(new RoomyButtons(QStringLiteral("Fusion"))); // which the application owns
     QDBusConnection::sessionBus().connect(portal, portalPath, portalSettings,
                                           QStringLiteral("SettingChanged"), this,
                                           SLOT(desktopSettingChanged(QString, QString)));
@@ -128,10 +157,16 @@ bool AppearanceController::isDarkWanted() const
 
 void AppearanceController::apply()
 {
-    QApplication::setPalette(isDarkWanted() ? darkPalette() : lightPalette());
+    const bool isDark = isDarkWanted();
+    const QPalette palette = isDark ? darkPalette() : lightPalette();
+    QApplication::setPalette(palette);
+    if (isDark)
+        outlineFields(palette);
     auto* application = static_cast<QApplication*>(QCoreApplication::instance());
     application->setStyleSheet(QString()); // colours of a style sheet are looked up when it is set
-    application->setStyleSheet(roomyStyle);
+    application->setStyleSheet(
+        QString(roomyStyle)
+            .replace(QStringLiteral("@quiet"), palette.color(QPalette::PlaceholderText).name()));
     Q_EMIT changed();
 }
 

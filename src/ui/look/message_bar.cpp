@@ -58,7 +58,7 @@ QFrame* MessageBar::addRow(const QString& line, const std::vector<Remedy>& remed
     parts->setContentsMargins(12, 6, 8, 6);
     auto* icon = new QLabel(row);
     icon->setPixmap(lineIcon(iconName, look.ink()).pixmap(QSize(18, 18), devicePixelRatioF()));
-    parts->addWidget(icon, 0, Qt::AlignTop);
+    parts->addWidget(icon, 0, Qt::AlignVCenter);
     auto* text = new QLabel(row);
     text->setTextFormat(Qt::PlainText);
     text->setText(line);

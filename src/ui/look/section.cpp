@@ -27,6 +27,8 @@ Section::Section(const QString& title, bool folds, QWidget* parent)
         toggle->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
         toggle->setArrowType(Qt::RightArrow);
         toggle->setCheckable(true);
+        toggle->setStyleSheet(QStringLiteral("QToolButton { padding: 2px 0; }"
+                                             "QToolButton:checked { background: transparent; }"));
         body->hide();
         connect(toggle, &QToolButton::toggled, body, &QWidget::setVisible);
         connect(toggle, &QToolButton::toggled, toggle,

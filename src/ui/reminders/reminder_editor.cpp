@@ -229,7 +229,7 @@ void ReminderEditor::showRemarks()
         return;
     const Reminder& reminder = **reminder_;
     const QDate deadline = reminder.date.addDays(paymentDays());
-    deadline_->setText(tr("pay by %1").arg(QLocale().toString(deadline, QLocale::ShortFormat)));
+    deadline_->setText(tr("pay by %1").arg(QLocale().toString(deadline, date_->displayFormat())));
     if (!reminded) {
         about_->setText(tr("The invoice has been deleted."));
         return;

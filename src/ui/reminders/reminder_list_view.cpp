@@ -3,13 +3,16 @@
 #include <QHeaderView>
 #include <QItemSelection>
 #include <QKeyEvent>
+#include <QPainter>
 #include <QStyledItemDelegate>
+
+#include <utility>
 
 namespace ledra {
 
 namespace {
 
-/// Rows are chosen as a whole, so that no cell has a frame of its own.
+/// Rows are chosen as a whole, so that no cell has a frame of its own; texts stand below those of the header.
 class RowDelegate final : public QStyledItemDelegate
 {
 public:
@@ -19,7 +22,15 @@ public:
     {
         QStyleOptionViewItem item = option;
         item.state.setFlag(QStyle::State_HasFocus, false);
-        QStyledItemDelegate::paint(painter, item, index);
+        initStyleOption(&item, index);
+        const QString text = std::exchange(item.text, QString());
+        item.widget->style()->drawControl(QStyle::CE_ItemViewItem, &item, painter, item.widget);
+        const bool isSelected = item.state.testFlag(QStyle::State_Selected);
+        painter->setPen(item.palette.color(isSelected ? QPalette::HighlightedText : QPalette::Text));
+        constexpr int margin = 8; // as the header has
+        const QRect place = item.rect.adjusted(margin, 0, -margin, 0);
+        painter->drawText(place, static_cast<int>(item.displayAlignment),
+                          item.fontMetrics.elidedText(text, Qt::ElideRight, place.width()));
     }
 };
 

@@ -90,6 +90,7 @@ void GeneralPage::addUsage(SettingsWindow& window, FieldForm& form)
 {
     auto* show = new QPushButton(tr("Show What Is Kept"), &form);
     show->setCheckable(true);
+    show->setAutoDefault(false); // else Enter in any field of the page opens it
     show->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     auto* kept = new QPlainTextEdit(&form);
     kept->setReadOnly(true);

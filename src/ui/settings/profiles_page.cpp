@@ -41,7 +41,7 @@ ProfilesPage::~ProfilesPage()
 QWidget* ProfilesPage::makeList()
 {
     auto* column = new QWidget(this);
-    constexpr int width = 190;
+    constexpr int width = 216;
     column->setFixedWidth(width);
     auto* layout = new QVBoxLayout(column);
     layout->setContentsMargins(0, 0, 0, 0);

@@ -1,6 +1,7 @@
 #include "ui/styling/color_field.h"
 
 #include "render/color.h"
+#include "ui/look/appearance.h"
 #include "ui/look/status_colors.h"
 
 #include <QColorDialog>
@@ -89,7 +90,7 @@ void ColorField::showSwatch()
     pixmap.fill(Qt::transparent);
     QPainter painter(&pixmap);
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(palette().color(QPalette::Dark));
+    painter.setPen(palette().color(isDarkAppearance() ? QPalette::Mid : QPalette::Dark));
     const std::optional<RgbColor> color = parseColor(color_);
     painter.setBrush(color ? QColor(color->red, color->green, color->blue) : QColor(Qt::transparent));
     constexpr double radius = 4;

@@ -1,3 +1,5 @@
+#include "app/reader_language.h"
+#include "model/amount_text.h"
 #include "ui/styling/logo_well.h"
 #include "ui/styling/styling_sections.h"
 
@@ -92,7 +94,7 @@ void LogoSection::addSize(StylingEditing& editing, FieldForm* form)
         const double size = editing.styling().logoSize;
         const QSignalBlocker quiet(slider);
         slider->setValue(qRound(size * stepsOfOne));
-        text->setText(tr("%1 cm").arg(size, 0, 'f', 1));
+        text->setText(tr("%1 cm").arg(documentLocale(readerLanguage()).toString(size, 'f', 1)));
     });
 }
 

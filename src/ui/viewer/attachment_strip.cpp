@@ -12,11 +12,31 @@
 #include <QLabel>
 #include <QUrl>
 
+#include <functional>
+
 namespace ledra {
 
 namespace {
 
 constexpr int nameRole = Qt::UserRole;
+
+/// Places its names at once when it is resized; otherwise where they stood before would decide on its height.
+class NameList final : public QListWidget
+{
+public:
+    NameList(QWidget* parent, std::function<void()> placed) : QListWidget(parent), placed_(std::move(placed))
+    {}
+
+private:
+    void resizeEvent(QResizeEvent* event) override
+    {
+        QListWidget::resizeEvent(event);
+        doItemsLayout();
+        placed_();
+    }
+
+    std::function<void()> placed_;
+};
 
 } // namespace
 
@@ -26,7 +46,7 @@ AttachmentStrip::AttachmentStrip(const WindowParts& parts, TemporaryFolders& fol
       parts_(parts),
       folders_(folders),
       path_(path),
-      list_(new QListWidget(this)),
+      list_(new NameList(this, [this] { fitHeight(); })),
       open_(new QPushButton(tr("Open"), this)),
       save_(new QPushButton(tr("Save…"), this))
 {

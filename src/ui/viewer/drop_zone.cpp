@@ -1,5 +1,7 @@
 #include "ui/viewer/drop_zone.h"
 
+#include "ui/look/appearance.h"
+
 #include <QPainter>
 
 namespace ledra {
@@ -25,7 +27,8 @@ void DropZone::paintEvent(QPaintEvent* event)
     {
         QPainter painter(this);
         painter.setRenderHint(QPainter::Antialiasing);
-        QPen pen(palette().color(isMarked_ ? QPalette::Highlight : QPalette::Dark), isMarked_ ? 2 : 1.5);
+        const QPalette::ColorRole line = isDarkAppearance() ? QPalette::Mid : QPalette::Dark;
+        QPen pen(palette().color(isMarked_ ? QPalette::Highlight : line), isMarked_ ? 2 : 1.5);
         pen.setStyle(Qt::DashLine);
         painter.setPen(pen);
         painter.setBrush(isMarked_ ? palette().brush(QPalette::AlternateBase) : QBrush(Qt::NoBrush));
