@@ -1,7 +1,5 @@
 #include "app/smart_lists.h"
 
-#include "app/list_walk.h"
-
 #include <algorithm>
 #include <array>
 #include <map>
@@ -92,28 +90,45 @@ SmartLists::Facts SmartLists::factsOf(const InvoiceRecord& record)
             .isQuote = record->type == InvoiceType::quote};
 }
 
-void SmartLists::lookAt(const InvoiceList& invoices)
+void SmartLists::lookAt(const InvoicePtr& record)
 {
-    std::vector<Facts> facts;
-    facts.reserve(invoices->size());
-    ListWalk walk;
-    for (const InvoicePtr& record : *invoices) {
-        const auto known = invoices_ ? walk.placeOf(record, *invoices_) : std::nullopt;
-        const bool isKnown = known && facts_[*known].revision == record->revision();
-        facts.push_back(isKnown ? facts_[*known] : factsOf(*record));
-    }
-    invoices_ = invoices;
-    facts_ = std::move(facts);
+    const auto place = earlier_.list
+                           ? walk_.placeOf(record, std::span(*earlier_.list).first(earlier_.facts.size()))
+                           : std::nullopt;
+    const bool isKnown = place && earlier_.facts[*place].revision == record->revision();
+    present_.facts.push_back(isKnown ? earlier_.facts[*place] : factsOf(*record));
 }
 
-std::vector<SmartListContent> SmartLists::contents(const InvoiceList& invoices, Timestamp now)
+bool SmartLists::prepare(const InvoiceList& invoices, std::uint64_t revision, QDeadlineTimer end)
 {
-    lookAt(invoices);
+    if (present_.list != invoices || revision_ != revision) {
+        // Looking may have been cut off: the longer stretch saves more.
+        if (present_.facts.size() >= earlier_.facts.size())
+            earlier_ = std::move(present_);
+        present_ = {.list = invoices};
+        present_.facts.reserve(invoices->size());
+        walk_ = {};
+        revision_ = revision;
+    }
+    constexpr std::size_t recordsBetweenLooks = 256;
+    while (present_.facts.size() < invoices->size()) {
+        lookAt((*invoices)[present_.facts.size()]);
+        if (present_.facts.size() % recordsBetweenLooks == 0 && end.hasExpired())
+            return false;
+    }
+    earlier_ = {};
+    return true;
+}
+
+std::vector<SmartListContent> SmartLists::contents(const InvoiceList& invoices, std::uint64_t revision,
+                                                   Timestamp now)
+{
+    prepare(invoices, revision, QDeadlineTimer(QDeadlineTimer::Forever));
     const Tally empty(currencies_.size());
     std::vector tallies(kinds.size(), empty);
     std::map<int, Tally, std::greater<>> years;
-    for (std::size_t place = 0; place < facts_.size(); ++place) {
-        const Facts& facts = facts_[place];
+    for (std::size_t place = 0; place < present_.facts.size(); ++place) {
+        const Facts& facts = present_.facts[place];
         const auto addTo = [&](Tally& tally, bool isOwed) {
             tally.count();
             if (isOwed)

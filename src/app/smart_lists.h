@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/filter_manager.h"
+#include "app/list_walk.h"
 #include "model/currency.h"
 
 #include <QString>
@@ -46,7 +47,14 @@ public:
     /// All lists with what they hold: the kinds in their order, then the years, the latest first. Quotes
     /// count in their own list, in that of all records and in their year, but their totals are summed up in
     /// their own list only: nobody owes them.
-    std::vector<SmartListContent> contents(const InvoiceList& invoices, Timestamp now);
+    std::vector<SmartListContent> contents(const InvoiceList& invoices, std::uint64_t revision,
+                                           Timestamp now);
+
+    /// Looks at the records until all is known, which is the result, or the time is over. contents() does the
+    /// same itself; a window asks for it while nobody waits.
+    ///
+    /// @param revision tells states of what is in the records apart; see InvoiceManager::contentRevision()
+    bool prepare(const InvoiceList& invoices, std::uint64_t revision, QDeadlineTimer end);
 
 private:
     /// What counts of a record, close together: a record itself is spread over much memory.
@@ -60,11 +68,20 @@ private:
         bool isQuote = false;
     };
 
-    void lookAt(const InvoiceList& invoices);
+    /// What is known of the first records of a list.
+    struct Known
+    {
+        InvoiceList list = {};
+        std::vector<Facts> facts = {};
+    };
+
+    void lookAt(const InvoicePtr& record);
     Facts factsOf(const InvoiceRecord& record);
 
-    InvoiceList invoices_; ///< those that are known
-    std::vector<Facts> facts_;
+    Known earlier_; ///< while the present state is looked at
+    ListWalk walk_; ///< through its list
+    Known present_;
+    std::uint64_t revision_ = 0;
     std::vector<Currency> currencies_; ///< that have ever occurred
 };
 

@@ -69,9 +69,11 @@ void WindowListsTest::smartLists()
                                         with(Status::draft, InvoiceType::quote),
                                         with(Status::sent, InvoiceType::quote, 2025)};
     SmartLists contents;
+    std::uint64_t revision = 0;
     const auto contentsOf = [&](const std::vector<InvoicePtr>& records) {
-        return contents.contents(std::make_shared<const std::vector<InvoicePtr>>(records),
-                                 test::noon(2026, 4, 10));
+        const auto list = std::make_shared<const std::vector<InvoicePtr>>(records);
+        contents.prepare(list, ++revision, QDeadlineTimer(0)); // cut off at once, or not
+        return contents.contents(list, revision, test::noon(2026, 4, 10));
     };
     const auto lists = contentsOf(invoices);
     // All, drafts, sent, overdue, paid, cancelled, quotes, and the years.

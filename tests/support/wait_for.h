@@ -31,4 +31,23 @@ private:
     bool isDone_ = false;
 };
 
+/// Runs the event loop until something is so, or until the time is over. The web engine goes on meanwhile,
+/// which it hardly does while QTest waits.
+template <class Condition>
+[[nodiscard]] bool waitUntil(const Condition& isSo, int milliseconds = 20'000)
+{
+    constexpr int betweenLooks = 10;
+    QEventLoop loop;
+    QTimer look;
+    QObject::connect(&look, &QTimer::timeout, &loop, [&] {
+        if (isSo())
+            loop.quit();
+    });
+    look.start(betweenLooks);
+    QTimer::singleShot(milliseconds, &loop, &QEventLoop::quit);
+    if (!isSo())
+        loop.exec();
+    return isSo();
+}
+
 } // namespace ledra::test

@@ -225,7 +225,7 @@ private Q_SLOTS:
             if (tool.isNull())
                 return;
             const QString file = bin + QStringLiteral("/xdg-email.said");
-            QVERIFY(QTest::qWaitFor([&] { return QFileInfo(file).size() > 0; }, 20'000));
+            QVERIFY(test::waitUntil([&] { return QFileInfo(file).size() > 0; }));
             const QStringList words =
                 QString::fromUtf8(test::contentOf(file)).split(u'\n', Qt::SkipEmptyParts);
             QCOMPARE(words.mid(0, 2).join(u' '), QStringLiteral("--utf8 --subject"));
@@ -233,7 +233,7 @@ private Q_SLOTS:
             QVERIFY2(words.last().endsWith(last), qPrintable(words.last()));
             attached = words[4];
             const auto isOver = [&] { return desk.window.findChildren<QProcess*>().isEmpty(); };
-            QVERIFY(QTest::qWaitFor(isOver));
+            QVERIFY(test::waitUntil(isOver));
             QVERIFY(test::contentOf(attached).startsWith("%PDF-"));
             QCOMPARE(QFileInfo(attached).completeBaseName(), words[2]);
         }
@@ -276,7 +276,9 @@ private Q_SLOTS:
         QCOMPARE(urls.size(), 2);
         QCOMPARE(dragged->data(QStringLiteral("text/uri-list")).count("\r\n"), 2);
         const ExportOrder order = exportOrder(records, desk.app, ExportFormat::pdf, ExportPurpose::keeping);
-        QCOMPARE(urls[0].fileName(), order.sources[0].stem + QStringLiteral(".pdf"));
+        const QString first =
+            order.sources[0].stem + QStringLiteral(".pdf"); // not always the first to be ready
+        QVERIFY(urls[0].fileName() == first || urls[1].fileName() == first);
         for (const QUrl& url : urls)
             QVERIFY(test::contentOf(url.toLocalFile()).startsWith("%PDF-"));
         desk.actions.copyAsFiles(records);

@@ -4,6 +4,7 @@
 #include "render/web_font_manager.h"
 #include "support/program_run.h"
 #include "support/recording_console.h"
+#include "support/wait_for.h"
 #include "ui/dialog_answers.h"
 #include "ui/jobs/document_actions.h"
 
@@ -56,7 +57,7 @@ struct DocumentDesk : DialogAnswers
         const auto isSaid = [&] {
             return messages->lines().join(u'\n').contains(text) || notes.join(u'\n').contains(text);
         };
-        return QTest::qWaitFor(isSaid, 20'000);
+        return waitUntil(isSaid);
     }
 
     RecordingConsole console;

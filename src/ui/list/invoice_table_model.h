@@ -30,7 +30,8 @@ public:
     std::size_t recordCount() const { return recordCount_; }
     const std::vector<int>& headings() const { return headings_; } ///< their rows, ascending
 
-    /// Works out beforehand what the rows need after records have changed, so that no key stroke waits for it.
+    /// Works out beforehand what the rows need after records have changed, so that no key stroke waits for
+    /// it.
     void prepareRows();
 
     int rowCount(const QModelIndex& parent = {}) const override;

@@ -142,10 +142,7 @@ SideBar::SideBar(LedraApp& app, QWidget* parent)
     pause_.setSingleShot(true);
     pause_.setInterval(aMoment);
     connect(&app.invoiceManager(), &InvoiceManager::edited, &pause_, qOverload<>(&QTimer::start));
-    connect(&pause_, &QTimer::timeout, this, [this] {
-        countsReminders_ = true;
-        showLists();
-    });
+    connect(&pause_, &QTimer::timeout, this, &SideBar::showListsWhenPrepared);
     pause_.start();
     connect(&app.reminderManager(), &ReminderManager::refreshed, this, &SideBar::showLists);
     showProfiles();
@@ -190,6 +187,19 @@ int SideBar::rowOfChosen() const
     return found == entries_.end() ? 0 : static_cast<int>(found - entries_.begin());
 }
 
+/// Adds up a long list in slices, so that typing can go on between them.
+void SideBar::showListsWhenPrepared()
+{
+    using namespace std::chrono_literals;
+    const InvoiceManager& invoices = app_.invoiceManager();
+    if (!contents_.prepare(invoices.list(), invoices.contentRevision(), QDeadlineTimer(6ms))) {
+        QTimer::singleShot(0, this, &SideBar::showListsWhenPrepared);
+        return;
+    }
+    countsReminders_ = true;
+    showLists();
+}
+
 /// Fills the lists anew and stays on the chosen one, or goes back to all records where it is no longer there.
 void SideBar::showLists()
 {
@@ -198,7 +208,8 @@ void SideBar::showLists()
     const std::size_t reminders = countsReminders_ ? app_.reminderManager().reminders().size() : 0;
     entries_.clear();
     lists_->clear();
-    for (SmartListContent& content : contents_.contents(app_.invoiceManager().list(), app_.clock().now())) {
+    for (SmartListContent& content : contents_.contents(
+             app_.invoiceManager().list(), app_.invoiceManager().contentRevision(), app_.clock().now())) {
         const bool isLastKind = content.list.kind == Kind::quotes;
         addEntry({std::move(content)});
         if (isLastKind)

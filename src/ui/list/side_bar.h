@@ -37,6 +37,7 @@ private:
 
     void showProfiles();
     void showLists();
+    void showListsWhenPrepared();
     void addEntry(const Entry& entry);
     void pick(int row);
     int rowOfChosen() const;
