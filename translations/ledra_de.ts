@@ -216,6 +216,73 @@
     </message>
 </context>
 <context>
+    <name>ConsoleText</name>
+    <message>
+        <source>Error saving invoice: %1</source>
+        <translation>Die Rechnung konnte nicht gespeichert werden: %1</translation>
+    </message>
+    <message>
+        <source>Error saving reminder: %1</source>
+        <translation>Die Mahnung konnte nicht gespeichert werden: %1</translation>
+    </message>
+    <message>
+        <source>Error saving styling: %1</source>
+        <translation>Der Stil konnte nicht gespeichert werden: %1</translation>
+    </message>
+    <message>
+        <source>Error saving profile: %1</source>
+        <translation>Das Profil konnte nicht gespeichert werden: %1</translation>
+    </message>
+    <message>
+        <source>Error renaming profile folder: %1</source>
+        <translation>Der Ordner des Profils konnte nicht umbenannt werden: %1</translation>
+    </message>
+    <message>
+        <source>Error loading invoices: %1</source>
+        <translation>Die Rechnungen konnten nicht geladen werden: %1</translation>
+    </message>
+    <message>
+        <source>Error loading invoice from %1: %2</source>
+        <translation>Die Rechnung in %1 konnte nicht geladen werden: %2</translation>
+    </message>
+    <message>
+        <source>Error loading reminder from %1: %2</source>
+        <translation>Die Mahnung in %1 konnte nicht geladen werden: %2</translation>
+    </message>
+    <message>
+        <source>Error loading profiles: %1</source>
+        <translation>Die Profile konnten nicht geladen werden: %1</translation>
+    </message>
+    <message>
+        <source>Error loading profile from %1: %2</source>
+        <translation>Das Profil in %1 konnte nicht geladen werden: %2</translation>
+    </message>
+    <message>
+        <source>Error loading styling from %1: %2</source>
+        <translation>Der Stil in %1 konnte nicht geladen werden: %2</translation>
+    </message>
+    <message>
+        <source>Error loading logo content: %1</source>
+        <translation>Das Logo konnte nicht geladen werden: %1</translation>
+    </message>
+    <message>
+        <source>Error loading CSS content: %1</source>
+        <translation>Das Stylesheet konnte nicht geladen werden: %1</translation>
+    </message>
+    <message>
+        <source>%1: a second file of the record in %2; it is left as it is</source>
+        <translation>%1: eine zweite Datei des Belegs in %2; sie bleibt, wie sie ist</translation>
+    </message>
+    <message>
+        <source>BackupManager: Backup failed: %1</source>
+        <translation>Die Datensicherung ist fehlgeschlagen: %1</translation>
+    </message>
+    <message>
+        <source>Failed to create PDF: %1</source>
+        <translation>Das PDF konnte nicht erstellt werden: %1</translation>
+    </message>
+</context>
+<context>
     <name>DocumentLook</name>
     <message>
         <source>Classic</source>

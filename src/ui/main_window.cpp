@@ -2,6 +2,7 @@
 
 #include "render/invoice_document.h"
 #include "ui/commands/file_commands.h"
+#include "ui/console_text.h"
 #include "ui/editor/editor_panel.h"
 #include "ui/jobs/document_actions.h"
 #include "ui/jobs/file_passage.h"
@@ -249,7 +250,8 @@ void MainWindow::revealPending()
 
 void MainWindow::follow(WindowConsole& console)
 {
-    connect(&console, &WindowConsole::failed, this, [this](const QString& line) { messages_->warn(line); });
+    connect(&console, &WindowConsole::failed, this,
+            [this](const QString& line) { messages_->warn(consoleText(line)); });
 }
 
 void MainWindow::showSelected()

@@ -4,6 +4,7 @@
 
 #include <QHeaderView>
 #include <QListWidget>
+#include <QTranslator>
 #include <QUndoStack>
 #include <QWebEnginePage>
 #include <QWebEngineView>
@@ -254,9 +255,17 @@ private Q_SLOTS:
         QTRY_VERIFY_WITH_TIMEOUT(!desk.console.failures.isEmpty(), 5'000);
         QVERIFY2(desk.console.failures.constLast().contains(reason),
                  qPrintable(desk.console.failures.constLast()));
+        QTranslator german;
+        QVERIFY(german.load(QStringLiteral(":/translations/ledra_de.qm")));
+        QCoreApplication::installTranslator(&german);
         for (int i = 0; i < 3; ++i)
             console.failure(desk.console.failures.constLast());
-        QCOMPARE(desk.window.parts().messages.lines().size(), 1);
+        const QStringList told = desk.window.parts().messages.lines();
+        QCOMPARE(told.size(), 1);
+        QVERIFY2(told[0].startsWith(u"Die Rechnung konnte nicht gespeichert werden: ") &&
+                     told[0].contains(reason),
+                 qPrintable(told[0]));
+        QCoreApplication::removeTranslator(&german);
         QVERIFY(desk.type("City", QStringLiteral("Kiel")));
         QCOMPARE(desk.invoice().name + desk.invoice().addressCity, QStringLiteral("KeptKiel"));
         device.reason.clear();

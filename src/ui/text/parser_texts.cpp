@@ -1,7 +1,8 @@
 #include "ui/text/parser_texts.h"
 
+#include "ui/look/known_sentences.h"
+
 #include <QCoreApplication>
-#include <QRegularExpression>
 
 #include <array>
 
@@ -49,26 +50,6 @@ constexpr std::array sentences = {
 QString translated(const char* text)
 {
     return QCoreApplication::translate(context, text);
-}
-
-/// What stands in a line at the places of a sentence, in their order; nothing when the line is another one.
-std::optional<QStringList> valuesIn(const QString& line, const char* sentence)
-{
-    static const QRegularExpression place(QStringLiteral("\\\\%[12]"));
-    QString pattern = QRegularExpression::escape(QString::fromUtf8(sentence));
-    pattern.replace(place, QStringLiteral("(.*?)"));
-    const QRegularExpression whole(QRegularExpression::anchoredPattern(pattern),
-                                   QRegularExpression::DotMatchesEverythingOption);
-    const QRegularExpressionMatch match = whole.match(line);
-    return match.hasMatch() ? std::optional(match.capturedTexts().mid(1)) : std::nullopt;
-}
-
-/// All at once: a value may hold what looks like a place.
-QString filled(const QString& sentence, const QStringList& values)
-{
-    if (values.isEmpty())
-        return sentence;
-    return values.size() == 1 ? sentence.arg(values[0]) : sentence.arg(values[0], values[1]);
 }
 
 /// Why something failed; before it may stand of which field: "items.3.unit: is not a text".

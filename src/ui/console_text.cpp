@@ -1,0 +1,44 @@
+#include "ui/console_text.h"
+
+#include "ui/look/known_sentences.h"
+
+#include <QCoreApplication>
+
+#include <array>
+
+namespace ledra {
+
+namespace {
+
+// A line is told by the first sentence that it fits. Why something failed is the system's own text.
+constexpr std::array sentences = {
+    QT_TRANSLATE_NOOP("ConsoleText", "Error saving invoice: %1"),
+    QT_TRANSLATE_NOOP("ConsoleText", "Error saving reminder: %1"),
+    QT_TRANSLATE_NOOP("ConsoleText", "Error saving styling: %1"),
+    QT_TRANSLATE_NOOP("ConsoleText", "Error saving profile: %1"),
+    QT_TRANSLATE_NOOP("ConsoleText", "Error renaming profile folder: %1"),
+    QT_TRANSLATE_NOOP("ConsoleText", "Error loading invoices: %1"),
+    QT_TRANSLATE_NOOP("ConsoleText", "Error loading invoice from %1: %2"),
+    QT_TRANSLATE_NOOP("ConsoleText", "Error loading reminder from %1: %2"),
+    QT_TRANSLATE_NOOP("ConsoleText", "Error loading profiles: %1"),
+    QT_TRANSLATE_NOOP("ConsoleText", "Error loading profile from %1: %2"),
+    QT_TRANSLATE_NOOP("ConsoleText", "Error loading styling from %1: %2"),
+    QT_TRANSLATE_NOOP("ConsoleText", "Error loading logo content: %1"),
+    QT_TRANSLATE_NOOP("ConsoleText", "Error loading CSS content: %1"),
+    QT_TRANSLATE_NOOP("ConsoleText", "%1: a second file of the record in %2; it is left as it is"),
+    QT_TRANSLATE_NOOP("ConsoleText", "BackupManager: Backup failed: %1"),
+    QT_TRANSLATE_NOOP("ConsoleText", "Failed to create PDF: %1"),
+};
+
+} // namespace
+
+QString consoleText(const QString& line)
+{
+    for (const char* sentence : sentences) {
+        if (const std::optional<QStringList> values = valuesIn(line, sentence))
+            return filled(QCoreApplication::translate("ConsoleText", sentence), *values);
+    }
+    return line;
+}
+
+} // namespace ledra
