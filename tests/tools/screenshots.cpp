@@ -7,6 +7,7 @@
 #include "render/qt_web_engine.h"
 #include "render/web_font_manager.h"
 #include "support/model_answer.h"
+#include "ui/console_text.h"
 #include "ui/editor/editor_panel.h"
 #include "ui/jobs/document_actions.h"
 #include "ui/list/list_panel.h"
@@ -303,7 +304,8 @@ private:
 
     void takeMessages()
     {
-        window_.parts().messages.warn(QStringLiteral("Error saving invoice: No space left on device"));
+        window_.parts().messages.warn(
+            consoleText(QStringLiteral("Error saving invoice: No space left on device")));
         window_.parts().messages.note(QStringLiteral("2026-007.pdf"));
         take("messages");
     }

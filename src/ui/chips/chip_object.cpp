@@ -69,10 +69,10 @@ void ChipObject::drawObject(QPainter* painter, const QRectF& rect, QTextDocument
     painter->setRenderHint(QPainter::Antialiasing);
     painter->setPen(Qt::NoPen);
     // Over what is selected the layout lays a veil in the selection's colour, through which the label is read
-    // on the darkest ground only.
+    // on the darkest ground only. It ends where the object does.
     const bool isSelected = format.hasProperty(QTextFormat::ForegroundBrush);
     painter->setBrush(isSelected ? QColor(Qt::black) : look.ground());
-    painter->drawRoundedRect(ground, radius, radius);
+    painter->drawRoundedRect(isSelected ? ground.intersected(rect) : ground, radius, radius);
     painter->setFont(chipFont(*document));
     painter->setPen(isSelected ? format.foreground().color() : look.ink());
     painter->drawText(QPointF(ground.left() + inset, baseline), format.stringProperty(labelProperty));
