@@ -68,7 +68,7 @@ void ExportBatch::start()
 void ExportBatch::startMore()
 {
     while (underWay_ < mostUnderWay && next_ < order_.sources.size())
-        startOne(order_.sources[next_++]);
+        startOne(next_++);
     if (underWay_ == 0)
         Q_EMIT finished();
 }
@@ -76,6 +76,7 @@ void ExportBatch::startMore()
 void ExportBatch::cancel()
 {
     isCancelled_ = true;
+    inTurn_.tellAll(); // these files stand
     next_ = order_.sources.size();
 }
 
@@ -98,90 +99,97 @@ std::expected<QString, QString> ExportBatch::targetOf(const ExportSource& source
 }
 
 /// Whether an e-invoice has what it needs; says what it lacks.
-bool ExportBatch::mayBeWritten(const ExportSource& source, const Invoice& invoice)
+bool ExportBatch::mayBeWritten(std::size_t turn, const Invoice& invoice)
 {
     const QStringList missing = isEInvoice(order_.format) ? missingFields(invoice) : QStringList();
-    if (missing.isEmpty())
+    if (missing.isEmpty() || (order_.allowMissing && order_.missingIsTold))
         return true;
-    const QString line = source.label + QStringLiteral(": ") + missingFieldsText(missing);
-    if (order_.allowMissing && order_.missingIsTold)
-        return true;
+    const QString line = missingFieldsText(missing);
     if (order_.allowMissing)
-        observer_.warned(source.file, line);
+        warn(turn, line);
     else
-        fail(source, line);
+        fail(turn, order_.sources[turn].label + QStringLiteral(": ") + line);
     return order_.allowMissing;
 }
 
-void ExportBatch::startOne(const ExportSource& source)
+void ExportBatch::startOne(std::size_t turn)
 {
+    const ExportSource& source = order_.sources[turn];
     const std::expected<ExportRecord, QString> record = source.read();
     if (!record) {
-        fail(source, record.error());
+        fail(turn, record.error());
         return;
     }
-    if (!mayBeWritten(source, record->invoice))
+    if (!mayBeWritten(turn, record->invoice))
         return;
     const std::expected<QString, QString> target = targetOf(source);
     if (!target) {
-        fail(source, target.error());
+        fail(turn, target.error());
         return;
     }
     ++underWay_;
     export_.run(*record, *source.setting, fonts_, order_.format,
-                [this, &source, target = *target](const std::expected<ExportedDocument, QString>& document) {
-                    done(source, target, document);
+                [this, turn, target = *target](const std::expected<ExportedDocument, QString>& document) {
+                    done(turn, target, document);
                 });
 }
 
-void ExportBatch::done(const ExportSource& source, const QString& target,
+void ExportBatch::done(std::size_t turn, const QString& target,
                        const std::expected<ExportedDocument, QString>& document)
 {
     --underWay_;
     if (isCancelled_) {
         // nothing is written or told any more
     } else if (document) {
-        write(source, target, *document);
+        write(turn, target, *document);
     } else {
         logFailure(document.error());
-        fail(source, source.label + QStringLiteral(": ") + document.error());
+        fail(turn, order_.sources[turn].label + QStringLiteral(": ") + document.error());
     }
     startMore();
 }
 
-void ExportBatch::write(const ExportSource& source, const QString& target, const ExportedDocument& document)
+void ExportBatch::write(std::size_t turn, const QString& target, const ExportedDocument& document)
 {
+    const ExportSource& source = order_.sources[turn];
     if (target == standardStream) {
         observer_.content(document.content);
     } else if (const auto written = writeExport(target, document.content, order_.overwrite); !written) {
         logFailure(written.error().text());
-        fail(source, source.label + QStringLiteral(": ") + written.error().text());
+        fail(turn, source.label + QStringLiteral(": ") + written.error().text());
         return;
     }
     if (*order_.log.saved != '\0')
         console_.information(QString::fromLatin1(order_.log.saved) + target);
-    observer_.written(source.file, target);
+    inTurn_.tell(turn, [this, turn, target] { observer_.written(order_.sources[turn].file, target); });
     for (const QString& notice : document.notices)
-        observer_.warned(source.file, source.label + QStringLiteral(": ") + notice);
+        warn(turn, notice);
     if (!document.isMeasured) {
         ++failures_;
-        observer_.warned(source.file,
-                         source.label +
-                             QStringLiteral(": the pages could not be measured; check the breaks in ") +
-                             target);
+        warn(turn, QStringLiteral("the pages could not be measured; check the breaks in ") + target);
     }
+    inTurn_.done(turn);
+}
+
+void ExportBatch::warn(std::size_t turn, const QString& line)
+{
+    inTurn_.tell(turn, [this, turn, line] {
+        const ExportSource& source = order_.sources[turn];
+        observer_.warned(source.file, source.label + QStringLiteral(": ") + line);
+    });
+}
+
+void ExportBatch::fail(std::size_t turn, const QString& line)
+{
+    ++failures_;
+    inTurn_.tell(turn, [this, turn, line] { observer_.failed(order_.sources[turn].file, line); });
+    inTurn_.done(turn);
 }
 
 void ExportBatch::logFailure(const QString& error)
 {
     if (*order_.log.failed != '\0')
         console_.information(QString::fromLatin1(order_.log.failed) + error);
-}
-
-void ExportBatch::fail(const ExportSource& source, const QString& line)
-{
-    ++failures_;
-    observer_.failed(source.file, line);
 }
 
 } // namespace ledra

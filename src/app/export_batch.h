@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/document_export.h"
+#include "app/in_turn.h"
 
 #include <QObject>
 #include <QSet>
@@ -45,8 +46,8 @@ struct ExportOrder
     ExportLog log = {};
 };
 
-/// How a batch tells what happens to its documents, which it names by the files of their records. A line is
-/// complete: it names the document.
+/// How a batch tells what happens to its documents, in the order in which they were asked for. It names them by
+/// the files of their records. A line is complete: it names the document.
 class ExportObserver
 {
 public:
@@ -80,13 +81,14 @@ Q_SIGNALS:
 
 private:
     void startMore();
-    void startOne(const ExportSource& source);
-    void done(const ExportSource& source, const QString& target,
+    void startOne(std::size_t turn);
+    void done(std::size_t turn, const QString& target,
               const std::expected<ExportedDocument, QString>& document);
-    void write(const ExportSource& source, const QString& target, const ExportedDocument& document);
-    void fail(const ExportSource& source, const QString& line);
+    void write(std::size_t turn, const QString& target, const ExportedDocument& document);
+    void fail(std::size_t turn, const QString& line);
+    void warn(std::size_t turn, const QString& line);
     void logFailure(const QString& error);
-    bool mayBeWritten(const ExportSource& source, const Invoice& invoice);
+    bool mayBeWritten(std::size_t turn, const Invoice& invoice);
     std::expected<QString, QString> targetOf(const ExportSource& source);
 
     ExportOrder order_;
@@ -94,6 +96,7 @@ private:
     DocumentExport export_;
     Console& console_;
     ExportObserver& observer_;
+    InTurn inTurn_; ///< turns are indices of the sources
     std::size_t next_ = 0;
     int underWay_ = 0;
     int failures_ = 0;
