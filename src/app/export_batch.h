@@ -46,8 +46,8 @@ struct ExportOrder
     ExportLog log = {};
 };
 
-/// How a batch tells what happens to its documents, in the order in which they were asked for. It names them by
-/// the files of their records. A line is complete: it names the document.
+/// How a batch tells what happens to its documents, in the order in which they were asked for. It names them
+/// by the files of their records. A line is complete: it names the document.
 class ExportObserver
 {
 public:
