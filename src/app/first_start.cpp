@@ -50,6 +50,8 @@ Invoice::Item exampleItem(const Profile& profile, IdSource& ids)
 /// Whether a profile holds nothing but what a new one does.
 bool isUntouched(const Profile& profile)
 {
+    if (!profile.profileName)
+        return false; // it has no folder to keep anything in
     Profile fresh = newProfile(profile.id, systemRegion());
     fresh.profileName = profile.profileName;
     return profile == fresh;

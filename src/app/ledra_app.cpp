@@ -82,7 +82,7 @@ void LedraApp::connectDelegate()
                 reveal(invoiceId);
             });
     connect(appDelegate_.get(), &AppDelegate::pluginHandedOver, this, [this](const QUrl& package) {
-        pluginManager_->pendingPackage = package.toLocalFile();
+        pluginManager_->pendingPackages += package;
         pluginManager_->showInstallDialog = true;
         if (windows_)
             windows_->openSettings();
@@ -139,6 +139,13 @@ void LedraApp::followFonts(const WebFontManager& fonts)
 {
     connect(&fonts, &WebFontManager::fontCatalogDidLoad, stylingManager_.get(),
             &StylingManager::fontCatalogDidLoad);
+}
+
+std::expected<void, StoreFailure> LedraApp::setInvoiceDarkMode(bool isDark)
+{
+    Profile changed = **profileManager_->activeProfile();
+    changed.invoiceDarkMode = isDark;
+    return profileManager_->saveProfile(changed, changed.profileName.value_or(QString()));
 }
 
 QString LedraApp::badgeLabel(int count) const

@@ -68,8 +68,8 @@ struct LaunchOptions
 /// The application: its long-lived objects and its state. The command line and the windows are two front ends
 /// over it. They read the stores; what changes records goes through jobs().
 ///
-/// It is built in a fixed order, each step complete before the next: what was interrupted last time is
-/// finished, then the updater starts, then the profiles, after them the invoices of the active one and then
+/// It is built in a fixed order, each step complete before the next: the updater starts, then what was
+/// interrupted last time is finished, then the profiles, after them the invoices of the active one and then
 /// the plugins are loaded.
 class LedraApp : public QObject
 {
@@ -128,6 +128,10 @@ public:
 
     /// Makes style sheets anew when the catalogue has loaded.
     void followFonts(const WebFontManager& fonts);
+
+    /// Whether documents are dark in dark windows. The profile in use carries it to other computers; the
+    /// setting follows the profile.
+    std::expected<void, StoreFailure> setInvoiceDarkMode(bool isDark);
 
     /// The label of the icon in the dock: the count, or nothing.
     QString badgeLabel(int count) const;

@@ -71,6 +71,6 @@ constexpr std::array verbs = {Verb{"show", 0, 0, show}, Verb{"move", 1, 1, move}
 
 } // namespace
 
-DataCommand::DataCommand() : GroupCommand(dataSpec, verbs, Session::Needs::profiles) {}
+DataCommand::DataCommand() : GroupCommand(dataSpec, verbs, Session::Needs::settings) {}
 
 } // namespace ledra

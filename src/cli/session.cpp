@@ -9,6 +9,20 @@ CommandConsole::Verbosity verbosityOf(const CommandArguments& arguments)
     return arguments.has("verbose") ? CommandConsole::Verbosity::verbose : CommandConsole::Verbosity::normal;
 }
 
+namespace {
+
+/// The store has said why it could make none.
+QString noProfileText(const ProfileManager& profiles)
+{
+    const QString text =
+        profiles.dataFolder() + QStringLiteral(": holds no profile, and none can be made there");
+    return profiles.customDataPath()
+               ? text + QStringLiteral(" (\"ledra data reset\" goes back to the application's own folder)")
+               : text;
+}
+
+} // namespace
+
 Session::Session(const CommandArguments& arguments, Needs needs)
     : console_(verbosityOf(arguments)),
       app_({.console = console_,
@@ -23,8 +37,9 @@ std::expected<std::unique_ptr<Session>, ExitCode> Session::start(const CommandAr
     std::unique_ptr<Session> session(new Session(arguments, needs));
     if (const std::optional<QString>& problem = session->app_.launchProblem())
         return std::unexpected(failed(*problem));
-    if (!session->app_.profileManager().activeProfile()) // the store has said why it could make none
-        return std::unexpected(ExitCode::failed);
+    const ProfileManager& profiles = session->app_.profileManager();
+    if (needs != Needs::settings && !profiles.profileFolder(session->profile()))
+        return std::unexpected(failed(noProfileText(profiles)));
     return session;
 }
 

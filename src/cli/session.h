@@ -13,8 +13,8 @@ namespace ledra {
 class Session
 {
 public:
-    /// What a command works with.
-    enum class Needs { profiles, invoices };
+    /// What a command works with. Those that settle where the data lie work without any profile.
+    enum class Needs { settings, profiles, invoices };
 
     /// Starts the application with the common options. What is wrong has been said when there is none.
     static std::expected<std::unique_ptr<Session>, ExitCode> start(const CommandArguments& arguments,

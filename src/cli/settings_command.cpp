@@ -59,13 +59,18 @@ ExitCode get(Session& session, const QStringList& operands, const CommandArgumen
 ExitCode set(Session& session, const QStringList& operands, const CommandArguments&)
 {
     const auto done = session.app().settings().set(operands[0], operands[1]);
-    return done ? ExitCode::done : failed(done.error());
+    if (!done)
+        return failed(done.error());
+    if (operands[0] != u"invoiceDarkMode")
+        return ExitCode::done;
+    const auto saved = session.app().setInvoiceDarkMode(operands[1] == u"true");
+    return saved ? ExitCode::done : failed(saved.error());
 }
 
 constexpr std::array verbs = {Verb{"list", 0, 0, list}, Verb{"get", 1, 1, get}, Verb{"set", 2, 2, set}};
 
 } // namespace
 
-SettingsCommand::SettingsCommand() : GroupCommand(settingsSpec, verbs, Session::Needs::profiles) {}
+SettingsCommand::SettingsCommand() : GroupCommand(settingsSpec, verbs, Session::Needs::settings) {}
 
 } // namespace ledra

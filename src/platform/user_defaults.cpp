@@ -14,12 +14,6 @@ namespace ledra {
 
 namespace {
 
-QString settingsFile()
-{
-    return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) +
-           QStringLiteral("/Ledra/Ledra.conf");
-}
-
 std::optional<QString> problemOf(const QSettings& settings)
 {
     switch (settings.status()) {
@@ -36,7 +30,7 @@ std::optional<QString> problemOf(const QSettings& settings)
 /// Changes the file under its lock; what others have written since stays.
 std::expected<void, QString> change(const std::function<void(QSettings&)>& edit)
 {
-    QSettings settings(settingsFile(), QSettings::IniFormat);
+    QSettings settings(FileUserDefaults::path(), QSettings::IniFormat);
     settings.allKeys(); // makes it parse all sections now, and so find lines that writing would lose
     if (const auto problem = problemOf(settings))
         return std::unexpected(*problem);
@@ -54,9 +48,15 @@ std::expected<void, QString> change(const std::function<void(QSettings&)>& edit)
 
 } // namespace
 
+QString FileUserDefaults::path()
+{
+    return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) +
+           QStringLiteral("/Ledra/Ledra.conf");
+}
+
 QVariant FileUserDefaults::value(const QString& key) const
 {
-    return QSettings(settingsFile(), QSettings::IniFormat).value(key);
+    return QSettings(path(), QSettings::IniFormat).value(key);
 }
 
 std::expected<void, QString> FileUserDefaults::setValue(const QString& key, const QVariant& value)

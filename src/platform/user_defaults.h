@@ -34,6 +34,8 @@ public:
 class FileUserDefaults final : public UserDefaults
 {
 public:
+    static QString path();
+
     QVariant value(const QString& key) const override;
     std::expected<void, QString> setValue(const QString& key, const QVariant& value) override;
     std::expected<void, QString> remove(const QString& key) override;

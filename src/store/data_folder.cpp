@@ -20,6 +20,19 @@ bool isProfileFolder(const QString& folder)
     return QFileInfo::exists(folder + QStringLiteral("/profile.json"));
 }
 
+std::optional<QString> profileFolderProblem(const QString& folder)
+{
+    if (folder.isEmpty())
+        return QStringLiteral("the profile has no folder");
+    return QFileInfo::exists(folder) ? std::nullopt
+                                     : std::optional(folder + QStringLiteral(": the folder is gone"));
+}
+
+std::optional<QString> invoicesFolderProblem(const QString& folder)
+{
+    return profileFolderProblem(folder.isEmpty() ? QString() : QFileInfo(folder).path());
+}
+
 void DataFolder::restore()
 {
     const QVariant stored = context_.defaults.value(bookmarkKey);

@@ -47,6 +47,13 @@ private:
         inaccessible_; ///< the folder of which the console has been told that it cannot be accessed
 };
 
+/// Why nothing can be written into a profile's folder: there is none, or it is away, as with a stick that was
+/// pulled. Nothing is to be made anew in its place, where the records would lie beside those that come back.
+std::optional<QString> profileFolderProblem(const QString& folder);
+
+/// The same for the folder of its invoices, which itself is made on first need.
+std::optional<QString> invoicesFolderProblem(const QString& folder);
+
 /// Whether a folder is a profile's.
 bool isProfileFolder(const QString& folder);
 

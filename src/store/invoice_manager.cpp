@@ -247,18 +247,22 @@ std::expected<void, StoreFailure> InvoiceManager::write(Entry& entry)
     const QString name = fileNameFor(entry);
     const bool moves = !entry.fileName.isEmpty() && name != entry.fileName;
     const bool isNew = entry.fileName.isEmpty();
+    const auto fail = [&](const QString& reason) {
+        entry.isUnsaved = true;
+        const QString line = QStringLiteral("Error saving invoice: ") + reason;
+        context_.console.failure(line);
+        return std::unexpected(StoreFailure{line, true});
+    };
+    if (const std::optional<QString> problem = invoicesFolderProblem(folder_.path()))
+        return fail(*problem);
     const auto written = context_.writer.write({
         .path = folder_.path() + u'/' + name,
         .content = fileText(invoice),
         .known = isNew ? std::nullopt : std::optional(entry.mark),
         .moved = moves ? folder_.path() + u'/' + entry.fileName : QString(),
     });
-    if (!written) {
-        entry.isUnsaved = true;
-        const QString line = QStringLiteral("Error saving invoice: ") + written.error().text();
-        context_.console.failure(line);
-        return std::unexpected(StoreFailure{line, true});
-    }
+    if (!written)
+        return fail(written.error().text());
     if (moves) {
         folder_.noteGone(entry.fileName);
         idOfFile_.remove(entry.fileName);

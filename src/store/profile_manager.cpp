@@ -37,22 +37,27 @@ ProfileManager::ProfileManager(StoreContext& context) : context_(context), dataF
         // move.
         const InterprocessLock::Guard guard = context_.writer.lock();
         dataFolder_.restore();
-        profiles_ = loadProfiles();
-        if (profiles_.empty())
-            (void)createProfile(QStringLiteral("Default")); // told on the console
+        startWatching();
+        takeUp();
+        ensureProfile();
     }
     resolveActiveProfile();
-    if (context_.watchesFolders) {
-        directoryWatcher_ = std::make_unique<ProfileDirectoryWatcher>();
-        connect(directoryWatcher_.get(), &ProfileDirectoryWatcher::changed, this, [this] {
-            if (!isResolvingActiveProfile_ && !isPerformingProfileMutation_)
-                reload();
-        });
-        directoryWatcher_->watch(dataFolder());
-    }
 }
 
 ProfileManager::~ProfileManager() = default;
+
+/// Before anything is read: what comes in between is then reported.
+void ProfileManager::startWatching()
+{
+    if (!context_.watchesFolders)
+        return;
+    directoryWatcher_ = std::make_unique<ProfileDirectoryWatcher>();
+    connect(directoryWatcher_.get(), &ProfileDirectoryWatcher::changed, this, [this] {
+        if (!isResolvingActiveProfile_ && !isPerformingProfileMutation_)
+            reload();
+    });
+    directoryWatcher_->watch(dataFolder());
+}
 
 StoreFailure ProfileManager::failed(const QString& line) const
 {
@@ -78,14 +83,21 @@ Migration ProfileManager::resetDataFolderToDefault()
 
 void ProfileManager::afterMoving()
 {
-    profiles_ = loadProfiles();
-    if (profiles_.empty())
-        (void)createProfile(QStringLiteral("Default"));
+    profiles_ = loadProfiles(); // those of the earlier folder are none of this one
+    ensureProfile();
     listChanged();
     resolveActiveProfile();
     if (directoryWatcher_)
         directoryWatcher_->watch(dataFolder());
     Q_EMIT dataFolderChanged();
+}
+
+void ProfileManager::ensureProfile()
+{
+    if (profiles_.empty())
+        (void)createProfile(QStringLiteral("Default")); // told on the console
+    if (profiles_.empty())
+        profiles_ = {std::make_shared<ProfileRecord>(newProfile(context_.ids.newId(), context_.region))};
 }
 
 // ---- saving
@@ -101,7 +113,7 @@ std::expected<ProfilePtr, StoreFailure> ProfileManager::createProfile(const QStr
     profile.profileName = folderName;
     if (const auto written = writeProfile(profile, folderName); !written)
         return std::unexpected(written.error());
-    profiles_ = loadProfiles();
+    takeUp();
     listChanged();
     if (directoryWatcher_)
         directoryWatcher_->watch(dataFolder());
@@ -145,7 +157,7 @@ std::expected<void, StoreFailure> ProfileManager::saveProfile(const Profile& pro
         return written;
     if (const auto& record = known_[folderName].record)
         record->edit([&](Profile& value) { value = saved; });
-    profiles_ = loadProfiles();
+    takeUp();
     listChanged();
     if (activeProfile_ && (*activeProfile_)->id == saved.id) {
         copyDarkMode(saved);
@@ -204,8 +216,11 @@ void ProfileManager::resolveActiveProfile(const std::optional<QUuid>& preferred)
     }
     if (!chosen && !profiles_.empty())
         chosen = profiles_.front();
-    if (!isForThisRun_)
-        remember(chosen);
+    // What stays has been remembered already; by now another process may have been told to remember another.
+    const bool stays = !preferred && activeProfile_ && chosen && (*activeProfile_)->id == (*chosen)->id;
+    const bool hasFolder = !chosen || (*chosen)->profileName;
+    if (!isForThisRun_ && hasFolder)
+        stays ? copyDarkMode(**chosen) : remember(chosen);
     setActive(chosen);
 }
 

@@ -38,6 +38,9 @@ public:
     /// In the order of the number prefixes of their folders.
     const std::vector<ProfilePtr>& profiles() const { return profiles_; }
     unsigned profilesRevision() const { return profilesRevision_; }
+
+    /// Never nothing, so that the application runs whatever has become of the data folder: while no profile
+    /// can be read or made there, it is one without a folder, of which nothing can be saved.
     const ProfilePtr& activeProfile() const { return activeProfile_; }
     std::optional<QString> customDataPath() const { return dataFolder_.customPath(); }
 
@@ -58,7 +61,8 @@ public:
     /// Reads the profiles of the data folder anew.
     std::vector<ProfilePtr> loadProfiles();
 
-    /// Reads them and resolves the active profile again; observers hear of it if anything is different.
+    /// Reads them and resolves the active profile again; observers hear of it if anything is different. Where
+    /// nothing can be found any more, as on a stick that was pulled, what is known stays.
     void reload();
 
     std::expected<ProfilePtr, StoreFailure> createProfile(const QString& name);
@@ -109,6 +113,9 @@ private:
         std::shared_ptr<ProfileRecord> record;
     };
 
+    void startWatching();
+    void takeUp();
+    void ensureProfile();
     std::shared_ptr<ProfileRecord> load(const QString& folderName, QHash<QString, Known>& before);
     std::shared_ptr<ProfileRecord> takeRecord(const QUuid& id, QHash<QString, Known>& before) const;
     std::expected<void, StoreFailure> writeProfile(const Profile& profile, const QString& folderName);

@@ -38,19 +38,41 @@ std::vector<ProfilePtr> ProfileManager::loadProfiles()
         context_.console.failure(QStringLiteral("Error loading profiles: ") + entries.error().text());
         return {};
     }
-    std::erase_if(*entries, [&](const FolderEntry& entry) {
-        return entry.name.startsWith(u'.') || !isProfileFolder(data + u'/' + entry.name);
-    });
+    std::erase_if(*entries, [](const FolderEntry& entry) { return entry.name.startsWith(u'.'); });
     std::ranges::sort(*entries, {}, [](const FolderEntry& entry) { return orderKey(entry.name); });
 
     QHash<QString, Known> before;
     before.swap(known_);
     std::vector<ProfilePtr> loaded;
     for (const FolderEntry& entry : *entries) {
+        if (!isProfileFolder(data + u'/' + entry.name))
+            continue;
         if (const auto record = load(entry.name, before))
             loaded.push_back(record);
     }
+    // Whoever replaces a file by removing the old one first leaves its folder without it for a moment.
+    for (const FolderEntry& entry : *entries) {
+        const Known known = before.take(entry.name);
+        const auto isSame = [&](const ProfilePtr& profile) { return (*profile)->id == (**known.record).id; };
+        if (!known.record || std::ranges::any_of(loaded, isSame))
+            continue;
+        known_.insert(entry.name, known);
+        loaded.push_back(known.record);
+    }
+    std::ranges::sort(loaded, {},
+                      [](const ProfilePtr& profile) { return orderKey(*(*profile)->profileName); });
     return loaded;
+}
+
+/// Takes over what the data folder holds.
+void ProfileManager::takeUp()
+{
+    const QHash<QString, Known> before = known_;
+    std::vector<ProfilePtr> loaded = loadProfiles();
+    if (loaded.empty())
+        known_ = before;
+    else
+        profiles_ = std::move(loaded);
 }
 
 /// Reads one profile. A record that is known by its folder or its id stays the same object, and its content
@@ -114,12 +136,12 @@ void ProfileManager::reload()
         return values;
     };
     const std::vector<Profile> before = contents();
-    profiles_ = loadProfiles();
+    if (directoryWatcher_)
+        directoryWatcher_->watch(dataFolder()); // first, so that nothing comes unseen while it is read
+    takeUp();
     if (contents() != before)
         listChanged();
     resolveActiveProfile();
-    if (directoryWatcher_)
-        directoryWatcher_->watch(dataFolder());
 }
 
 void ProfileManager::listChanged()

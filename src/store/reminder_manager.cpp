@@ -133,17 +133,21 @@ std::expected<void, StoreFailure> ReminderManager::write(Entry& entry)
 {
     const bool isNew = entry.fileName.isEmpty();
     const QString name = fileNameFor(entry);
+    const auto fail = [this](const QString& reason) {
+        const QString line = QStringLiteral("Error saving reminder: ") + reason;
+        context_.console.failure(line);
+        return std::unexpected(StoreFailure{line, true});
+    };
+    if (const std::optional<QString> problem = invoicesFolderProblem(folder_))
+        return fail(*problem);
     const auto written = context_.writer.write({
         .path = path(name),
         .content = fileText(**entry.record),
         .known = isNew ? std::nullopt : std::optional(entry.mark),
         .moved = isNew || name == entry.fileName ? QString() : path(entry.fileName),
     });
-    if (!written) {
-        const QString line = QStringLiteral("Error saving reminder: ") + written.error().text();
-        context_.console.failure(line);
-        return std::unexpected(StoreFailure{line, true});
-    }
+    if (!written)
+        return fail(written.error().text());
     idOfFile_.remove(entry.fileName);
     idOfFile_.insert(name, (*entry.record)->id);
     entry.fileName = name;

@@ -29,7 +29,7 @@ void StylingManager::open()
 {
     const ProfilePtr& profile = profiles_.activeProfile();
     const QString folder = profile ? profiles_.profileFolder(**profile).value_or(QString()) : QString();
-    if (folder == folder_)
+    if (folder == folder_ && styling_)
         return;
     saver_.flush();
     folder_ = folder;
@@ -44,6 +44,8 @@ void StylingManager::open()
 
 void StylingManager::follow(const FolderChanges& changes)
 {
+    if (profileFolderProblem(folder_))
+        return; // what is shown stays until the folder is back
     const auto isAsset = [](const QString& name) { return isLogoFile(name) || isStyleSheetFile(name); };
     const QString path = folder_ + stylingFile;
     const auto isForeign = [&] {
@@ -60,16 +62,31 @@ void StylingManager::load()
 {
     if (saver_.isPending())
         return; // saving will find the other version and keep it
-    if (folder_.isEmpty()) {
+    mark_.reset();
+    if (!profiles_.activeProfile()) {
         styling_.reset();
         published_.reset();
-        mark_.reset();
         touch();
         return;
     }
+    Styling loaded = read();
+    if (loaded.id.isNull())
+        loaded.id = styling_ ? (*styling_)->id : context_.ids.newId();
+    if (styling_)
+        styling_->edit([&](Styling& styling) { styling = loaded; });
+    else
+        styling_ = std::make_shared<StylingRecord>(loaded);
+    published_ = styling_;
+    touch();
+}
+
+/// The styling of the profile's folder with its assets; a new one, without an id, where there is none.
+Styling StylingManager::read()
+{
     Styling loaded = newStyling(QUuid(), context_.region);
+    if (folder_.isEmpty())
+        return loaded;
     const QString path = folder_ + stylingFile;
-    mark_.reset();
     if (QFileInfo::exists(path)) {
         const auto content = readFile(path, largestRecordFile);
         const Decoded<Styling> decoded =
@@ -83,20 +100,13 @@ void StylingManager::load()
                     .arg(path, content ? decoded.error().text() : content.error().reason));
         }
     }
-    if (loaded.id.isNull())
-        loaded.id = styling_ ? (*styling_)->id : context_.ids.newId();
     loadStylingAssets(loaded, folder_, context_.console);
-    if (styling_)
-        styling_->edit([&](Styling& styling) { styling = loaded; });
-    else
-        styling_ = std::make_shared<StylingRecord>(loaded);
-    published_ = styling_;
-    touch();
+    return loaded;
 }
 
 void StylingManager::loadAssets()
 {
-    if (!styling_)
+    if (!styling_ || folder_.isEmpty())
         return;
     Styling loaded = **styling_;
     loadStylingAssets(loaded, folder_, context_.console);
@@ -121,13 +131,17 @@ std::expected<void, StoreFailure> StylingManager::save()
 {
     if (!styling_)
         return std::unexpected(StoreFailure{QStringLiteral("No active profile selected")});
-    const auto written = context_.writer.writeAtomically(
-        {.path = folder_ + stylingFile, .content = fileText(**styling_), .known = mark_});
-    if (!written) {
-        const QString line = QStringLiteral("Error saving styling: ") + written.error().text();
+    const auto fail = [this](const QString& reason) {
+        const QString line = QStringLiteral("Error saving styling: ") + reason;
         context_.console.failure(line);
         return std::unexpected(StoreFailure{line, true});
-    }
+    };
+    if (const std::optional<QString> problem = profileFolderProblem(folder_))
+        return fail(*problem);
+    const auto written = context_.writer.writeAtomically(
+        {.path = folder_ + stylingFile, .content = fileText(**styling_), .known = mark_});
+    if (!written)
+        return fail(written.error().text());
     mark_ = *written;
     return {};
 }
@@ -204,8 +218,10 @@ std::expected<void, StylingError> StylingManager::import(const QString& path, co
 std::expected<void, StylingError> StylingManager::keep(const QByteArray& content, const QString& target,
                                                        bool (*isOfKind)(const QString&), qint64 limit)
 {
-    if (folder_.isEmpty())
+    if (!profiles_.activeProfile())
         return std::unexpected(StylingError{QStringLiteral("No active profile selected")});
+    if (const std::optional<QString> problem = profileFolderProblem(folder_))
+        return std::unexpected(StylingError{*problem});
     const QString targetPath = folder_ + u'/' + target;
     if (content.size() > limit)
         return std::unexpected(StylingError{targetPath + QStringLiteral(": is too large")});
@@ -226,6 +242,8 @@ std::expected<void, StylingError> StylingManager::keep(const QByteArray& content
 std::expected<void, StylingError> StylingManager::discard(bool (*isOfKind)(const QString&),
                                                           const QString& except)
 {
+    if (profileFolderProblem(folder_))
+        return {}; // and nothing in it
     for (const QString& name : QDir(folder_).entryList(QDir::Files, QDir::Name)) {
         if (!isOfKind(name) || name == except)
             continue;

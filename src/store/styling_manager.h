@@ -77,6 +77,7 @@ Q_SIGNALS:
 private:
     void open();
     void follow(const FolderChanges& changes);
+    Styling read();
     void loadAssets();
     void touch();
     std::expected<void, StylingError> discard(bool (*isOfKind)(const QString&), const QString& except = {});

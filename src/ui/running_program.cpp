@@ -1,8 +1,10 @@
 #include "ui/running_program.h"
 
 #include "ui/main_window.h"
+#include "ui/settings/settings_window.h"
 
 #include <QApplication>
+#include <QFileInfo>
 
 namespace ledra {
 
@@ -24,6 +26,7 @@ constexpr std::array desktopActions = {
 
 RunningProgram::RunningProgram(ApplicationBus& bus)
     : app_({.console = console_, .windows = &front_, .updater = &updater_}),
+      settingsWatcher_(QFileInfo(FileUserDefaults::path()).path()),
       language_(app_.settings()),
       appearance_(app_.settings()),
       icon_(app_.settings()),
@@ -32,6 +35,7 @@ RunningProgram::RunningProgram(ApplicationBus& bus)
     app_.followFonts(fonts_);
     connect(&appearance_, &AppearanceController::changed, &icon_, &ApplicationIcon::apply);
     followBus(bus);
+    followSettingsFile();
     openWindow();
     app_.keepBackups();
     app_.pluginManager().start();
@@ -52,6 +56,17 @@ void RunningProgram::followBus(ApplicationBus& bus)
         const auto found = std::ranges::find(desktopActions, QStringView(name), &DesktopAction::name);
         if (found != desktopActions.end())
             window_->commands().action(found->command)->trigger();
+    });
+}
+
+/// Settings that the command line changes.
+void RunningProgram::followSettingsFile()
+{
+    connect(&settingsWatcher_, &FolderWatcher::changed, this, [this](const FolderChanges& changes) {
+        const bool isOurs =
+            changes.rescan || changes.names.contains(QFileInfo(FileUserDefaults::path()).fileName());
+        if (isOurs && !QApplication::activeModalWidget()) // what it asks is answered first
+            followSettings();
     });
 }
 
@@ -79,13 +94,16 @@ void RunningProgram::speakAnew()
 {
     if (!language_.isOutdated())
         return;
+    const auto* settings = window_->findChild<SettingsWindow*>();
+    const bool hadSettings = settings && settings->isVisible();
     QApplication::setQuitOnLastWindowClosed(false);
     if (window_->close()) { // else it has said why it stays; the next start has the language
         front_.setWindow(nullptr);
         window_.reset();
         language_.apply();
         openWindow();
-        window_->openSettings();
+        if (hadSettings)
+            window_->openSettings();
     }
     QApplication::setQuitOnLastWindowClosed(true);
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/folder_watcher.h"
 #include "render/qt_web_engine.h"
 #include "render/web_font_manager.h"
 #include "ui/desktop/application_bus.h"
@@ -31,6 +32,7 @@ public:
 
 private:
     void followBus(ApplicationBus& bus);
+    void followSettingsFile();
     void openWindow();
     void followSettings();
     void speakAnew();
@@ -39,6 +41,7 @@ private:
     PackageUpdater updater_;
     WindowFront front_;
     LedraApp app_;
+    FolderWatcher settingsWatcher_; ///< of the folder with the settings file
     InterfaceLanguage language_;
     AppearanceController appearance_;
     ApplicationIcon icon_;

@@ -1,4 +1,5 @@
 #include "platform/folder_bookmark.h"
+#include "store/invoice_manager.h"
 #include "store/profile_json.h"
 #include "support/store_home.h"
 #include "support/test_suite.h"
@@ -24,6 +25,8 @@ private Q_SLOTS:
     void bookmarks();
     void migration();
     void outsideChanges();
+    void awayForAMoment();
+    void nowhereToKeepProfiles();
 };
 
 namespace {
@@ -240,6 +243,61 @@ void ProfileManagerTest::outsideChanges()
     while (manager.profiles().size() < 3)
         QVERIFY(changes.wait());
     QCOMPARE(changes.size(), 1);
+}
+
+void ProfileManagerTest::awayForAMoment()
+{
+    StoreHome home;
+    putProfile(home, home.data(QStringLiteral("1_A")));
+    const QUuid id = putProfile(home, home.data(QStringLiteral("2_B")));
+    home.defaults.values[activeKey] = idText(id);
+    ProfileManager manager(home.context);
+    const ProfilePtr active = manager.activeProfile();
+    QCOMPARE((*active)->displayName(), QStringLiteral("B"));
+    const auto reloadsTo = [&](const char* names) {
+        manager.reload();
+        return displayNames(manager).join(u' ') == QLatin1String(names) &&
+               manager.activeProfile() == active && home.defaults.values[activeKey] == idText(id);
+    };
+
+    // A file that is replaced by removing it first.
+    const QString file = home.data(QStringLiteral("2_B/profile.json"));
+    QVERIFY(QFile::rename(file, file + QStringLiteral("~")) && reloadsTo("A B"));
+    QVERIFY(QFile::rename(file + QStringLiteral("~"), file) && reloadsTo("A B"));
+
+    // A folder that is pulled out; looking for it makes an empty one.
+    const QString away = home.path(QStringLiteral("away"));
+    QVERIFY(QDir().rename(home.data(), away) && reloadsTo("A B"));
+    QVERIFY(!manager.saveProfile(**active, QStringLiteral("2_B")) && reloadsTo("A B"));
+    QVERIFY(StoreHome::names(home.data()).isEmpty());
+    QVERIFY(QDir().rmdir(home.data()) && QDir().rename(away, home.data()) && reloadsTo("A B"));
+    QVERIFY(manager.saveProfile(**active, QStringLiteral("2_B")));
+
+    QVERIFY(QDir(home.data(QStringLiteral("2_B"))).removeRecursively());
+    manager.reload();
+    QCOMPARE(displayNames(manager), QStringList{QStringLiteral("A")});
+}
+
+/// The application works on, so that it can say so and the user can do something about it.
+void ProfileManagerTest::nowhereToKeepProfiles()
+{
+    StoreHome home;
+    const QString data = QDir::cleanPath(home.data());
+    QVERIFY(home.put(data, "in the way"));
+    home.defaults.values[activeKey] = QStringLiteral("remembered");
+    ProfileManager manager(home.context);
+    QVERIFY(manager.activeProfile() && !manager.profileFolder(**manager.activeProfile()));
+    QCOMPARE(home.defaults.values[activeKey].toString(), QStringLiteral("remembered"));
+    InvoiceManager invoices(home.context, manager);
+    QVERIFY(!invoices.create(InvoiceType::invoice));
+    QCOMPARE(home.console.failures.constLast(),
+             QStringLiteral("Error saving invoice: the profile has no folder"));
+
+    QVERIFY(QFile::remove(data));
+    const QUuid id = putProfile(home, home.data(QStringLiteral("1_A")));
+    manager.reload();
+    QCOMPARE((*manager.activeProfile())->id, id);
+    QVERIFY(invoices.create(InvoiceType::invoice));
 }
 
 const ledra::test::RegisterSuite<ProfileManagerTest> registration("profile_manager_test");

@@ -66,6 +66,59 @@ private Q_SLOTS:
         choose(program, "Windows", "System");
     }
 
+    void followsTheCommandLine()
+    {
+        ApplicationBus bus(QDBusConnection(QStringLiteral("none")));
+        RunningProgram program(bus);
+        QVERIFY(home_->succeeds("settings set appearance dark"));
+        QTRY_COMPARE(QApplication::palette(), darkPalette());
+        QVERIFY(home_->succeeds("settings set appearance light"));
+        QTRY_COMPARE(QApplication::palette(), lightPalette());
+        QVERIFY(home_->succeeds("settings set language de"));
+        QTRY_COMPARE(program.window().commands().menu(Menu::record)->title().remove(u'&'),
+                     QStringLiteral("Rechnung"));
+        QVERIFY(!program.window().findChild<SettingsWindow*>()); // nobody had opened it
+
+        const auto profileNames = [&] {
+            return program.window().parts().app.profileManager().profiles().size();
+        };
+        QVERIFY(home_->succeeds("profile create Second") && home_->succeeds("profile use Second"));
+        QTRY_COMPARE(profileNames(), 2U);
+        QVERIFY(home_->succeeds("profile create Third"));
+        QTRY_COMPARE(profileNames(), 3U);
+        const QByteArray list =
+            home_->run("profile list").output; // the choice stands, whatever the window shows
+        QVERIFY2(list.contains("*  Second"), list);
+    }
+
+    /// The data folder is on a stick that is pulled, or a sync service replaces what is in it.
+    void outlivesItsFolder()
+    {
+        ApplicationBus bus(QDBusConnection(QStringLiteral("none")));
+        RunningProgram program(bus);
+        LedraApp& app = program.window().parts().app;
+        program.window().commands().action("New Invoice")->trigger();
+        const QUuid id = (*program.window().selected().front())->id;
+        const QString data = QDir::cleanPath(home_->data());
+        const auto type = [&](const char* name) {
+            return app.jobs().editSoon(
+                id, [&](Invoice& invoice) { invoice.name = QString::fromLatin1(name); }, Force::no);
+        };
+        QVERIFY(QDir().rename(data, data + QStringLiteral("-away")));
+        QTest::qWait(500);
+        QVERIFY(type("Typed in the dark"));
+        QTest::qWait(1500); // it tries to write that
+        QVERIFY(
+            !QFileInfo::exists(data + QStringLiteral("/1_Default"))); // nothing in the place of what is away
+        program.window().openSettings();
+        QVERIFY(QDir(data).removeRecursively());
+        QVERIFY(QDir().rename(data + QStringLiteral("-away"), data));
+        QTest::qWait(500);
+        QVERIFY(type("Typed in the light"));
+        QTRY_VERIFY_WITH_TIMEOUT(home_->run("list").output.contains("Typed in the light"), 10'000);
+        QCOMPARE(app.profileManager().profiles().size(), 1U);
+    }
+
 private:
     static SettingsWindow& settingsOf(RunningProgram& program)
     {

@@ -158,6 +158,8 @@ bool AppearanceController::isDarkWanted() const
 void AppearanceController::apply()
 {
     const bool isDark = isDarkWanted();
+    if (std::exchange(isDark_, isDark) == isDark)
+        return;
     const QPalette palette = isDark ? darkPalette() : lightPalette();
     QApplication::setPalette(palette);
     if (isDark)

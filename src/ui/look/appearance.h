@@ -24,7 +24,7 @@ class AppearanceController : public QObject
 public:
     explicit AppearanceController(const Settings& settings);
 
-    /// To be called when the setting has changed.
+    /// To be called when the setting may have changed.
     void apply();
 
 Q_SIGNALS:
@@ -37,6 +37,7 @@ private:
     bool isDarkWanted() const;
 
     const Settings& settings_;
+    std::optional<bool> isDark_; ///< what was applied last
 };
 
 } // namespace ledra
