@@ -3,5 +3,6 @@
 
 int main(int argc, char** argv)
 {
-    return ledra::wantsWindow(argc, argv) ? ledra::runWindow(argc, argv) : ledra::runProgram(argc, argv);
+    const bool opensWindow = !ledra::isCommandLine(argc, argv) && ledra::wantsWindow(argc, argv);
+    return opensWindow ? ledra::runWindow(argc, argv) : ledra::runProgram(argc, argv);
 }

@@ -94,6 +94,11 @@ QStringList withCommandFirst(QStringList texts)
 
 } // namespace
 
+bool isCommandLine(int argc, char** argv)
+{
+    return argc > 1 && findCommand(QString::fromLocal8Bit(argv[1])) != nullptr;
+}
+
 int runProgram(int argc, char** argv)
 {
     QStringList texts = withCommandFirst(textsOf(argc, argv));

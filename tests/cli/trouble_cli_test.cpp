@@ -20,6 +20,8 @@ private Q_SLOTS:
     void recordsOfOneNumber();
     void twoFilesOfOneRecord();
     void damagedFileAmongGoodOnes();
+    void folderThatCannotBeReached();
+    void filesNamedLikeCommands();
 
 private:
     QString file(const char* name) const { return invoices_ + QString::fromLatin1(name); }
@@ -161,6 +163,38 @@ void TroubleCliTest::damagedFileAmongGoodOnes()
     QCOMPARE(QJsonDocument::fromJson(run.output).array().size(), 100);
     QVERIFY(run.errors.size() == 1 && run.errors.front().contains(file("damaged.json: daysToPay: ")));
     QCOMPARE(filesBelow(home_.data()), before);
+}
+
+/// What settles where the data lie works all the same.
+void TroubleCliTest::folderThatCannotBeReached()
+{
+    test::ProgramHome home;
+    QVERIFY(QDir().mkdir(home.path(QStringLiteral("stick"))));
+    home.ids[QStringLiteral("DATA")] = home.path(QStringLiteral("stick/Ledra"));
+    QCOMPARE(home.run("data move {DATA}").exitCode, 0);
+    QVERIFY(QDir().rename(home.path(QStringLiteral("stick")), home.path(QStringLiteral("pulled"))));
+    QVERIFY(test::writeFile(home.path(QStringLiteral("stick")), "in the way"));
+
+    const ProgramRun refused = home.run("list");
+    QVERIFY(refused.exitCode == 1 && refused.output.isEmpty());
+    QVERIFY2(refused.errors.constLast().contains(QStringLiteral("ledra data reset")),
+             qPrintable(refused.errors.join(u'|')));
+    QCOMPARE(home.run("new invoice").exitCode, 1);
+    for (const char* command : {"data show", "settings list", "backup list", "data reset", "list"})
+        QVERIFY2(home.run(command).exitCode == 0, command);
+}
+
+/// With a display, files are opened in the window; a command stays one.
+void TroubleCliTest::filesNamedLikeCommands()
+{
+    const QString before = QDir::currentPath();
+    QVERIFY(QDir(home_.path()).mkdir(QStringLiteral("list")) && QDir::setCurrent(home_.path()));
+    test::RunSetting setting;
+    setting.variables = home_.variables();
+    setting.variables.insert(QStringLiteral("DISPLAY"), QStringLiteral(":nowhere"));
+    const ProgramRun run = test::runProgram({QStringLiteral("list")}, setting);
+    QDir::setCurrent(before);
+    QVERIFY(run.exitCode == 0 && run.output.contains("Draft"));
 }
 
 const ledra::test::RegisterSuite<TroubleCliTest> registration("trouble_cli_test");
