@@ -32,7 +32,9 @@ std::unique_ptr<QUndoCommand> stylingStep(StylingManager& manager, const Styling
     return std::make_unique<EditStep<Styling>>(
         QT_TRANSLATE_NOOP("UndoText", "Styling"), before, **manager.styling(),
         TypingRun{.id = kind == EditKind::typing ? typingId : -1},
-        [&manager](const Styling& state, const FieldSet<Styling>& fields) { apply(manager, state, fields); });
+        [&manager](const Styling&, const Styling& to, const FieldSet<Styling>& fields) {
+            apply(manager, to, fields);
+        });
 }
 
 } // namespace ledra

@@ -45,8 +45,9 @@ template <class T>
 class EditStep final : public TakenStep
 {
 public:
-    /// Puts the named fields of a state into the record with its id, if it is still there.
-    using Apply = std::function<void(const T& state, const FieldSet<T>& fields)>;
+    /// Brings the record with the id of the two states, if it is still there, from the one to the other in
+    /// the named fields.
+    using Apply = std::function<void(const T& from, const T& to, const FieldSet<T>& fields)>;
 
     EditStep(const char* text, T before, T after, TypingRun run, Apply apply, QUndoCommand* whole = nullptr)
         : TakenStep(text, whole),
@@ -57,7 +58,7 @@ public:
           apply_(std::move(apply))
     {}
 
-    void undo() override { apply_(before_, fields_); }
+    void undo() override { apply_(after_, before_, fields_); }
     int id() const override { return run_.id; }
 
     bool mergeWith(const QUndoCommand* other) override
@@ -65,14 +66,17 @@ public:
         const auto* next = static_cast<const EditStep*>(other); // of the same id(), so of the same class
         if (next->before_.id != before_.id || next->fields_ != fields_ || next->run_.run != run_.run)
             return false;
-        after_ = next->after_;
-        fields_ = changedFields(before_, after_);
+        // What somebody else has changed between the two is part of neither.
+        if ((changedFields(after_, next->before_) & fields_).any())
+            return false;
+        copyFields(next->after_, after_, fields_);
+        fields_ &= changedFields(before_, after_);
         setObsolete(fields_.none());
         return true;
     }
 
 protected:
-    void takeAgain() override { apply_(after_, fields_); }
+    void takeAgain() override { apply_(before_, after_, fields_); }
 
 private:
     T before_;

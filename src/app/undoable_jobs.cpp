@@ -1,5 +1,6 @@
 #include "app/undoable_jobs.h"
 
+#include "app/item_changes.h"
 #include "app/undo_commands.h"
 
 namespace ledra {
@@ -16,9 +17,14 @@ std::unique_ptr<EditStep<Invoice>> editStep(InvoiceManager& invoices, const Invo
                                             const Invoice& after, EditKind kind,
                                             QUndoCommand* whole = nullptr)
 {
-    const auto apply = [&invoices](const Invoice& state, const FieldSet<Invoice>& fields) {
-        if (invoices.find(state.id))
-            invoices.editSoon(state.id, [&](Invoice& invoice) { copyFields(state, invoice, fields); });
+    const auto apply = [&invoices](const Invoice& from, const Invoice& to, const FieldSet<Invoice>& fields) {
+        if (!invoices.find(to.id))
+            return;
+        invoices.editSoon(to.id, [&](Invoice& invoice) {
+            Invoice wanted = to;
+            wanted.items = withItemChange(invoice.items, from.items, to.items);
+            copyFields(wanted, invoice, fields);
+        });
     };
     return std::make_unique<EditStep<Invoice>>(QT_TRANSLATE_NOOP("UndoText", "Edit"), before, after,
                                                TypingRun{.id = kind == EditKind::typing ? typingId : -1},

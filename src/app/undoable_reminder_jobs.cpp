@@ -28,10 +28,10 @@ JobResult<void> UndoableReminderJobs::edit(const QUuid& id, const std::function<
         stack_.push(new EditStep<Reminder>( // the stack owns it
             QT_TRANSLATE_NOOP("UndoText", "Edit Reminder"), before, after,
             {kind == EditKind::typing ? typingId : -1, run},
-            [&reminders = reminders_](const Reminder& state, const FieldSet<Reminder>& fields) {
-                if (reminders.find(state.id))
-                    (void)reminders.edit(state.id,
-                                         [&](Reminder& reminder) { copyFields(state, reminder, fields); });
+            [&reminders = reminders_](const Reminder&, const Reminder& to, const FieldSet<Reminder>& fields) {
+                if (reminders.find(to.id))
+                    (void)reminders.edit(to.id,
+                                         [&](Reminder& reminder) { copyFields(to, reminder, fields); });
             }));
     return edited;
 }

@@ -85,9 +85,42 @@ void UndoableJobsTest::othersChangesStay()
     desk.type(id, QStringLiteral("Jonas"));
     QVERIFY(desk.jobs.edit(
         id, [](Invoice& invoice) { invoice.reference = QStringLiteral("from elsewhere"); }, Force::no));
+    desk.type(id, QStringLiteral("Jonas Ahlers")); // goes on with the same step
     desk.stack.undo();
     const Invoice& record = **desk.invoices.find(id);
     QVERIFY(record.name.isEmpty() && record.reference == u"from elsewhere");
+
+    // Of a list of items only those that a step has touched.
+    const auto namesOf = [&] {
+        QStringList names;
+        for (const Invoice::Item& item : record.items)
+            names += item.item;
+        return names.join(u' ');
+    };
+    const auto addItem = [&](const char* text) {
+        return [&desk, text](Invoice& invoice) {
+            invoice.items.push_back(newItem(**desk.profiles.activeProfile(), desk.home.context.ids));
+            invoice.items.back().item = QString::fromLatin1(text);
+        };
+    };
+    for (const char* text : {"a", "b", "c"})
+        QVERIFY(desk.undoable.edit(id, addItem(text), EditKind::single));
+    QVERIFY(desk.undoable.edit(
+        id, [](Invoice& invoice) { invoice.items[1].item = QStringLiteral("typed"); }, EditKind::typing));
+    QVERIFY(desk.jobs.edit(
+        id,
+        [](Invoice& invoice) {
+            invoice.items.erase(invoice.items.begin());
+            invoice.items.back().item = QStringLiteral("C");
+        },
+        Force::no));
+    QCOMPARE(namesOf(), QStringLiteral("typed C"));
+    desk.stack.undo();
+    QCOMPARE(namesOf(), QStringLiteral("b C"));
+    desk.stack.undo(); // adding c
+    QCOMPARE(namesOf(), QStringLiteral("b"));
+    desk.stack.redo();
+    QCOMPARE(namesOf(), QStringLiteral("b c"));
 }
 
 void UndoableJobsTest::everythingAndBack()
