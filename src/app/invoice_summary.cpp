@@ -28,23 +28,29 @@ QString field(const char* label, const QString& value)
 class SummaryWriter
 {
 public:
-    SummaryWriter(const Invoice& invoice, const Profile& profile, Timestamp now, SummaryKind kind)
-        : invoice_(invoice), profile_(profile), now_(now), isReceived_(kind == SummaryKind::received)
-    {}
+    explicit SummaryWriter(const InvoiceSummary& summary) : summary_(summary), invoice_(summary.invoice) {}
 
     QString text() const { return heading() + u'\n' + items() + u'\n' + totals(); }
 
 private:
     QString amount(double value) const { return amountText(value, invoice_.currency, terminalLanguage); }
 
+    QString day(std::string_view key, QDate day) const
+    {
+        return summary_.isStated(key) ? dayText(day) : QString();
+    }
+
     QString heading() const
     {
-        const bool overdue = invoice_.isOverdue(now_);
-        const QString due = dayText(invoice_.dueDay()) + (overdue ? QStringLiteral(" (overdue)") : QString());
+        const ReceivedHead* received = summary_.received;
+        const bool overdue = invoice_.isOverdue(summary_.now);
+        const QString due =
+            day("dueDate", invoice_.dueDay()) + (overdue ? QStringLiteral(" (overdue)") : QString());
         const bool isQuote = invoice_.type == InvoiceType::quote;
-        return displayText(invoice_.type) + u' ' + displayedNumber(invoice_, profile_) + u'\n' +
-               field("Status", isReceived_ ? QString() : displayText(invoice_.status)) +
-               field("Date", dayText(invoice_.date.localDate())) +
+        return (received ? received->title : displayText(invoice_.type)) + u' ' +
+               displayedNumber(invoice_, summary_.profile) + u'\n' +
+               field("Status", received ? QString() : displayText(invoice_.status)) +
+               field("Date", day("date", invoice_.date.localDate())) +
                field(isQuote ? "Valid until" : "Due", due) +
                field("From", senderAddress(invoice_).firstName()) +
                field("To", recipientAddress(invoice_).lines().join(QStringLiteral(", "))) +
@@ -85,11 +91,19 @@ private:
         return lines + total(QStringLiteral("Total"), invoice_.total());
     }
 
+    const InvoiceSummary& summary_;
     const Invoice& invoice_;
-    const Profile& profile_;
-    Timestamp now_;
-    bool isReceived_;
 };
+
+/// The keys of the record's file, but for those that its document says nothing of.
+void encodeStated(const InvoiceSummary& summary, KeyedEncodingContainer& object)
+{
+    const auto encodeOne = [&](const auto& entry) {
+        if (summary.isStated(entry.name))
+            encodeEntry(entry, summary.invoice, object);
+    };
+    std::apply([&](const auto&... entry) { (encodeOne(entry), ...); }, jsonSchema<Invoice>);
+}
 
 } // namespace
 
@@ -97,7 +111,7 @@ void encode(const InvoiceSummary& summary, JSONEncoderState& state)
 {
     const Invoice& invoice = summary.invoice;
     KeyedEncodingContainer object = state.keyedContainer();
-    encodeMembers(invoice, object);
+    encodeStated(summary, object);
     object.encode("formattedNumber", displayedNumber(invoice, summary.profile));
     object.encode("subtotal", invoice.subtotal());
     object.encode("discount", invoice.discount());
@@ -108,6 +122,8 @@ void encode(const InvoiceSummary& summary, JSONEncoderState& state)
         entry.encode("amount", vat.amount);
     }
     object.encode("total", invoice.total());
+    if (!summary.isStated("dueDate"))
+        return;
     object.encode("dueDate", dayText(invoice.dueDay()));
     object.encode("isOverdue", invoice.isOverdue(summary.now));
 }
@@ -119,9 +135,9 @@ QByteArray summaryJson(const Invoice& invoice, const Profile& profile, Timestamp
     return encoder.encode(InvoiceSummary{invoice, profile, now}).value();
 }
 
-QString summaryText(const Invoice& invoice, const Profile& profile, Timestamp now, SummaryKind kind)
+QString summaryText(const InvoiceSummary& summary)
 {
-    return SummaryWriter(invoice, profile, now, kind).text();
+    return SummaryWriter(summary).text();
 }
 
 } // namespace ledra

@@ -6,9 +6,19 @@
 #include <QByteArray>
 #include <QString>
 
+#include <set>
+#include <string_view>
+
 namespace ledra {
 
 class JSONEncoderState;
+
+/// What a summary of somebody else's document says otherwise than the one of a record; it has no status.
+struct ReceivedHead
+{
+    QString title;                       ///< what kind of document it is
+    std::set<std::string_view> unstated; ///< keys of summaryJson() that the document says nothing of
+};
 
 /// A record and what its computed values depend on.
 struct InvoiceSummary
@@ -16,9 +26,12 @@ struct InvoiceSummary
     const Invoice& invoice;
     const Profile& profile;
     Timestamp now;
+    const ReceivedHead* received = nullptr; ///< of a document that somebody else made
+
+    bool isStated(std::string_view key) const { return !received || !received->unstated.contains(key); }
 };
 
-/// For objects that hold the one of summaryJson().
+/// For objects that hold the one of summaryJson(), without the keys that are not stated.
 void encode(const InvoiceSummary& summary, JSONEncoderState& state);
 
 /// A record with its computed values as one JSON object: the keys of its file, then "formattedNumber",
@@ -26,11 +39,7 @@ void encode(const InvoiceSummary& summary, JSONEncoderState& state);
 /// (yyyy-MM-dd) and "isOverdue".
 QByteArray summaryJson(const Invoice& invoice, const Profile& profile, Timestamp now);
 
-/// Whose document a summary tells of: of one that somebody else made there is no status.
-enum class SummaryKind { record, received };
-
 /// A record for reading on a terminal, in English.
-QString summaryText(const Invoice& invoice, const Profile& profile, Timestamp now,
-                    SummaryKind kind = SummaryKind::record);
+QString summaryText(const InvoiceSummary& summary);
 
 } // namespace ledra

@@ -21,6 +21,24 @@ Invoice shownRecord(const OpenedEInvoice& opened)
     return invoice;
 }
 
+/// The keys of a summary of which the document says nothing.
+std::set<std::string_view> unstatedKeys(const OpenedEInvoice& opened)
+{
+    std::set<std::string_view> keys;
+    if (!opened.hasDate)
+        keys.insert({"date", "daysToPay"}); // which are counted from the date
+    if (!opened.hasServiceDate)
+        keys.insert("serviceDateStart");
+    if (!opened.daysToPay)
+        keys.insert({"daysToPay", "dueDate"});
+    return keys;
+}
+
+ReceivedHead headOf(const OpenedEInvoice& opened)
+{
+    return {viewerTitle(opened.viewer, Language::english), unstatedKeys(opened)};
+}
+
 QString block(const QString& heading, const QStringList& lines)
 {
     return lines.isEmpty()
@@ -49,11 +67,12 @@ void encode(const ReceivedObject& received, JSONEncoderState& state)
     const OpenedEInvoice& opened = received.opened;
     const Invoice record = shownRecord(opened);
     const Profile nobody;
+    const ReceivedHead head = headOf(opened);
     KeyedEncodingContainer object = state.keyedContainer();
     object.encode("fileName", opened.viewer.fileName);
     object.encode("number", opened.viewer.originalNumber);
     object.encode("typeCode", opened.viewer.typeCode);
-    object.encode("invoice", InvoiceSummary{record, nobody, received.now});
+    object.encode("invoice", InvoiceSummary{record, nobody, received.now, &head});
     UnkeyedEncodingContainer differences = object.nestedUnkeyedContainer("otherTotals");
     for (const StatedDifference& difference : opened.differences)
         encodeDifference(difference, differences);
@@ -76,10 +95,12 @@ std::expected<OpenedEInvoice, ReceivedFileError> openReceivedInvoice(const QStri
 QString receivedText(const OpenedEInvoice& opened, Timestamp now)
 {
     const Invoice invoice = shownRecord(opened);
+    const Profile nobody;
+    const ReceivedHead head = headOf(opened);
     QStringList differences;
     for (const StatedDifference& difference : opened.differences)
         differences += statedText(difference, invoice.currency, Language::english);
-    return summaryText(invoice, Profile(), now, SummaryKind::received) +
+    return summaryText({invoice, nobody, now, &head}) +
            block(QStringLiteral("The document itself states another total:"), differences) +
            block(QStringLiteral("Attachments:"), opened.attachments);
 }

@@ -11,7 +11,8 @@ namespace ledra {
 [[nodiscard]] std::expected<OpenedEInvoice, ReceivedFileError>
 openReceivedInvoice(const QString& path, const ViewerXMLParser& parser);
 
-/// A received invoice for the terminal: what a record's summary shows, then other totals and attachments.
+/// A received invoice for the terminal: what a record's summary shows, but for what the document does not
+/// state, then other totals and attachments.
 QString receivedText(const OpenedEInvoice& opened, Timestamp now);
 
 /// The same for programs.

@@ -24,7 +24,7 @@ void show(const Invoice& invoice, const Profile& profile, Timestamp now, const C
     if (arguments.has("json"))
         writeOutput(summaryJson(invoice, profile, now));
     else
-        writeOutput(summaryText(invoice, profile, now));
+        writeOutput(summaryText({invoice, profile, now}));
 }
 
 ExitCode showFile(const QString& path, const CommandArguments& arguments)

@@ -29,11 +29,14 @@ double numberAt(const Element& element, std::string_view path)
     return decimalFrom(element.textAt(path)).value_or(0);
 }
 
-void readDay(const Element& root, std::string_view path, Timestamp& moment)
+/// Returns whether there is a day.
+bool readDay(const Element& root, std::string_view path, Timestamp& moment)
 {
     // At noon, so that no time zone of the neighbourhood moves the day.
-    if (const std::optional<QDate> day = dayFrom(root.textAt(path)))
+    const std::optional<QDate> day = dayFrom(root.textAt(path));
+    if (day)
         moment = Timestamp::fromDateTime(QDateTime(*day, QTime(12, 0)));
+    return day.has_value();
 }
 
 std::int64_t integerFrom(const std::string& text)
@@ -69,11 +72,13 @@ CiiHeader readCrossIndustryInvoice(const Element& root, Invoice& invoice, IdSour
     CiiHeader header{textAt(root, "ExchangedDocument/ID"),
                      integerFrom(root.textAt("ExchangedDocument/TypeCode")),
                      dayFrom(root.textAt("DueDateDateTime/DateTimeString"))};
+    if (header.typeCode == creditNoteCode)
+        invoice.type = InvoiceType::cancellation;
     for (const TextPath& row : sharedTextPaths)
         invoice.*row.field = textAt(root, row.path);
     invoice.senderIban = textAt(root, "PayeePartyCreditorFinancialAccount/IBANID");
-    readDay(root, "ExchangedDocument/IssueDateTime/DateTimeString", invoice.date);
-    readDay(root, "OccurrenceDateTime/DateTimeString", invoice.serviceDateStart);
+    header.hasDate = readDay(root, "ExchangedDocument/IssueDateTime/DateTimeString", invoice.date);
+    header.hasServiceDate = readDay(root, "OccurrenceDateTime/DateTimeString", invoice.serviceDateStart);
     const QString reference = textAt(root, "ApplicableHeaderTradeAgreement/BuyerReference");
     if (!reference.isEmpty() && reference != noOrderNumber)
         invoice.reference = reference;

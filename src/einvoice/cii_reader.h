@@ -22,6 +22,8 @@ struct CiiHeader
     QString number;            ///< as it is written
     std::int64_t typeCode = 0; ///< 0 when it cannot be read
     std::optional<QDate> dueDate;
+    bool hasDate = false;        ///< whether it says when it was issued
+    bool hasServiceDate = false; ///< whether it says when the service was rendered
 };
 
 /// Whether the root is that of a Cross Industry Invoice; no other syntax is read.
@@ -29,6 +31,7 @@ bool isCrossIndustryInvoice(const Element& root);
 
 /// Fills a fresh record from a document: parties, dates, items with net prices, the sum of allowances as
 /// discount. What is missing becomes empty; a date or a number that cannot be read leaves the field as it is.
+/// A credit note becomes a cancellation.
 CiiHeader readCrossIndustryInvoice(const Element& root, Invoice& invoice, IdSource& ids);
 
 } // namespace ledra

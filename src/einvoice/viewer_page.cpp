@@ -1,6 +1,5 @@
 #include "einvoice/viewer_page.h"
 
-#include "einvoice/cii_reader.h"
 #include "model/amount_text.h"
 #include "model/document_labels.h"
 #include "model/html_text.h"
@@ -64,9 +63,10 @@ QString ViewerPage::label(const char* key) const
     return documentLabel(QString::fromLatin1(key), setting_.language);
 }
 
-QString ViewerPage::day(Timestamp moment) const
+/// Empty where the document states no day, whatever its record holds.
+QString ViewerPage::day(Timestamp moment, bool isStated) const
 {
-    return attributeEscaped(dateText(moment.localDate(), setting_.language));
+    return isStated ? attributeEscaped(dateText(moment.localDate(), setting_.language)) : QString();
 }
 
 QString ViewerPage::amount(double value) const
@@ -113,8 +113,9 @@ void ViewerPage::addHead()
     set("page-headline", title);
     set("address-row", recipient);
     set("recipient-address", recipient);
-    set("date", day(invoice_.date));
-    setLabelled("service-date", day(invoice_.serviceDateStart), "service-date-label", "Service Date");
+    set("date", day(invoice_.date, opened_.hasDate));
+    setLabelled("service-date", day(invoice_.serviceDateStart, opened_.hasServiceDate), "service-date-label",
+                "Service Date");
     set("number-type", title + u' ' + attributeEscaped(opened_.viewer.originalNumber));
     setLabelled("reference", htmlLines(invoice_.reference.value_or(QString())), "reference-label",
                 "Reference");
@@ -200,8 +201,8 @@ QString ViewerPage::statedTotals() const
 
 QString ViewerPage::paymentPeriod() const
 {
-    // Only a document that says when it is due asks for it, and nobody pays a credit note.
-    if (!opened_.daysToPay || *opened_.daysToPay < 0 || opened_.viewer.typeCode == creditNoteCode)
+    // Days are counted from the document's date, which therefore must be there as well.
+    if (!opened_.hasDate || !opened_.daysToPay || *opened_.daysToPay < 0)
         return {};
     if (*opened_.daysToPay == 0)
         return label("Pay Invoice At Once");

@@ -29,7 +29,7 @@ private:
                      const char* label);
 
     QString label(const char* key) const;
-    QString day(Timestamp moment) const;
+    QString day(Timestamp moment, bool isStated) const;
     QString amount(double value) const;
     QString totalRow(const QString& heading, const QString& value) const;
     QString itemRow(const Invoice::Item& item) const;

@@ -15,10 +15,12 @@ std::expected<OpenedEInvoice, ReceivedFileError> ViewerXMLParser::parse(const QS
     const CiiHeader header = readCrossIndustryInvoice(root, invoice, ids_);
     OpenedEInvoice opened{{ids_.newId(), std::move(invoice), header.number, fileName, header.typeCode},
                           std::nullopt,
+                          header.hasDate,
+                          header.hasServiceDate,
                           {},
                           received->otherAttachments};
     const Invoice& record = opened.viewer.invoice;
-    if (header.dueDate)
+    if (header.dueDate && header.typeCode != creditNoteCode)
         opened.daysToPay = static_cast<int>(record.date.localDate().daysTo(*header.dueDate));
     opened.differences = statedDifferences(root, record);
     return opened;

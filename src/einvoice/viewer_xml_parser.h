@@ -13,7 +13,12 @@ namespace ledra {
 struct OpenedEInvoice
 {
     ViewerInvoice viewer;
-    std::optional<int> daysToPay; ///< from the document's date to its due date, where it states one
+    /// From the document's date to the day by which it asks for money, where it states that; nobody pays a
+    /// credit note.
+    std::optional<int> daysToPay;
+    // What the record holds otherwise is not from the document.
+    bool hasDate = false;
+    bool hasServiceDate = false;
     std::vector<StatedDifference> differences;
     QStringList attachments; ///< names of the files that came along in a PDF
 };

@@ -15,6 +15,8 @@ void setLiteralNumber(Invoice& record, const QString& text)
     record.numberFormat = isLiteral ? text : QStringLiteral("{X}");
     if (!isLiteral)
         record.numberVariable = text; // braces in it would otherwise be placeholders
+    if (record.type == InvoiceType::cancellation)
+        record.cancellationPrefix = QString(); // the text has its own
 }
 
 Invoice draftFrom(const Element& root, const Invoice& fresh, IdSource& ids)
@@ -26,10 +28,6 @@ Invoice draftFrom(const Element& root, const Invoice& fresh, IdSource& ids)
     setLiteralNumber(draft, header.number);
     if (header.dueDate)
         draft.daysToPay = draft.date.localDate().daysTo(*header.dueDate);
-    if (header.typeCode == creditNoteCode) {
-        draft.type = InvoiceType::cancellation;
-        draft.cancellationPrefix = QString(); // the number has its own
-    }
     return draft;
 }
 

@@ -6,7 +6,7 @@
 
 namespace ledra {
 
-/// Shows a text as the number of a record, whatever it holds.
+/// Shows a text as the number of a record, whatever it holds, and nothing before it.
 void setLiteralNumber(Invoice& record, const QString& text);
 
 /// Makes a draft of an e-invoice. The sender is the one that the document names; of the profile only what no

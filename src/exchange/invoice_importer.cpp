@@ -18,9 +18,9 @@ std::unexpected<ImportFailure> refused(const char* message)
     return std::unexpected(ImportFailure{QString::fromLatin1(message)});
 }
 
-std::unexpected<ImportFailure> unopenedPdf()
+ImportFailure unopenedPdf()
 {
-    return refused("Could not open the selected PDF.");
+    return {QStringLiteral("Could not open the selected PDF.")};
 }
 
 std::unexpected<ImportFailure> foreignPdf()
@@ -28,9 +28,9 @@ std::unexpected<ImportFailure> foreignPdf()
     return refused("Only PDFs exported by Ledra can be reimported.");
 }
 
-std::unexpected<ImportFailure> refused(ReceivedFileError error)
+ImportFailure failureOf(ReceivedFileError error)
 {
-    return std::unexpected(ImportFailure{errorText(error)});
+    return {errorText(error)};
 }
 
 std::unexpected<ImportFailure> refused(const StoreFailure& failure)
@@ -52,36 +52,36 @@ bool carriesRecord(const QString& path)
 std::expected<ImportedInvoice, ImportFailure> InvoiceImporter::importPDF(const QString& path)
 {
     const std::expected<QByteArray, FileError> content = readFile(path, largestReceivedFile);
-    return content ? takePdf(*content) : unopenedPdf();
+    return content ? take(*content, unopenedPdf()) : std::unexpected(unopenedPdf());
 }
 
 std::expected<ImportedInvoice, ImportFailure> InvoiceImporter::importEInvoice(const QString& path)
 {
     const std::expected<QByteArray, FileError> content = readFile(path, largestReceivedFile);
-    if (!content)
-        return refused(ReceivedFileError::unreadable);
-    const std::expected<ReceivedFile, ReceivedFileError> received = openReceivedFile(*content);
-    return received ? takeEInvoice(received->document) : refused(received.error());
+    return content ? take(*content, failureOf(ReceivedFileError::notAnEInvoice))
+                   : std::unexpected(failureOf(ReceivedFileError::unreadable));
 }
 
 std::expected<ImportedInvoice, ImportFailure> InvoiceImporter::importFile(const QString& path)
 {
-    const std::expected<QByteArray, FileError> content = readFile(path, largestReceivedFile);
-    if (!content && path.endsWith(QStringLiteral(".pdf"), Qt::CaseInsensitive))
-        return unopenedPdf();
-    if (!content)
-        return refused(ReceivedFileError::unreadable);
-    if (isPdf(*content))
-        return takePdf(*content);
-    const std::expected<ReceivedFile, ReceivedFileError> received = openReceivedFile(*content);
-    return received ? takeEInvoice(received->document) : refused(received.error());
+    const bool isNamedPdf = path.endsWith(QStringLiteral(".pdf"), Qt::CaseInsensitive);
+    return isNamedPdf ? importPDF(path) : importEInvoice(path);
+}
+
+std::expected<ImportedInvoice, ImportFailure> InvoiceImporter::take(const QByteArray& content,
+                                                                    const ImportFailure& neither)
+{
+    if (isPdf(content))
+        return takePdf(content);
+    const std::expected<ReceivedFile, ReceivedFileError> received = openReceivedFile(content);
+    return received ? takeEInvoice(received->document) : std::unexpected(neither);
 }
 
 std::expected<ImportedInvoice, ImportFailure> InvoiceImporter::takePdf(const QByteArray& content)
 {
     const std::expected<PdfFile, PdfError> pdf = PdfFile::openReceived(content);
     if (!pdf)
-        return unopenedPdf();
+        return std::unexpected(unopenedPdf());
     if (const std::optional<QString> json = pdf->annotationContents(recordAnnotation.toString()))
         return takeRecord(*json);
     const std::expected<ReceivedFile, ReceivedFileError> received = openReceivedFile(*pdf);
@@ -109,7 +109,7 @@ std::expected<ImportedInvoice, ImportFailure> InvoiceImporter::takeEInvoice(cons
 {
     const Element& root = *document.root;
     if (isBlank(root.textAt("ExchangedDocument/ID")))
-        return refused(ReceivedFileError::notAnEInvoice);
+        return std::unexpected(failureOf(ReceivedFileError::notAnEInvoice));
     const NewRecordValues values = invoices_.newRecordValues();
     // Tried first: what could not be read again as a file shall not become one.
     const Invoice trial = draftFrom(root, newInvoice(values.ids.newId(), values.now, Country()), values.ids);

@@ -33,16 +33,21 @@ class InvoiceImporter
 public:
     explicit InvoiceImporter(InvoiceManager& invoices) : invoices_(invoices) {}
 
+    // Both go by what the file holds, since names may be wrong; what is said of a file that is neither a PDF
+    // nor an e-invoice is what differs.
+
     /// A PDF of this application, or of another one with an e-invoice attached.
     [[nodiscard]] std::expected<ImportedInvoice, ImportFailure> importPDF(const QString& path);
 
     /// An e-invoice file.
     [[nodiscard]] std::expected<ImportedInvoice, ImportFailure> importEInvoice(const QString& path);
 
-    /// Either, by what the file holds.
+    /// Either, by the file's name.
     [[nodiscard]] std::expected<ImportedInvoice, ImportFailure> importFile(const QString& path);
 
 private:
+    std::expected<ImportedInvoice, ImportFailure> take(const QByteArray& content,
+                                                       const ImportFailure& neither);
     std::expected<ImportedInvoice, ImportFailure> takePdf(const QByteArray& content);
     std::expected<ImportedInvoice, ImportFailure> takeRecord(const QString& json);
     std::expected<ImportedInvoice, ImportFailure> takeEInvoice(const XMLDocument& document);

@@ -37,6 +37,7 @@ private Q_SLOTS:
     void missingFieldsMayBeAllowed();
     void validates();
     void views();
+    void showsOnlyWhatIsStated();
     void imports();
     void wrongInput_data();
     void wrongInput();
@@ -142,6 +143,30 @@ void EInvoiceCliTest::views()
     QVERIFY(again.exitCode == 1 && again.errors.size() == 1); // the page there is kept
     QVERIFY(home_.succeeds("view {DIR}/good.pdf -o {DIR}/pages --force"));
     QVERIFY(contentOf(file("pages/good.html")).startsWith("<!DOCTYPE html>"));
+}
+
+void EInvoiceCliTest::showsOnlyWhatIsStated()
+{
+    const QByteArray invoice = contentOf(file("good.xml"));
+    QVERIFY(writeFile(file("credit.xml"), QByteArray(invoice).replace(">380<", ">381<")));
+    const QByteArray credit = home_.run("view {DIR}/credit.xml").output;
+    QVERIFY2(credit.startsWith("Credit Note 2026-014\n") && !credit.contains("\nDue"), credit.constData());
+    const QJsonDocument report = home_.json("view --json {DIR}/credit.xml");
+    QCOMPARE(report[u"invoice"][u"type"].toString(), QStringLiteral("cancellation"));
+    QCOMPARE(report[u"invoice"][u"formattedNumber"].toString(), QStringLiteral("2026-014"));
+    QVERIFY(report[u"invoice"][u"dueDate"].isUndefined() && report[u"invoice"][u"daysToPay"].isUndefined());
+
+    QByteArray silent = invoice;
+    for (const char* date : {"DueDateDateTime>", "OccurrenceDateTime>"})
+        silent.replace(date, "OtherDateTime>");
+    QVERIFY(home_.run("view {DIR}/good.xml").output.contains("\nDue "));
+    QVERIFY(writeFile(file("silent.xml"), silent));
+    const QByteArray shown = home_.run("view {DIR}/silent.xml").output;
+    QVERIFY2(shown.contains("\nDate ") && !shown.contains("\nDue "), shown.constData());
+    const QJsonObject record = home_.json("view --json {DIR}/silent.xml")[u"invoice"].toObject();
+    for (const char* key : {"serviceDateStart", "daysToPay", "dueDate"})
+        QVERIFY2(!record.contains(QLatin1StringView(key)), key);
+    QVERIFY(record.contains(u"date"));
 }
 
 void EInvoiceCliTest::imports()

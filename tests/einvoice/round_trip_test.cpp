@@ -70,6 +70,8 @@ Invoice asRead(const Invoice& invoice, const Invoice& blank)
     read.date = Timestamp::fromDateTime(QDateTime(invoice.date.localDate(), QTime(12, 0)));
     const Timestamp service = invoice.serviceDateEnd.value_or(invoice.serviceDateStart);
     read.serviceDateStart = Timestamp::fromDateTime(QDateTime(service.localDate(), QTime(12, 0)));
+    if (invoice.type == InvoiceType::cancellation)
+        read.type = InvoiceType::cancellation;
     if (const QString reference = kept(invoice.reference.value_or(QString())); !reference.isEmpty())
         read.reference = reference;
     if (roundedToCents(invoice.discount()) > 0)

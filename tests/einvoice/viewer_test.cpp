@@ -73,6 +73,7 @@ private Q_SLOTS:
     void markupIsText();
     void foreignValues_data();
     void foreignValues();
+    void datesThatAreNotStated();
     void statedTotals();
     void embeddedFiles();
     void templateIsMissing();
@@ -168,6 +169,22 @@ void ViewerTest::foreignValues()
     const QString html = ViewerHTMLGenerator::html(opened(QByteArray(xml).replace(before, after)), {});
     QVERIFY(html.contains(shown));
     QVERIFY(!html.contains(QString::fromUtf8(after.trimmed()) + u'<'));
+}
+
+/// Nothing is made up for what a document leaves out.
+void ViewerTest::datesThatAreNotStated()
+{
+    const QByteArray whole = written(sample());
+    QVERIFY(ViewerHTMLGenerator::html(opened(whole), {}).contains(QStringLiteral("<dt>Service Date</dt>")));
+    QByteArray xml = whole;
+    xml.replace("OccurrenceDateTime>", "OtherDateTime>");
+    const QString withoutService = ViewerHTMLGenerator::html(opened(xml), {});
+    QVERIFY(withoutService.contains(QStringLiteral("<div data-value=\"\"><dt></dt><dd></dd></div>")));
+    QVERIFY(withoutService.contains(QStringLiteral("<dd>1 April 2026</dd>")));
+    xml.replace("IssueDateTime>", "OtherDateTime>");
+    const QString dateless = ViewerHTMLGenerator::html(opened(xml), {});
+    QVERIFY(dateless.contains(QStringLiteral("<div data-value=\"\"><dt>Date</dt><dd></dd></div>")));
+    QVERIFY(!dateless.contains(QStringLiteral("Please pay"))); // within days from when?
 }
 
 void ViewerTest::statedTotals()

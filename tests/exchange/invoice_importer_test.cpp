@@ -122,6 +122,9 @@ void InvoiceImporterTest::refusals_data()
     QTest::newRow("no PDF behind the header") << pdf << QByteArray("%PDF-1.7 and nothing") << unopened;
     QTest::newRow("cut off") << pdf << exported(sample()).left(400) << unopened;
     QTest::newRow("PDF that is not there") << QStringLiteral("none.pdf") << QByteArray() << unopened;
+    QTest::newRow("text named a PDF") << QStringLiteral("in.PDF") << QByteArray("Dear all,") << unopened;
+    QTest::newRow("empty PDF") << QStringLiteral("empty.Pdf") << QByteArray() << unopened;
+    QTest::newRow("text") << QStringLiteral("in.txt") << QByteArray("Dear all,") << noEInvoice;
     QTest::newRow("XML that is not there") << QStringLiteral("none.xml") << QByteArray()
                                            << QStringLiteral("Could not read the selected XML file.");
     QTest::newRow("not well-formed") << xml << xmlOf(sample()).left(900) << noEInvoice;
@@ -144,7 +147,7 @@ void InvoiceImporterTest::refusals()
     QFETCH(QString, name);
     QFETCH(QByteArray, content);
     QFETCH(QString, message);
-    Desk desk(content, content.isEmpty() ? QStringLiteral("unused") : name);
+    Desk desk(content, name.startsWith(u"none") ? QStringLiteral("unused") : name);
     const QString before = test::StoreHome::names(desk.home.data(QStringLiteral("1_Default/Invoices")));
     const auto imported = desk.importer.importFile(desk.home.path(name));
     QVERIFY(!imported);
@@ -165,6 +168,7 @@ void InvoiceImporterTest::eInvoiceBecomesADraft_data()
     // The names have the same length, so that the file stays whole.
     QTest::newRow("older name") << QStringLiteral("in.pdf")
                                 << QByteArray(hybrid).replace("(factur-x.xml)", "(xrechnung.xml)");
+    QTest::newRow("XML named a PDF") << QStringLiteral("in.pdf") << xml;
     QTest::newRow("by its content") << QStringLiteral("in.bin") << hybrid;
 }
 

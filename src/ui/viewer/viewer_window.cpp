@@ -1,6 +1,7 @@
 #include "ui/viewer/viewer_window.h"
 
 #include "app/received_invoice.h"
+#include "ui/jobs/failure_texts.h"
 #include "ui/jobs/file_panels.h"
 #include "ui/jobs/question.h"
 #include "ui/look/icons.h"
@@ -210,8 +211,10 @@ void ViewerWindow::setZoom(double factor)
 void ViewerWindow::importCurrent()
 {
     const JobResult<ImportedInvoice> taken = parts_.app.undoableJobs().importFile(currentTab()->path());
-    if (parts_.succeeded(taken))
+    if (taken)
         Q_EMIT imported((*taken->record)->id);
+    else if (!taken.error().isReported)
+        alert(*this, tr("Import Failed"), failureText(taken.error().text));
 }
 
 void ViewerWindow::saveCurrent()
