@@ -1,5 +1,7 @@
 #include "app/backup_restore.h"
 
+#include "app/data_file_import.h"
+
 #include <QDir>
 
 namespace ledra {
@@ -9,9 +11,11 @@ bool isUntouched(const ProfileManager& profiles, const QString& region)
     if (profiles.profiles().size() != 1)
         return false;
     const Profile& only = **profiles.profiles().front();
+    if (!profiles.profileFolder(only))
+        return false;
     Profile fresh = newProfile(only.id, region);
     fresh.profileName = only.profileName;
-    const QString folder = profiles.profileFolder(only).value_or(QString());
+    const QString folder = *profiles.profileFolder(only);
     const QStringList files = QDir(folder).entryList(QDir::Files | QDir::Hidden);
     const QDir invoices(folder + QStringLiteral("/Invoices"));
     return only == fresh && files == QStringList{QStringLiteral("profile.json")} &&
@@ -24,7 +28,7 @@ std::expected<ImportedProfiles, ArchiveFailure> restoreBackup(StoreContext& cont
     const bool isFresh = isUntouched(profiles, context.region);
     const std::optional<QUuid> standIn =
         isFresh ? std::optional((*profiles.profiles().front())->id) : std::nullopt;
-    auto restored = ProfileImporter(context, profiles).importFile(path, standIn);
+    auto restored = importDataFile({context, profiles}, context.console, path, standIn);
     if (!restored || restored->profiles.empty() || !standIn)
         return restored;
     profiles.resolveActiveProfile((*restored->profiles.front())->id);

@@ -47,9 +47,11 @@ public:
     /// Why nothing can be written to the active profile at all; nothing when it can.
     std::optional<JobFailure> writeProblem() const;
 
+    /// What a record answers with that is not to be changed any more.
+    JobFailure guarded(const InvoicePtr& record) const;
+
 private:
     JobResult<InvoicePtr> find(const QUuid& id) const;
-    JobFailure guarded(const InvoicePtr& record) const;
     JobResult<void> mayEdit(const InvoicePtr& record, const std::function<void(Invoice&)>& change,
                             Force force) const;
 

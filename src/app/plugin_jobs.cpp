@@ -187,6 +187,17 @@ PluginJobs::takeUpdate(const QString& plugin, const QSet<QUuid>& offered, const 
     return changes;
 }
 
+/// An edit as a plugin may make it: to a record that is cancelled none at all.
+JobResult<void> PluginJobs::edit(const QUuid& id, const std::function<void(Invoice&)>& change)
+{
+    const InvoicePtr record = invoices_.find(id);
+    if (!record || (*record)->status != Status::cancelled)
+        return jobs_.edit(id, change, Force::no);
+    Invoice wanted = **record;
+    change(wanted);
+    return wanted == **record ? JobResult<void>() : std::unexpected(jobs_.guarded(record));
+}
+
 /// All of the patch, or its status alone where the record's content is not to be changed any more.
 void PluginJobs::apply(const QUuid& id, const ImportPatch& patch, UndoStep& step, PluginChanges& changes)
 {
@@ -197,14 +208,19 @@ void PluginJobs::apply(const QUuid& id, const ImportPatch& patch, UndoStep& step
         applyContent(patch, invoice, context_.ids);
         setStatus(invoice);
     };
-    JobResult<void> edited = jobs_.edit(id, setAll, Force::no);
-    if (!edited && edited.error().kind == JobFailure::Kind::guarded) {
-        changes.problems += edited.error().text;
-        edited = jobs_.edit(id, setStatus, Force::no);
-    }
-    if (!edited) {
-        changes.problems += edited.error().text;
-    } else if (const InvoicePtr after = invoices_.find(id); **after != before) {
+    JobResult<void> edited = edit(id, setAll);
+    QString problem = edited ? QString() : edited.error().text;
+    const bool isGuarded = !edited && edited.error().kind == JobFailure::Kind::guarded;
+    if (isGuarded && !(edited = edit(id, setStatus)))
+        problem = edited.error().text;
+    const InvoicePtr after = invoices_.find(id);
+    const bool isChanged = edited && after && **after != before;
+    if (isGuarded && isChanged)
+        problem = QStringLiteral("%1 is %2: only its status was changed")
+                      .arg(displayedNumber(before, profile()), displayText(before.status).toLower());
+    if (!problem.isEmpty())
+        changes.problems += problem;
+    if (isChanged) {
         step.edited(before, **after);
         changes.records.push_back(id);
     }

@@ -30,8 +30,8 @@ struct PluginChanges
 };
 
 /// What plugins do to invoices. Their patches go the way of all edits: a record that others hold keeps its
-/// content, and only its status follows. What one run has changed is one step back. Nothing is changed when
-/// another profile is in use by the time the plugin answers.
+/// content, and only its status follows; one that is cancelled keeps that as well. What one run has changed
+/// is one step back. Nothing is changed when another profile is in use by the time the plugin answers.
 class PluginJobs : public QObject
 {
     Q_OBJECT
@@ -70,6 +70,7 @@ private:
                                                      const QByteArray& json);
     void makeDraft(const ImportPatch& patch, UndoStep& step, PluginChanges& changes);
     void apply(const QUuid& id, const ImportPatch& patch, UndoStep& step, PluginChanges& changes);
+    JobResult<void> edit(const QUuid& id, const std::function<void(Invoice&)>& change);
     void addToLog(const QString& plugin, const std::expected<PluginChanges, QString>& changes);
     void runDueUpdate(const QString& plugin);
     QString nameOf(const QString& plugin) const;

@@ -52,7 +52,7 @@ ExitCode toldImport(const QString& path, const std::expected<ImportedProfiles, A
                     const CommandArguments& arguments)
 {
     if (!imported)
-        return failed(path + QStringLiteral(": ") + imported.error().text());
+        return ExitCode::failed; // the console has said why
     std::vector<Row> rows;
     for (const ProfilePtr& profile : imported->profiles)
         rows.push_back({(*profile)->id, (*profile)->displayName()});

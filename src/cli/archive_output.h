@@ -14,7 +14,7 @@ Overwrite overwriteFrom(const CommandArguments& arguments);
 ExitCode toldArchive(const QString& target, const std::expected<void, ArchiveFailure>& written,
                      const CommandArguments& arguments);
 
-/// Tells which profiles came out of an archive, or why none did.
+/// Tells which profiles came out of an archive, and why others did not. That none did the console has told.
 ExitCode toldImport(const QString& path, const std::expected<ImportedProfiles, ArchiveFailure>& imported,
                     const CommandArguments& arguments);
 

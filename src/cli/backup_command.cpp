@@ -67,7 +67,10 @@ ExitCode list(Session& session, const QStringList&, const CommandArguments& argu
 {
     std::vector<Row> rows;
     std::vector<QStringList> cells;
-    for (const Backup& backup : session.app().backupManager().backups()) {
+    const auto backups = session.app().backupManager().backups();
+    if (!backups)
+        return failed(backups.error().text());
+    for (const Backup& backup : *backups) {
         rows.push_back({backup.path, Timestamp::fromDateTime(backup.created), backup.bytes});
         cells.push_back({backup.created.toString(QStringLiteral("yyyy-MM-dd HH:mm")),
                          QLocale::c().formattedDataSize(backup.bytes), backup.path});
@@ -97,6 +100,6 @@ constexpr std::array verbs = {Verb{"run", 0, 0, run}, Verb{"if-due", 0, 0, ifDue
 
 } // namespace
 
-BackupCommand::BackupCommand() : GroupCommand(backupSpec, verbs, Session::Needs::profiles) {}
+BackupCommand::BackupCommand() : GroupCommand(backupSpec, verbs, Session::Needs::settings) {}
 
 } // namespace ledra

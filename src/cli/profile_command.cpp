@@ -1,5 +1,6 @@
 #include "cli/profile_command.h"
 
+#include "app/data_file_import.h"
 #include "app/reader_language.h"
 #include "app/record_lookup.h"
 #include "cli/archive_output.h"
@@ -194,7 +195,8 @@ ExitCode exportProfiles(Session& session, const QStringList& operands, const Com
 
 ExitCode importProfiles(Session& session, const QStringList& operands, const CommandArguments& arguments)
 {
-    return toldImport(operands.front(), session.app().profileImporter().importFile(operands.front()),
+    const QString& path = operands.front();
+    return toldImport(path, importDataFile(session.app().profileImporter(), session.console(), path),
                       arguments);
 }
 

@@ -1,5 +1,6 @@
 #include "cli/styling_command.h"
 
+#include "app/styling_checks.h"
 #include "cli/archive_output.h"
 #include "cli/assignments.h"
 #include "cli/json_output.h"
@@ -59,11 +60,15 @@ ExitCode result(const std::expected<void, StylingError>& done)
 
 ExitCode logo(Session& session, const QStringList& operands, const CommandArguments&)
 {
+    if (const std::optional<QString> problem = logoProblem(operands.front()))
+        return failed(*problem);
     return result(session.app().stylingManager().importLogo(operands.front()));
 }
 
 ExitCode css(Session& session, const QStringList& operands, const CommandArguments&)
 {
+    if (const std::optional<QString> problem = styleSheetProblem(operands.front()))
+        return failed(*problem);
     return result(session.app().stylingManager().importStyleSheet(operands.front()));
 }
 

@@ -14,7 +14,7 @@ namespace {
 
 std::unexpected<ArchiveFailure> failed(const QString& message)
 {
-    return std::unexpected(ArchiveFailure{message, {}});
+    return std::unexpected(ArchiveFailure(message));
 }
 
 } // namespace
@@ -31,10 +31,10 @@ std::expected<void, ArchiveFailure> ProfileExporter::write(const std::vector<Pro
         for (const ProfilePtr& profile : chosen) {
             const QString name = (*profile)->profileName.value_or(QString());
             if (name.isEmpty())
-                return failed(QStringLiteral("Profile has no name"));
+                return failed(errorText(ProfileExportError::missingName));
             const QString folder = profiles_.dataFolder() + u'/' + name;
             if (!QDir(folder).exists())
-                return failed(QStringLiteral("Profile directory not found: ") + folder);
+                return failed(errorText(ProfileExportError::missingFolder) + folder);
             const auto copied =
                 copyTree(nativePath(folder), nativePath(working->path() + u'/' + name), Durability::none);
             if (!copied)

@@ -12,9 +12,9 @@ namespace ledra {
 
 namespace {
 
-std::unexpected<ArchiveFailure> failed(const char* message, const QString& detail = {})
+std::unexpected<ArchiveFailure> failed(ProfileImportError error, const QString& detail = {})
 {
-    return std::unexpected(ArchiveFailure{QString::fromUtf8(message), detail});
+    return std::unexpected(ArchiveFailure(error, detail));
 }
 
 /// The folders that hold a "profile.json"; not within one of those again.
@@ -35,14 +35,14 @@ QStringList profileFoldersIn(const QString& folder, int depth = 3)
 std::expected<QStringList, ArchiveFailure> extracted(const QString& path, const WorkingFolder& working)
 {
     if (const auto done = extractArchive(path, working.path()); !done) {
-        const char* message = done.error().fault == ArchiveFault::notAnArchive
-                                  ? "The selected file is not a valid Ledra Data file."
-                                  : "Failed to extract the Ledra Data file.";
-        return failed(message, done.error().reason);
+        const ProfileImportError error = done.error().fault == ArchiveFault::notAnArchive
+                                             ? ProfileImportError::notAnArchive
+                                             : ProfileImportError::notExtracted;
+        return failed(error, done.error().reason);
     }
     QStringList folders = profileFoldersIn(working.path());
     if (folders.isEmpty())
-        return failed("No valid profiles found in the Ledra Data file.");
+        return failed(ProfileImportError::noProfiles);
     return folders;
 }
 
@@ -101,7 +101,7 @@ std::expected<ImportedProfiles, ArchiveFailure> ProfileImporter::importFile(cons
 {
     const auto working = WorkingFolder::create(QStringLiteral("LedraDataImport"));
     if (!working)
-        return failed("Failed to extract the Ledra Data file.", working.error().text());
+        return failed(ProfileImportError::notExtracted, working.error().text());
     const auto folders = extracted(path, *working);
     if (!folders)
         return std::unexpected(folders.error());
@@ -120,22 +120,23 @@ std::expected<QStringList, ArchiveFailure> ProfileImporter::unpack(const QString
 {
     const auto working = WorkingFolder::create(QStringLiteral("LedraDataImport"));
     if (!working)
-        return failed("Failed to extract the Ledra Data file.", working.error().text());
+        return failed(ProfileImportError::notExtracted, working.error().text());
     const auto folders = extracted(path, *working);
     if (!folders)
         return folders;
     if (!QDir().mkpath(folder) || !QDir(folder).isEmpty())
-        return failed("The folder is not empty, or cannot be made.", folder);
+        return std::unexpected(
+            ArchiveFailure(QStringLiteral("The folder is not empty, or cannot be made."), folder));
     QStringList names;
     for (const QString& profile : *folders) {
         names += QFileInfo(profile).fileName();
         const auto copied =
             copyTree(nativePath(profile), nativePath(folder + u'/' + names.back()), Durability::none);
         if (!copied)
-            return failed("Failed to extract the Ledra Data file.", copied.error().text());
+            return failed(ProfileImportError::notExtracted, copied.error().text());
     }
     if (const auto synced = syncFileSystem(nativePath(folder)); !synced)
-        return failed("Failed to extract the Ledra Data file.", synced.error().text());
+        return failed(ProfileImportError::notExtracted, synced.error().text());
     return names;
 }
 

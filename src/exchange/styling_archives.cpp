@@ -14,9 +14,10 @@ namespace {
 
 const QString stylingFile = QStringLiteral("styling.json");
 
-std::unexpected<ArchiveFailure> failed(const char* message, const QString& detail = {})
+template <class Error>
+std::unexpected<ArchiveFailure> failed(Error error, const QString& detail = {})
 {
-    return std::unexpected(ArchiveFailure{QString::fromUtf8(message), detail});
+    return std::unexpected(ArchiveFailure(error, detail));
 }
 
 /// The files of a styling in a folder: its record, and the logo and the style sheet that it is shown with.
@@ -56,12 +57,12 @@ std::expected<StyleFiles, ArchiveFailure> readStyle(const QString& working, cons
 {
     const QString folder = folderOfRecord(working);
     if (folder.isEmpty())
-        return failed("The Style file doesn’t contain any styling.");
+        return failed(StylingImportError::noStyling);
     const auto content = readFile(folder + u'/' + stylingFile, largestRecordFile);
     const Decoded<Styling> styling =
         content ? decodeStyling(*content, values) : std::unexpected(DecodingError{});
     if (!styling)
-        return failed("The selected file is not a valid Style file.",
+        return failed(StylingImportError::notAStyle,
                       content ? styling.error().text() : content.error().reason);
     StyleFiles files{*styling, {}, {}};
     for (const QString& name : filesOf(folder)) {
@@ -81,18 +82,18 @@ std::expected<void, ArchiveFailure> StylingExporter::write(const QUuid& profileI
     const ProfilePtr profile = profiles_.find(profileId);
     const std::optional<QString> folder = profile ? profiles_.profileFolder(**profile) : std::nullopt;
     if (!folder)
-        return failed("The profile could not be found.");
+        return failed(StylingExportError::unknownProfile);
     if (!QFile::exists(*folder + u'/' + stylingFile))
-        return failed("This profile has no styling to export yet.");
+        return failed(StylingExportError::noStyling);
     const auto working = WorkingFolder::create(QStringLiteral("LedraStyleExport"));
     if (!working)
-        return failed("Failed to create the Style file.", working.error().text());
+        return failed(StylingExportError::notCreated, working.error().text());
     for (const QString& name : filesOf(*folder)) {
         if (!QFile::copy(*folder + u'/' + name, working->path() + u'/' + name))
-            return failed("Failed to create the Style file.", name + QStringLiteral(" cannot be copied"));
+            return failed(StylingExportError::notCreated, name + QStringLiteral(" cannot be copied"));
     }
     if (const auto written = writeArchive(working->path(), target, overwrite); !written)
-        return failed("Failed to create the Style file.", written.error().text());
+        return failed(StylingExportError::notCreated, written.error().text());
     return {};
 }
 
@@ -100,19 +101,19 @@ std::expected<void, ArchiveFailure> StylingImporter::importFile(const QString& p
 {
     const auto working = WorkingFolder::create(QStringLiteral("LedraStyleImport"));
     if (!working)
-        return failed("Failed to extract the Style file.", working.error().text());
+        return failed(StylingImportError::notExtracted, working.error().text());
     if (const auto extracted = extractArchive(path, working->path()); !extracted)
         return failed(extracted.error().fault == ArchiveFault::notAnArchive
-                          ? "The selected file is not a valid Style file."
-                          : "Failed to extract the Style file.",
+                          ? StylingImportError::notAStyle
+                          : StylingImportError::notExtracted,
                       extracted.error().reason);
     const auto files = readStyle(working->path(), context_.newRecordValues());
     if (!files)
         return std::unexpected(files.error());
     if (!stylings_.styling())
-        return failed("The profile could not be found.");
+        return failed(StylingImportError::unknownProfile);
     if (const auto replaced = stylings_.replace(files->styling, files->logo, files->styleSheet); !replaced)
-        return failed("Failed to extract the Style file.", replaced.error().text);
+        return failed(StylingImportError::notExtracted, replaced.error().text);
     return {};
 }
 

@@ -17,9 +17,9 @@ namespace ledra {
                                                           Overwrite overwrite);
 
 enum class ArchiveFault {
-    notAnArchive, ///< it cannot be opened as a ZIP archive at all
+    notAnArchive, ///< it is none, is not there or cannot be read: it cannot be opened as one at all
     refused,      ///< an archive that no honest program makes, or beyond the limits; nothing was written
-    failed,       ///< damaged, or a file could not be read or written
+    failed,       ///< damaged, or a file in it could not be unpacked
 };
 
 struct ArchiveError

@@ -28,7 +28,7 @@ std::expected<ZipHandle, ArchiveError> openArchive(const QString& path)
     constexpr qint64 emptyArchive = 22; // bytes; the library takes a file of none for an archive
     const QFileInfo file(path);
     if (!file.isFile())
-        return archiveFault(ArchiveFault::failed,
+        return archiveFault(ArchiveFault::notAnArchive,
                             file.exists() ? QStringLiteral("not a file") : QStringLiteral("no such file"));
     int code = 0;
     ZipHandle zip(file.size() < emptyArchive
@@ -43,7 +43,7 @@ std::expected<ZipHandle, ArchiveError> openArchive(const QString& path)
                             QStringLiteral("the archive is damaged: it contradicts itself"));
     ZipProblem problem;
     problem.set(code, errno);
-    return archiveFault(ArchiveFault::failed, problem.text());
+    return archiveFault(ArchiveFault::notAnArchive, problem.text());
 }
 
 /// Unpacks what has been inspected.

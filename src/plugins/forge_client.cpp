@@ -1,6 +1,7 @@
 #include "plugins/forge_client.h"
 
 #include "plugins/plugin.h"
+#include "plugins/plugin_update_error.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -125,6 +126,14 @@ QJsonValue jsonIn(const HttpClient::Result& reply)
     return document.isArray() ? QJsonValue(document.array()) : QJsonValue(document.object());
 }
 
+/// Whether it is a forge that says that it has no such repository: all of them give a reason, which the pages
+/// of other servers do not.
+bool deniesAsForge(const HttpClient::Result& reply)
+{
+    return reply && reply->status == noSuchThing &&
+           QJsonDocument::fromJson(reply->body)[u"message"].isString();
+}
+
 } // namespace
 
 bool isNewer(const QString& offered, const QString& installed)
@@ -139,9 +148,10 @@ bool isNewer(const QString& offered, const QString& installed)
 struct ForgeClient::Search
 {
     QString host;
-    QString path; ///< "owner/name"
-    std::vector<const Forge*> candidates;
+    QString path;                         ///< "owner/name"
+    std::vector<const Forge*> candidates; ///< from the last to the first
     const Forge* forge = nullptr;
+    bool isForge = false; ///< known to be one, or has answered as one
     FoundSource found;
 
     QUrl url(const QUrl& testBase, const char* form, const QString& commit = {}) const
@@ -153,6 +163,15 @@ struct ForgeClient::Search
         return QUrl(base + QString::fromLatin1(form)
                                .replace(QStringLiteral("%2"), commit)
                                .replace(QStringLiteral("%1"), name));
+    }
+
+    /// Why there is no repository, after the last candidate has answered as well.
+    QString refusal(int status) const
+    {
+        if (status != noSuchThing && status != fine)
+            return host + QStringLiteral(": answers with status %1").arg(status);
+        return isForge ? errorText(PluginUpdateError::unknownRepository).arg(path, host)
+                       : errorText(PluginUpdateError::unsupportedHost);
     }
 };
 
@@ -166,49 +185,53 @@ HttpOrder ForgeClient::order(const QUrl& url) const
             .headers = {{"Accept", "application/json"}}};
 }
 
-void ForgeClient::newestSource(const QString& repository, const FoundSource& found)
+/// The host and the path of a repository; nothing when the link is none of one.
+std::shared_ptr<ForgeClient::Search> ForgeClient::searchFor(const QString& repository)
 {
     // Names as forges allow them; GitLab has groups in groups.
     static const QRegularExpression form(
         QStringLiteral("^https://([A-Za-z0-9.-]+(?::[0-9]{1,5})?)/([\\w.~-]+(?:/[\\w.~-]+){1,10})/?$"));
     const QRegularExpressionMatch link = form.match(repository.trimmed());
-    const bool isFine = link.hasMatch() && !link.captured(2).split(u'/').contains(QStringLiteral(".."));
-    if (!isFine)
-        return found(std::unexpected(QStringLiteral("Plugin URL is not a valid repository link.")));
+    const QStringList names = link.captured(2).split(u'/');
     const auto search = std::make_shared<Search>();
     search->host = link.captured(1).toLower();
+    const bool isGitHub = search->host == QLatin1StringView(gitHub.host);
+    if (!link.hasMatch() || names.contains(QStringLiteral("..")) || (isGitHub && names.size() > 2))
+        return nullptr;
     search->path = link.captured(2);
     if (search->path.endsWith(QStringLiteral(".git")))
         search->path.chop(4);
-    search->found = found;
-    if (search->host == QLatin1StringView(gitHub.host))
+    search->isForge = isGitHub || search->host == u"gitlab.com";
+    if (isGitHub)
         search->candidates = {&gitHub};
     else if (search->host.startsWith(QStringLiteral("gitlab.")))
         search->candidates = {&gitLab};
     else
-        search->candidates = {&gitLab, &gitea}; // from the last to the first
+        search->candidates = {&gitLab, &gitea};
+    return search;
+}
+
+void ForgeClient::newestSource(const QString& repository, const FoundSource& found)
+{
+    const std::shared_ptr<Search> search = searchFor(repository);
+    if (!search)
+        return found(std::unexpected(errorText(PluginUpdateError::invalidLink)));
+    search->found = found;
     tryNextForge(search);
 }
 
 void ForgeClient::tryNextForge(const std::shared_ptr<Search>& search)
 {
-    if (search->candidates.empty())
-        return search->found(
-            std::unexpected(QStringLiteral("Plugin updates are not supported for this repository host.")));
     search->forge = search->candidates.back();
     search->candidates.pop_back();
     http_.send(order(search->url(setting_.base, search->forge->repository)),
                [this, search](const HttpClient::Result& reply) {
-                   const bool isLast = search->candidates.empty();
-                   if (!reply && isLast)
-                       search->found(std::unexpected(reply.error()));
-                   else if (jsonIn(reply)[u"id"].isDouble())
-                       askReleases(search);
-                   else if (isLast && reply && reply->status != noSuchThing && reply->status != fine)
-                       search->found(std::unexpected(
-                           search->host + QStringLiteral(": answers with status %1").arg(reply->status)));
-                   else
-                       tryNextForge(search);
+                   if (jsonIn(reply)[u"id"].isDouble())
+                       return askReleases(search);
+                   search->isForge = search->isForge || deniesAsForge(reply);
+                   if (!search->candidates.empty())
+                       return tryNextForge(search);
+                   search->found(std::unexpected(reply ? search->refusal(reply->status) : reply.error()));
                });
 }
 
@@ -234,9 +257,8 @@ void ForgeClient::askCommits(const std::shared_ptr<Search>& search)
             static const QRegularExpression hash(QStringLiteral("^[0-9a-fA-F]{7,64}$"));
             const QString commit = jsonIn(reply)[0][QLatin1StringView(search->forge->commitKey)].toString();
             if (!hash.match(commit).hasMatch())
-                return search->found(std::unexpected(
-                    reply ? QStringLiteral("Repository has no release or commits to update from.")
-                          : reply.error()));
+                return search->found(
+                    std::unexpected(reply ? errorText(PluginUpdateError::noSource) : reply.error()));
             search->found(PluginSource{commit, search->url(setting_.base, search->forge->archive, commit)});
         });
 }

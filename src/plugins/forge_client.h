@@ -7,6 +7,7 @@
 
 #include <expected>
 #include <functional>
+#include <memory>
 
 namespace ledra {
 
@@ -48,6 +49,7 @@ public:
 private:
     struct Search;
 
+    static std::shared_ptr<Search> searchFor(const QString& repository);
     void tryNextForge(const std::shared_ptr<Search>& search);
     void askReleases(const std::shared_ptr<Search>& search);
     void askCommits(const std::shared_ptr<Search>& search);

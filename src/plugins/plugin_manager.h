@@ -103,8 +103,8 @@ public:
     const PluginFolder& folder() const { return folder_; }
     const RunnerProcess& runner() const { return caller_.runner(); }
 
-    /// A package that was handed over waits for the user to say whether it is to be installed.
-    std::optional<QString> pendingPackage;
+    /// Packages that were handed over wait for the user to say whether they are to be installed.
+    QList<QUrl> pendingPackages;
     bool showInstallDialog = false;
 
 Q_SIGNALS:

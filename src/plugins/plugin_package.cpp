@@ -2,6 +2,7 @@
 
 #include "platform/tree_copy.h"
 #include "platform/zip_archive.h"
+#include "plugins/plugin_update_error.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -88,7 +89,7 @@ std::expected<PluginManifest, QString> inspectPackage(const QString& folder)
 std::expected<void, QString> requireMainModule(const QString& folder)
 {
     if (!QFileInfo(folder + u'/' + mainModule).isFile())
-        return std::unexpected(QStringLiteral("Installed plugin is missing main.js."));
+        return std::unexpected(errorText(PluginUpdateError::noMainModule));
     return {};
 }
 

@@ -2,6 +2,7 @@
 
 #include "platform/file_io.h"
 #include "platform/working_folder.h"
+#include "plugins/plugin_update_error.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -55,7 +56,7 @@ PluginUpdater::Outcome PluginUpdater::install(const QByteArray& archive, const Q
     if (!package)
         return std::unexpected(package.error());
     if (package->folder.isEmpty())
-        return std::unexpected(QStringLiteral("Downloaded archive does not contain a plugin.json."));
+        return std::unexpected(errorText(PluginUpdateError::noManifest));
     if (const auto inspected = inspectPackage(package->folder); !inspected)
         return std::unexpected(inspected.error());
     if (const auto installed = folder_.install(package->folder, id, version); !installed)

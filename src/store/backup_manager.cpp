@@ -1,10 +1,15 @@
 #include "store/backup_manager.h"
 
+#include "platform/folder_listing.h"
+#include "platform/tree_copy.h"
+
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
 
 #include <algorithm>
+#include <filesystem>
+#include <system_error>
 
 namespace ledra {
 
@@ -67,12 +72,20 @@ QString BackupManager::todaysFile() const
     return folder_ + u'/' + namePrefix + dayText(context_.clock.now().localDate()) + extension;
 }
 
-std::vector<Backup> BackupManager::backups() const
+std::expected<std::vector<Backup>, FileError> BackupManager::backups() const
 {
+    namespace fs = std::filesystem;
+    std::error_code ignored; // whatever else is wrong with it shows as it is listed
+    if (fs::status(nativePath(folder_), ignored).type() == fs::file_type::not_found)
+        return {};
+    const auto entries = listFolder(folder_);
+    if (!entries)
+        return std::unexpected(entries.error());
     std::vector<Backup> found;
-    for (const QFileInfo& info : QDir(folder_).entryInfoList({u'*' + extension}, QDir::Files)) {
-        if (info.fileName().endsWith(extension)) // filters look at no case of letters
-            found.push_back({info.absoluteFilePath(), created_(info.absoluteFilePath()), info.size()});
+    for (const FolderEntry& entry : *entries) {
+        const QString path = folder_ + u'/' + entry.name;
+        if (!entry.isFolder && !entry.name.startsWith(u'.') && entry.name.endsWith(extension))
+            found.push_back({path, created_(path), QFileInfo(path).size()});
     }
     std::ranges::sort(found, [](const Backup& left, const Backup& right) {
         return left.created != right.created ? left.created > right.created : left.path > right.path;
@@ -84,8 +97,10 @@ BackupManager::Outcome BackupManager::backUpIfDue()
 {
     QDir().mkpath(folder_);
     const InterprocessLock::Guard guard = lock_.hold();
-    const std::vector<Backup> existing = backups();
-    const auto newest = existing.empty() ? std::nullopt : std::optional(existing.front().created);
+    const auto existing = backups();
+    if (!existing)
+        return failed(existing.error().text());
+    const auto newest = existing->empty() ? std::nullopt : std::optional(existing->front().created);
     if (!isBackupDue(newest, context_.clock.now().toLocal(), frequency()))
         return Outcome::notDue;
     return write();
@@ -103,12 +118,18 @@ BackupManager::Outcome BackupManager::write()
     removeLeftovers();
     if (QFile::exists(todaysFile()))
         return Outcome::madeToday;
-    if (const auto written = write_(todaysFile()); !written) {
-        context_.console.failure(QStringLiteral("BackupManager: Backup failed: ") + written.error());
-        return Outcome::failed;
-    }
-    prune();
+    if (const auto written = write_(todaysFile()); !written)
+        return failed(written.error());
+    if (const auto pruned = prune(); !pruned)
+        context_.console.failure(QStringLiteral("BackupManager: Failed to remove excess backups: ") +
+                                 pruned.error().text());
     return Outcome::made;
+}
+
+BackupManager::Outcome BackupManager::failed(const QString& why)
+{
+    context_.console.failure(QStringLiteral("BackupManager: Backup failed: ") + why);
+    return Outcome::failed;
 }
 
 /// What backups that were killed left behind: names that go on after the extension. Whoever holds the lock is
@@ -121,16 +142,21 @@ void BackupManager::removeLeftovers() const
         QFile::remove(folder_ + u'/' + name);
 }
 
-void BackupManager::prune()
+/// Where one cannot be removed, the rest stays too.
+std::expected<void, FileError> BackupManager::prune() const
 {
     const std::optional<std::size_t> kept = keptBackups(retention());
-    const std::vector<Backup> existing = backups();
-    for (std::size_t position = kept.value_or(existing.size()); position < existing.size(); ++position) {
-        QFile file(existing[position].path);
+    if (!kept)
+        return {};
+    const auto existing = backups();
+    if (!existing)
+        return std::unexpected(existing.error());
+    for (std::size_t position = *kept; position < existing->size(); ++position) {
+        QFile file((*existing)[position].path);
         if (!file.remove())
-            context_.console.failure(QStringLiteral("BackupManager: Failed to remove excess backups: %1: %2")
-                                         .arg(file.fileName(), file.errorString()));
+            return std::unexpected(FileError{file.fileName(), file.errorString()});
     }
+    return {};
 }
 
 } // namespace ledra

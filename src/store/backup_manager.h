@@ -71,7 +71,7 @@ public:
 
     BackupManager(StoreContext& context, ArchiveWriter write, CreationDate created = creationDate);
 
-    /// What came of a try.
+    /// What came of a try. A backup is made even where the oldest ones could not be removed after it.
     enum class Outcome { made, notDue, madeToday, failed };
 
     /// Makes today's backup if it is time, then removes the oldest ones.
@@ -80,8 +80,8 @@ public:
     /// Makes today's backup whether it is time or not.
     Outcome backUp();
 
-    /// Newest first.
-    std::vector<Backup> backups() const;
+    /// Newest first; none while there is no folder.
+    [[nodiscard]] std::expected<std::vector<Backup>, FileError> backups() const;
 
     QString folder() const { return folder_; }
     QString todaysFile() const;
@@ -91,8 +91,9 @@ public:
 
 private:
     Outcome write();
+    Outcome failed(const QString& why);
     void removeLeftovers() const;
-    void prune();
+    [[nodiscard]] std::expected<void, FileError> prune() const;
 
     StoreContext& context_;
     QString folder_;

@@ -3,6 +3,7 @@
 #include "store/profile_manager.h"
 
 #include <QDir>
+#include <QFileInfo>
 #include <QScopedValueRollback>
 
 #include <filesystem>
@@ -23,6 +24,15 @@ void removeLeftovers(const QString& data)
         std::error_code ignored; // it is tried again next time
         std::filesystem::remove_all(nativePath(data + u'/' + name), ignored);
     }
+}
+
+/// Puts a copy away that is no profile that can be read: left in place, every start would complain of it.
+/// Returns what to say of it.
+QString discarded(TrashBin& trash, const QString& folder)
+{
+    const QString problem = QFileInfo(folder).fileName() + QStringLiteral(": cannot be read");
+    const auto trashed = trash.put(folder);
+    return trashed ? problem : problem + QStringLiteral("; ") + trashed.error().text();
 }
 
 } // namespace
@@ -62,15 +72,20 @@ std::expected<ProfilePtr, StoreFailure> ProfileManager::adoptFolder(const QStrin
         removeLeftovers(data);
         return std::unexpected(StoreFailure{copied.error().text()});
     }
-    profiles_ = loadProfiles();
-    listChanged();
-    if (directoryWatcher_)
-        directoryWatcher_->watch(dataFolder());
+    takeUp();
     const auto adopted = std::ranges::find_if(
         profiles_, [&](const ProfilePtr& profile) { return (*profile)->profileName == folderName; });
-    if (adopted == profiles_.end())
-        return std::unexpected(StoreFailure{folderName + QStringLiteral(": cannot be read")});
-    return *adopted;
+    std::expected<ProfilePtr, StoreFailure> result;
+    if (adopted != profiles_.end()) {
+        result = *adopted;
+    } else {
+        known_.remove(folderName);
+        result = std::unexpected(StoreFailure{discarded(context_.trash, data + u'/' + folderName)});
+    }
+    listChanged();
+    if (directoryWatcher_)
+        directoryWatcher_->watch(data);
+    return result;
 }
 
 } // namespace ledra

@@ -45,6 +45,11 @@ Unit unitOf(ExtractedUnit unit)
     return row == units.end() ? Unit::piece : row->second;
 }
 
+Timestamp noon(QDate date)
+{
+    return Timestamp::fromDateTime(QDateTime(date, QTime(12, 0)));
+}
+
 /// One run over an invoice, which collects what could not be used.
 class Application
 {
@@ -66,6 +71,7 @@ private:
     }
     void takeText(const QString& text, QString& field, const char* what);
     std::optional<QDate> day(const char* what, const std::optional<QString>& text);
+    void takeEnd(QDate end, bool isSamePeriod);
     Invoice::Item itemOf(const ExtractedItem& extracted);
 
     Invoice& invoice_;
@@ -125,20 +131,30 @@ void Application::takeDays(const std::optional<QString>& startText, const std::o
                                      invoice_.serviceDateStart == invoice_.statusUpdateDate);
     const std::optional<QDate> start = day(startOfService, startText);
     const std::optional<QDate> end = day(endOfService, endText);
-    if (!isUntouched) {
-        if (start && *start != invoice_.serviceDateStart.localDate())
-            drop(startOfService, dayText(*start), isTaken);
-        return;
-    }
-    const auto noon = [](QDate date) { return Timestamp::fromDateTime(QDateTime(date, QTime(12, 0))); };
-    if (start)
+    if (start && isUntouched)
         invoice_.serviceDateStart = noon(*start);
-    if (end && !start)
+    const QDate held = invoice_.serviceDateStart.localDate();
+    if (start && *start != held)
+        drop(startOfService, dayText(*start), isTaken);
+    if (end && startText && !start)
         drop(endOfService, dayText(*end), "there is no start");
-    else if (end && *end < *start)
-        drop(endOfService, dayText(*end), "before the start");
-    else if (end && *end > *start)
-        invoice_.serviceDateEnd = noon(*end);
+    else if (end)
+        takeEnd(*end, start.value_or(held) == held);
+}
+
+/// The last day of a period whose first day the invoice has. A single day is no period.
+void Application::takeEnd(QDate end, bool isSamePeriod)
+{
+    const QDate start = invoice_.serviceDateStart.localDate();
+    const QDate held = invoice_.serviceDateEnd ? invoice_.serviceDateEnd->localDate() : start;
+    if (end == held)
+        return;
+    if (!isSamePeriod || invoice_.serviceDateEnd)
+        drop(endOfService, dayText(end), isTaken);
+    else if (end < start)
+        drop(endOfService, dayText(end), "before the start");
+    else
+        invoice_.serviceDateEnd = noon(end);
 }
 
 Invoice::Item Application::itemOf(const ExtractedItem& extracted)

@@ -15,7 +15,10 @@ constexpr std::array sentences = {
     QT_TRANSLATE_NOOP("ConsoleText", "Error saving invoice: %1"),
     QT_TRANSLATE_NOOP("ConsoleText", "Error saving reminder: %1"),
     QT_TRANSLATE_NOOP("ConsoleText", "Error saving styling: %1"),
+    QT_TRANSLATE_NOOP("ConsoleText", "Error saving profile: directory not found"),
     QT_TRANSLATE_NOOP("ConsoleText", "Error saving profile: %1"),
+    QT_TRANSLATE_NOOP("ConsoleText", "Error renaming profile folder: source not found"),
+    QT_TRANSLATE_NOOP("ConsoleText", "Error renaming profile folder: destination already exists"),
     QT_TRANSLATE_NOOP("ConsoleText", "Error renaming profile folder: %1"),
     QT_TRANSLATE_NOOP("ConsoleText", "Error loading invoices: %1"),
     QT_TRANSLATE_NOOP("ConsoleText", "Error loading invoice from %1: %2"),
@@ -27,7 +30,13 @@ constexpr std::array sentences = {
     QT_TRANSLATE_NOOP("ConsoleText", "Error loading CSS content: %1"),
     QT_TRANSLATE_NOOP("ConsoleText", "%1: a second file of the record in %2; it is left as it is"),
     QT_TRANSLATE_NOOP("ConsoleText", "BackupManager: Backup failed: %1"),
+    QT_TRANSLATE_NOOP("ConsoleText", "BackupManager: Failed to remove excess backups: %1"),
     QT_TRANSLATE_NOOP("ConsoleText", "Failed to create PDF: %1"),
+    QT_TRANSLATE_NOOP("ConsoleText", "a profile needs a name"),
+    QT_TRANSLATE_NOOP("ConsoleText", "\"%1\" cannot be a profile's name: it names a folder"),
+    QT_TRANSLATE_NOOP("ConsoleText", "the name is too long for a folder"),
+    QT_TRANSLATE_NOOP("ConsoleText", "the profile has no folder"),
+    QT_TRANSLATE_NOOP("ConsoleText", "the last profile cannot be deleted"),
 };
 
 } // namespace
@@ -39,6 +48,11 @@ QString consoleText(const QString& line)
             return filled(QCoreApplication::translate("ConsoleText", sentence), *values);
     }
     return line;
+}
+
+bool isAlerted(const QString& line)
+{
+    return line.startsWith(u"Import failed: ");
 }
 
 } // namespace ledra

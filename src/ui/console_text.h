@@ -9,4 +9,7 @@ namespace ledra {
 /// looked up.
 QString consoleText(const QString& line);
 
+/// Whether whoever writes that line to the console shows an alert for it as well.
+bool isAlerted(const QString& line);
+
 } // namespace ledra

@@ -117,7 +117,7 @@ void LedraAppTest::startAndReveal()
     QCOMPARE(app.pendingSpotlightInvoiceId, id);
     QSignalSpy plugins(&app, &LedraApp::openPluginSettings);
     app.appDelegate().open({QUrl(QStringLiteral("file:///x.ledraplugin"))});
-    QCOMPARE(app.pluginManager().pendingPackage, std::optional(QStringLiteral("/x.ledraplugin")));
+    QCOMPARE(app.pluginManager().pendingPackages, {QUrl(QStringLiteral("file:///x.ledraplugin"))});
     QCOMPARE(desktop.asked.mid(1).join(u' '), QStringLiteral("main window settings"));
     QVERIFY(reveals.size() == 1 && plugins.size() == 1);
 

@@ -153,6 +153,8 @@ void ArchiveCliTest::unwritableBackups()
     QCOMPARE(run.exitCode, 1);
     QVERIFY(run.errors.size() == 1 &&
             run.errors.front().startsWith(QStringLiteral("BackupManager: Backup failed: ")));
+    const ProgramRun list = home.run("backup list");
+    QVERIFY(list.exitCode == 1 && list.output.isEmpty() && list.errors.size() == 1);
 }
 
 void ArchiveCliTest::automaticExport()
@@ -206,6 +208,9 @@ void ArchiveCliTest::wrongInput()
     const ProgramRun run = home_.run(QTest::currentDataTag());
     QCOMPARE(run.exitCode, exitCode);
     QVERIFY2(run.output.isEmpty() && run.errors.size() == 1, qPrintable(run.errors.join(u'\n')));
+    const QByteArray line = QTest::currentDataTag();
+    const bool isImport = line.startsWith("profile import {") || line.startsWith("backup restore {");
+    QCOMPARE(run.errors.front().startsWith(u"Import failed: "), isImport);
     QVERIFY(test::contentOf(home_.path(QStringLiteral("text.txt"))) == "no archive");
 }
 

@@ -178,8 +178,8 @@ void PluginCliTest::patchesOfGuardedRecords()
             if (!context.version || context.profile === undefined || context.language !== "en" || context.settings.a !== "b=c")
                 throw new Error(JSON.stringify(context));
             const patches = { "not-an-id": {} };
-            for (const { id } of summaries)
-                patches[id] = { recipient: { name: "New", address: { city: "Ulm" } }, status: "Cancelled", statusDate: "2026-04-01" };
+            for (const { id, status } of summaries)
+                patches[id] = status === "Cancelled" ? { status: "Paid" } : { recipient: { name: "New", address: { city: "Ulm" } }, status: "Cancelled", statusDate: "2026-04-01" };
             return patches;
         };
         exports.importInvoices = () => [{ number: "EXT-{7}", currency: "CHF", date: "2026-01-02",
@@ -191,7 +191,7 @@ void PluginCliTest::patchesOfGuardedRecords()
     QCOMPARE(run.exitCode, 1);
     QCOMPARE(run.errors,
              (QStringList{QStringLiteral("ledra: the plugin was not asked about the record “not-an-id”"),
-                          QStringLiteral("ledra: 2026-001 is paid and is not to be changed any more")}));
+                          QStringLiteral("ledra: 2026-001 is paid: only its status was changed")}));
     const QJsonObject guarded = record(QStringLiteral("2026-001"));
     QCOMPARE(guarded[QStringLiteral("status")].toString(), QStringLiteral("Cancelled"));
     QCOMPARE(guarded[QStringLiteral("recipient")][QStringLiteral("name")].toString(),
@@ -200,6 +200,13 @@ void PluginCliTest::patchesOfGuardedRecords()
     QCOMPARE(free[QStringLiteral("name")].toString() +
                  free[QStringLiteral("address")][QStringLiteral("city")].toString(),
              QStringLiteral("NewUlm"));
+
+    // Of what is cancelled not even the status is changed.
+    const ProgramRun closed = home_.run("plugin run script updateInvoices 2026-001");
+    QVERIFY(closed.exitCode == 1 && closed.output.isEmpty());
+    QCOMPARE(closed.errors.value(1),
+             QStringLiteral("ledra: 2026-001 is cancelled and is not to be changed any more"));
+    QCOMPARE(record(QStringLiteral("2026-001")), guarded);
 
     // One patch that cannot be read, and nothing of the import is made.
     const auto count = [&] { return home_.json("list --json").array().size(); };

@@ -170,7 +170,9 @@ void ArchivesTest::importFailures()
     const auto imported = desk.importer.importFile(desk.archive());
     QCOMPARE(imported.error().message, message);
     QVERIFY(filesBelow(desk.home.path({})) == before);
-    QVERIFY(!desk.importer.importFile(desk.home.path(QStringLiteral("nothing.ledradata"))));
+    const auto missing = desk.importer.importFile(desk.home.path(QStringLiteral("nothing.ledradata")));
+    QCOMPARE(missing.error().text(),
+             QStringLiteral("The selected file is not a valid Ledra Data file. (no such file)"));
 }
 
 /// Whatever is wrong with an archive, the importers say it in their own words and nothing else is different.
@@ -218,6 +220,12 @@ void ArchivesTest::someProfilesFail()
     QVERIFY(
         desk.home.console.failures.join(u'|').contains(u"Warning: Could not update profile ID and name: "));
     QCOMPARE(desk.displayNames(), QStringLiteral("Default|Good"));
+    // What cannot be read is not left for every later start to complain of; it can be looked at in the trash.
+    QCOMPARE(StoreHome::names(desk.folder({})), QStringLiteral("1_Default 2_Good"));
+    QCOMPARE(desk.home.trash.filesFrom(desk.folder({})).size(), std::size_t{1});
+    desk.home.console.failures.clear();
+    desk.profiles.reload();
+    QCOMPARE(desk.home.console.failures, QStringList());
 }
 
 void ArchivesTest::unpacking()
@@ -283,6 +291,9 @@ void ArchivesTest::stylingFailures()
     QVERIFY(desk.home.put(desk.archive(), "PK"));
     QCOMPARE(message(importer.importFile(desk.archive())),
              QStringLiteral("The selected file is not a valid Style file."));
+    for (const QString& unreadable : {desk.home.path({}), desk.home.path(QStringLiteral("none.ledrastyle"))})
+        QCOMPARE(message(importer.importFile(unreadable)),
+                 QStringLiteral("The selected file is not a valid Style file."));
     QCOMPARE(StoreHome::names(desk.folder(QStringLiteral("1_Default"))), QStringLiteral("profile.json"));
 }
 

@@ -176,10 +176,19 @@ void PluginNetworkTest::updatesThatFail_data()
     const char* fine = "https://github.com/owner/name";
     for (const char* bad :
          {"", "http://github.com/owner/name", "https://github.com/owner", "https://github.com/../name",
-          "https://github.com/a/../b", "https://user@github.com/owner/name", "file:///etc/passwd"})
+          "https://github.com/a/../b", "https://github.com/owner/name/tree/main",
+          "https://user@github.com/owner/name", "file:///etc/passwd"})
         row(bad, bad, {}, "Plugin URL is not a valid repository link.");
     row("a host that is no forge", "https://www.example.org/owner/other", {},
         "Plugin updates are not supported for this repository host.");
+    row("mistyped, deleted or private", "https://github.com/owner/gone.git", {},
+        "The repository owner/gone was not found on github.com.");
+    row("a group without it", "https://gitlab.com/group/sub/gone", {},
+        "The repository group/sub/gone was not found on gitlab.com.");
+    row("a forge of one's own without it", "https://git.example.org/owner/denied", {},
+        "The repository owner/denied was not found on git.example.org.");
+    row("a forge that is closed", "https://github.com/owner/limited", {},
+        "github.com: answers with status 403");
     row("nothing there", "https://github.com/owner/empty", {},
         "Repository has no release or commits to update from.");
     row("broken archive", fine, packed(returnsNew).chopped(30), "");
@@ -205,6 +214,8 @@ void PluginNetworkTest::updatesThatFail()
         {"/repos/owner/name", {200, R"({"id":7})"}},
         {"/repos/owner/name/releases/latest", {200, R"({"tag_name":"3","zipball_url":"BASE/archive.zip"})"}},
         {"/repos/owner/empty", {200, R"({"id":7})"}},
+        {"/repos/owner/denied", {404, R"({"message":"not found"})"}},
+        {"/repos/owner/limited", {403, R"({"message":"too many requests"})"}},
         {"/repos/owner/empty/commits?per_page=1", {200, R"([])"}},
         {"/archive.zip", {200, archive}}};
     const PluginHome home(settingFor(server));

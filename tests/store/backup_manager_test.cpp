@@ -18,10 +18,14 @@ struct Backups
                   ++writes;
                   if (!problem.isEmpty())
                       return std::unexpected(problem);
-                  return home.put(target, "profiles") ? std::expected<void, QString>()
-                                                      : std::unexpected(QStringLiteral("unwritable"));
+                  const bool isWritten = home.put(target, "profiles");
+                  afterWriting();
+                  return isWritten ? std::expected<void, QString>()
+                                   : std::unexpected(QStringLiteral("unwritable"));
               },
-              [](const QString& path) {
+              [this](const QString& path) {
+                  if (path == stubborn) // cannot be removed as a file any more
+                      (void)(QFile::remove(path) && QDir().mkdir(path));
                   const QString day = QFileInfo(path).completeBaseName().mid(7);
                   return dayFromText(day).value_or(QDate(2000, 1, 1)).startOfDay().addSecs(11 * 3600);
               })
@@ -36,6 +40,8 @@ struct Backups
     StoreHome home; // its clock stands at 2026-03-05, 11 o'clock in Berlin
     int writes = 0;
     QString problem;
+    QString stubborn;
+    std::function<void()> afterWriting = [] {};
     BackupManager manager;
 };
 
@@ -52,6 +58,8 @@ private Q_SLOTS:
     void due();
     void oneADay();
     void failures();
+    void unlistableFolder();
+    void failedPruning();
     void afterAKill();
     void retention_data();
     void retention();
@@ -108,7 +116,7 @@ void BackupManagerTest::oneADay()
     QCOMPARE(readFile(backups.manager.todaysFile(), 100).value(), QByteArray("made by hand"));
     backups.home.clock.set("2026-03-06T10:00:00Z");
     QCOMPARE(backups.manager.backUp(), Outcome::made);
-    QCOMPARE(backups.manager.backups().front().path, backups.manager.todaysFile());
+    QCOMPARE(backups.manager.backups()->front().path, backups.manager.todaysFile());
 }
 
 void BackupManagerTest::failures()
@@ -124,11 +132,52 @@ void BackupManagerTest::failures()
     QCOMPARE(backups.manager.backUpIfDue(), Outcome::made);
 }
 
+/// What cannot be listed is not empty: no backup is due because of it, and it does not undo one.
+void BackupManagerTest::unlistableFolder()
+{
+    Backups backups;
+    QVERIFY(backups.manager.backups()->empty()); // there is no folder yet
+    QVERIFY(backups.home.put(backups.manager.folder(), "not a folder"));
+    const QString reason = backups.manager.backups().error().text();
+    QVERIFY2(reason.startsWith(backups.manager.folder() + QStringLiteral(": ")), qPrintable(reason));
+    QCOMPARE(backups.manager.backUpIfDue(), Outcome::failed);
+    QCOMPARE(backups.writes, 0);
+    QCOMPARE(backups.home.console.failures,
+             QStringList{QStringLiteral("BackupManager: Backup failed: ") + reason});
+
+    Backups pulled;
+    pulled.afterWriting = [&pulled] {
+        const QString folder = pulled.manager.folder();
+        QVERIFY(QDir().rename(folder, folder + QStringLiteral(" elsewhere")));
+        QVERIFY(pulled.home.put(folder, "not a folder"));
+    };
+    QCOMPARE(pulled.manager.backUpIfDue(), Outcome::made);
+    QVERIFY(pulled.home.console.failures.size() == 1 &&
+            pulled.home.console.failures.front().startsWith(
+                QStringLiteral("BackupManager: Failed to remove excess backups: ")));
+}
+
+void BackupManagerTest::failedPruning()
+{
+    Backups backups;
+    backups.home.defaults.values[QStringLiteral("backupRetention")] = QStringLiteral("ten");
+    for (int day = 1; day <= 12; ++day)
+        QVERIFY(backups.put(QStringLiteral("2026-01-%1").arg(day, 2, 10, QLatin1Char('0'))));
+    backups.stubborn = backups.manager.folder() + QStringLiteral("/Backup-2026-01-03.ledradata");
+    QCOMPARE(backups.manager.backUp(), Outcome::made);
+    const QString line = backups.home.console.failures.join(u'|');
+    QVERIFY2(line.startsWith(QStringLiteral("BackupManager: Failed to remove excess backups: ") +
+                             backups.stubborn) &&
+                 !line.contains(u'|'),
+             qPrintable(line));
+    QVERIFY(backups.names().startsWith(u"Backup-2026-01-01.ledradata Backup-2026-01-02.ledradata "));
+}
+
 void BackupManagerTest::afterAKill()
 {
     Backups backups;
     QVERIFY(backups.home.put(backups.manager.todaysFile() + QStringLiteral(".Ab12cD"), "half of"));
-    QVERIFY(backups.manager.backups().empty());
+    QVERIFY(backups.manager.backups()->empty());
     QCOMPARE(backups.manager.backUpIfDue(), Outcome::made);
     QCOMPARE(backups.names(), today);
 }
@@ -173,7 +222,7 @@ void BackupManagerTest::onlyDataFilesCount()
     for (int day = 1; day <= 12; ++day)
         QVERIFY(backups.put(QStringLiteral("2026-01-%1").arg(day, 2, 10, QLatin1Char('0'))));
     QCOMPARE(backups.manager.backUpIfDue(), Outcome::made);
-    QCOMPARE(backups.manager.backups().size(), std::size_t{10});
+    QCOMPARE(backups.manager.backups()->size(), std::size_t{10});
     QCOMPARE(backups.names().count(QStringLiteral("Backup-2026-01-0")), 6); // 04 to 09
     QVERIFY(backups.names().endsWith(QStringLiteral("notes.txt")));
 }

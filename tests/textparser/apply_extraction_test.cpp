@@ -110,6 +110,10 @@ private Q_SLOTS:
                  "|||||||DE|\n|-|EUR|2026-03-31T12|-", "end of service “2026-03-01”: before the start"},
                 {"{'serviceDateStart':'2026-03-31','serviceDateEnd':'2026-03-31'}",
                  "|||||||DE|\n|-|EUR|2026-03-31T12|-", ""},
+                {"{'serviceDateEnd':'2026-04-30'}", "|||||||DE|\n|-|EUR|-|2026-04-30T12", ""},
+                {"{'serviceDateEnd':'2026-04-01'}", "|||||||DE|\n|-|EUR|-|-", ""}, // the draft's own day
+                {"{'serviceDateEnd':'2026-03-31'}", "|||||||DE|\n|-|EUR|-|-",
+                 "end of service “2026-03-31”: before the start"},
                 {"{'items':[],'recipient':{'name':''}}", "|||||||DE|\n|-|EUR|-|-", ""},
             });
     }
@@ -145,7 +149,8 @@ private Q_SLOTS:
                                 "note “b”: the invoice has another one;"
                                 "reference “b”: the invoice has another one;"
                                 "currency “EUR”: the invoice has another one;"
-                                "start of service “2026-01-01”: the invoice has another one"));
+                                "start of service “2026-01-01”: the invoice has another one;"
+                                "end of service “2026-01-02”: the invoice has another one"));
         QCOMPARE(told(invoice), QStringLiteral("A|||||Ulm||AT|\na|2|Day|5|7\nA|A|CHF|-|2026-04-05T14"));
     }
 

@@ -200,7 +200,7 @@ private Q_SLOTS:
         QVERIFY(!desk.app.undoStack().canUndo() && desk.said().isEmpty());
         QCOMPARE(desk.profileCount(), std::size_t(1));
         const bool isLogged =
-            desk.console.informations.join(u'\n').contains(QStringLiteral("Import failed: ") + message);
+            desk.console.failures.join(u'\n').contains(QStringLiteral("Import failed: ") + message);
         QCOMPARE(isLogged, isAsked && !name.endsWith(u".ledrastyle"));
     }
 
@@ -315,6 +315,7 @@ private Q_SLOTS:
         restore(true);
         QVERIFY(desk.answer(QStringLiteral("OK"))
                     .startsWith(u"Import Failed|The selected file is not a valid Ledra Data file.|OK"));
+        QVERIFY(desk.console.failures.join(u'\n').contains(u"Import failed: The selected file is not"));
         QCOMPARE(desk.profileCount(), std::size_t(1));
         restore(false);
         auto* messages = settings.findChild<MessageBar*>();

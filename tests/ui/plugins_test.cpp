@@ -138,6 +138,7 @@ private Q_SLOTS:
     }
 
     void dropsAreInstalledOnceConfirmed();
+    void packagesComeOneAfterTheOther();
     void unusablePackagesAreRefused_data();
     void unusablePackagesAreRefused();
     void menusFollowTheSwitches();
@@ -208,6 +209,23 @@ void PluginsTest::dropsAreInstalledOnceConfirmed()
     QCOMPARE(desk.plugins().grantedHosts(*desk.plugins().find(QStringLiteral("office"))),
              QStringList{QStringLiteral("api.example.com")});
     QTRY_VERIFY(!desk.offered().isEmpty());
+}
+
+void PluginsTest::packagesComeOneAfterTheOther()
+{
+    PluginsDesk desk;
+    const auto urlOf = [](const QString& path) { return QUrl::fromLocalFile(path); };
+    desk.app.appDelegate().open({urlOf(package(QStringLiteral("first"), allFour, R"({"name":"First"})")),
+                                 QUrl(QStringLiteral("ledra://foo/x.ledraplugin")),
+                                 urlOf(package(QStringLiteral("second"), allFour, R"({"name":"Second"})"))});
+    (void)desk.settings();
+    for (const char* name : {"First", "Second"}) {
+        QTRY_VERIFY(PluginsDesk::dialog() &&
+                    PluginsDesk::shown(*PluginsDesk::dialog()).contains(QString::fromLatin1(name)));
+        (void)desk.answer(QStringLiteral("Install"));
+    }
+    QCOMPARE(desk.list().topLevelItemCount(), 2);
+    QVERIFY(PluginsDesk::shown(desk.settings()).contains(u"x.ledraplugin is no file of this computer."));
 }
 
 void PluginsTest::unusablePackagesAreRefused_data()
@@ -283,7 +301,7 @@ void PluginsTest::importsAndUpdatesAreOneStep()
     const QString sent = (*record)->name;
     desk.run("Update All");
     QVERIFY(desk.says("Office: 3 records were changed. "));
-    QVERIFY(desk.says("is sent and is not to be changed any more"));
+    QVERIFY(desk.says("is sent: only its status was changed"));
     QCOMPARE((*record)->status, Status::paid);
     QCOMPARE(desk.names().filter(QStringLiteral("!")).size(), 2);
     QVERIFY(desk.names().contains(sent));

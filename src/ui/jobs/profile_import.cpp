@@ -1,5 +1,6 @@
 #include "ui/jobs/profile_import.h"
 
+#include "app/data_file_import.h"
 #include "ui/jobs/failure_texts.h"
 #include "ui/jobs/file_panels.h"
 #include "ui/jobs/question.h"
@@ -18,10 +19,7 @@ struct ProfileImport
 
 void importFile(const WindowParts& parts, const QString& file)
 {
-    const auto imported = parts.app.profileImporter().importFile(file);
-    if (!imported)
-        parts.app.console().information(QStringLiteral("Import failed: ") + imported.error().text());
-    tellImported(parts, imported);
+    tellImported(parts, importDataFile(parts.app.profileImporter(), parts.app.console(), file));
 }
 
 /// To the trash, from where they can be brought back even so.

@@ -110,6 +110,7 @@ void askToInstall(const Installation& installation)
     if (!inspected) {
         installation.app.pluginManager().showInstallDialog = false;
         installation.refused(inspected.error());
+        installation.settled();
         return;
     }
     installation.app.pluginManager().showInstallDialog = true;
@@ -118,13 +119,14 @@ void askToInstall(const Installation& installation)
     QObject::connect(dialog, &QDialog::finished, dialog, [installation, dialog](int result) {
         PluginManager& plugins = installation.app.pluginManager();
         plugins.showInstallDialog = false;
-        if (result != QDialog::Accepted)
-            return;
-        const auto installed = plugins.install(installation.path, dialog->confirmedHosts());
-        if (installed)
-            installation.installed(*installed);
-        else
-            installation.refused(installed.error());
+        if (result == QDialog::Accepted) {
+            const auto installed = plugins.install(installation.path, dialog->confirmedHosts());
+            if (installed)
+                installation.installed(*installed);
+            else
+                installation.refused(installed.error());
+        }
+        installation.settled();
     });
     dialog->open();
 }

@@ -36,6 +36,7 @@ struct Installation
     QString path;
     std::function<void(const QString& error)> refused;
     std::function<void(const Plugin& plugin)> installed;
+    std::function<void()> settled; ///< afterwards, whatever the user has chosen
 };
 void askToInstall(const Installation& installation);
 

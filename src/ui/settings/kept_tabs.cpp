@@ -46,7 +46,10 @@ BackupsTab::BackupsTab(SettingsWindow& window)
 void BackupsTab::refresh()
 {
     clear();
-    backups_ = settings().app().backupManager().backups();
+    const auto found = settings().app().backupManager().backups();
+    if (!found)
+        settings().tell(found.error().text());
+    backups_ = found.value_or(std::vector<Backup>());
     for (const Backup& backup : backups_)
         addRow({momentText(backup.created), documentLocale(readerLanguage()).formattedDataSize(backup.bytes),
                 QFileInfo(backup.path).fileName()});

@@ -42,8 +42,9 @@ private:
 
     void chooseFolder();
     void chooseArchive();
-    void installPending();
     void install(const QString& path);
+    void installPending();
+    void ask(const QString& path);
     void remove();
     void reveal();
     void updateChosen();
@@ -61,6 +62,7 @@ private:
     QPushButton* reveal_;
     QPushButton* remove_;
     QCheckBox* checks_;
+    bool isAsking_ = false;
     int openUpdates_ = 0;
     QStringList updated_; ///< in the updates that are under way
     bool hasFailed_ = false;

@@ -88,15 +88,27 @@ void PluginsPage::chooseArchive()
     dialog->open();
 }
 
-/// What the desktop or the main window has handed over.
-void PluginsPage::installPending()
-{
-    if (const auto path = std::exchange(plugins().pendingPackage, std::nullopt))
-        install(*path);
-}
-
 void PluginsPage::install(const QString& path)
 {
+    plugins().pendingPackages += QUrl::fromLocalFile(path);
+    installPending();
+}
+
+/// What the user, the desktop or the main window has handed over, one package after the other.
+void PluginsPage::installPending()
+{
+    while (!isAsking_ && !plugins().pendingPackages.isEmpty()) {
+        const QUrl package = plugins().pendingPackages.takeFirst();
+        if (package.isLocalFile())
+            ask(package.toLocalFile());
+        else
+            window_.tell(tr("%1 is no file of this computer.").arg(package.toDisplayString()));
+    }
+}
+
+void PluginsPage::ask(const QString& path)
+{
+    isAsking_ = true;
     askToInstall({.app = window_.app(),
                   .over = window_,
                   .path = path,
@@ -109,6 +121,11 @@ void PluginsPage::install(const QString& path)
                       [this](const Plugin& plugin) {
                           choose(plugin.id());
                           window_.parts().messages.note(tr("%1 is installed").arg(plugin.manifest.name));
+                      },
+                  .settled =
+                      [this] {
+                          isAsking_ = false;
+                          installPending();
                       }});
 }
 
@@ -121,12 +138,8 @@ void PluginsPage::dragEnterEvent(QDragEnterEvent* event)
 void PluginsPage::dropEvent(QDropEvent* event)
 {
     event->acceptProposedAction();
-    for (const QUrl& url : event->mimeData()->urls()) {
-        if (url.isLocalFile())
-            install(url.toLocalFile());
-        else
-            window_.tell(tr("%1 is no file of this computer.").arg(url.toDisplayString()));
-    }
+    plugins().pendingPackages += event->mimeData()->urls();
+    installPending();
 }
 
 // ---- out
