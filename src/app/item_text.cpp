@@ -1,6 +1,12 @@
 #include "app/item_text.h"
 
+#include "app/typed_number.h"
+#include "model/document_labels.h"
 #include "model/new_invoices.h"
+
+#include <QRegularExpression>
+
+#include <functional>
 
 namespace ledra {
 
@@ -9,7 +15,7 @@ namespace {
 constexpr qsizetype fieldCount = 5;
 
 /// Splits at a separator outside quotes; a doubled quote inside quotes stands for one.
-std::expected<QStringList, QString> fieldsOf(const QString& text, QChar separator)
+std::expected<QStringList, ItemProblem> fieldsOf(const QString& text, QChar separator)
 {
     QStringList fields = {QString()};
     bool isQuoted = false;
@@ -27,36 +33,67 @@ std::expected<QStringList, QString> fieldsOf(const QString& text, QChar separato
         }
     }
     if (isQuoted)
-        return std::unexpected(QStringLiteral("a quotation mark is not closed"));
+        return std::unexpected(
+            ItemProblem{ItemProblem::openQuote, {}, QStringLiteral("a quotation mark is not closed")});
     return fields;
 }
 
+using NumberReading = std::function<std::expected<double, QString>(const QString& text)>;
+
+/// A unit by its raw value, or as documents and the window call one or several of it in either language.
+std::expected<Unit, QString> unitFrom(const QString& text)
+{
+    const QString word = text.simplified().normalized(QString::NormalizationForm_C);
+    for (const EnumText<Unit>& row : enumTexts<Unit>) {
+        for (const EnumText<Language>& language : enumTexts<Language>) {
+            for (const double quantity : {1.0, 2.0}) {
+                if (unitLabel(row.value, quantity, language.value).compare(word, Qt::CaseInsensitive) == 0)
+                    return row.value;
+            }
+        }
+    }
+    Unit unit{};
+    if (const Assigned assigned = assignText(unit, text, {}); !assigned)
+        return std::unexpected(assigned.error());
+    return unit;
+}
+
+ItemProblem unreadable(qsizetype field, const QString& word, const QString& reason)
+{
+    constexpr std::array names = {"text", "quantity", "unit", "price", "VAT"};
+    const QString name = QString::fromLatin1(names.at(static_cast<std::size_t>(field)));
+    return {static_cast<ItemProblem::Kind>(field), word, name + QStringLiteral(": ") + reason};
+}
+
 /// An item of its fields; the error says which of them will not do.
-std::expected<Invoice::Item, QString> itemOf(const QStringList& fields, const Profile& profile, IdSource& ids,
-                                             const ValueReading& reading)
+std::expected<Invoice::Item, ItemProblem> itemOf(const QStringList& fields, const Profile& profile,
+                                                 IdSource& ids, const NumberReading& numberFrom)
 {
     if (fields.size() > fieldCount)
-        return std::unexpected(QStringLiteral("more than TEXT;QUANTITY;UNIT;PRICE;VAT"));
+        return std::unexpected(ItemProblem{
+            ItemProblem::tooManyFields, {}, QStringLiteral("more than TEXT;QUANTITY;UNIT;PRICE;VAT")});
     if (fields.front().trimmed().isEmpty())
-        return std::unexpected(QStringLiteral("the text is missing"));
+        return std::unexpected(
+            ItemProblem{ItemProblem::description, {}, QStringLiteral("the text is missing")});
     Invoice::Item item = newItem(profile, ids);
     item.item = fields.front();
-    Assigned assigned;
-    const auto take = [&](qsizetype position, auto& field, const char* name) {
-        const QString value = fields.value(position).trimmed();
-        if (!assigned || value.isEmpty())
+    std::optional<ItemProblem> problem;
+    const auto take = [&](qsizetype position, auto& field, const auto& read) {
+        const QString word = fields.value(position).trimmed();
+        if (problem || word.isEmpty())
             return;
-        assigned = assignText(field, value, reading);
-        if (!assigned)
-            assigned = std::unexpected(QString::fromLatin1(name) + QStringLiteral(": ") + assigned.error());
+        if (const auto value = read(word))
+            field = *value;
+        else
+            problem = unreadable(position, word, value.error());
     };
-    take(1, item.quantity, "quantity");
-    take(2, item.unit, "unit");
+    take(ItemProblem::quantity, item.quantity, numberFrom);
+    take(ItemProblem::unit, item.unit, unitFrom);
     item.unitPrice = rateOf(item.unit, profile);
-    take(3, item.unitPrice, "price");
-    take(4, item.vatPercentage, "VAT");
-    if (!assigned)
-        return std::unexpected(assigned.error());
+    take(ItemProblem::price, item.unitPrice, numberFrom);
+    take(ItemProblem::vat, item.vatPercentage, numberFrom);
+    if (problem)
+        return std::unexpected(*problem);
     return item;
 }
 
@@ -72,17 +109,19 @@ QStringList tableLines(const QString& text)
         else if (letter != u'\r')
             lines.back() += letter;
     }
-    lines.removeIf([](const QString& line) { return line.trimmed().isEmpty(); });
     return lines;
 }
 
-/// A number as spreadsheets show it: without its currency, its percent sign and what stands between the
-/// thousands.
-QString plainNumber(QString text, const ValueReading& reading)
+/// A number as spreadsheets show it, with a word before or behind it: a currency's code, a unit.
+std::expected<double, QString> cellNumber(const QString& cell, const QLocale& locale)
 {
-    text.removeIf([](QChar c) { return !c.isDigit() && !QStringView(u".,-").contains(c); });
-    const QString group = reading.locale.groupSeparator();
-    return group == u"." || group == u"," ? text.remove(group) : text;
+    static const QRegularExpression words(
+        QStringLiteral("^\\p{L}+\\.?(?=[\\s\\d-])|(?<=[\\s\\d])\\p{L}+\\.?$"),
+        QRegularExpression::UseUnicodePropertiesOption);
+    const std::optional<double> number = numberTyped(QString(cell).remove(words), locale);
+    if (!number)
+        return std::unexpected(QStringLiteral("\"%1\" is not a number").arg(cell));
+    return *number;
 }
 
 /// Whether the cells are titles: neither the quantity nor the price is a number.
@@ -99,33 +138,33 @@ bool isTitleLine(const QStringList& cells)
 std::expected<Invoice::Item, QString> itemFrom(const QString& text, const Profile& profile, IdSource& ids,
                                                const ValueReading& reading)
 {
-    const auto problem = [&](const QString& what) {
-        return std::unexpected(QStringLiteral("item \"%1\": %2").arg(text, what));
-    };
-    const std::expected<QStringList, QString> fields = fieldsOf(text, u';');
-    if (!fields)
-        return problem(fields.error());
-    auto item = itemOf(*fields, profile, ids, reading);
-    return item ? item : problem(item.error());
+    const auto read = [&](const QString& number) { return numberFrom(number, reading); };
+    const auto fields = fieldsOf(text, u';');
+    const auto item = fields ? itemOf(*fields, profile, ids, read) : std::unexpected(fields.error());
+    if (!item)
+        return std::unexpected(QStringLiteral("item \"%1\": %2").arg(text, item.error().text));
+    return *item;
 }
 
-std::expected<std::vector<Invoice::Item>, QString> itemsFromTable(const QString& text, const Profile& profile,
-                                                                  IdSource& ids, const ValueReading& reading)
+std::expected<std::vector<Invoice::Item>, ItemProblem>
+itemsFromTable(const QString& text, const Profile& profile, IdSource& ids, const ValueReading& reading)
 {
+    const auto read = [&](const QString& cell) { return cellNumber(cell, reading.locale); };
     std::vector<Invoice::Item> items;
     int number = 0;
+    bool isFirst = true;
     for (const QString& line : tableLines(text)) {
         ++number;
-        std::expected<QStringList, QString> cells = fieldsOf(line, u'\t');
-        if (cells && number == 1 && isTitleLine(*cells))
+        if (line.trimmed().isEmpty())
             continue;
-        for (const qsizetype position : {1, 3, 4}) {
-            if (cells && position < cells->size())
-                (*cells)[position] = plainNumber((*cells)[position], reading);
+        const auto cells = fieldsOf(line, u'\t');
+        if (std::exchange(isFirst, false) && cells && isTitleLine(*cells))
+            continue;
+        auto item = cells ? itemOf(*cells, profile, ids, read) : std::unexpected(cells.error());
+        if (!item) {
+            item.error().line = number;
+            return std::unexpected(item.error());
         }
-        const auto item = cells ? itemOf(*cells, profile, ids, reading) : std::unexpected(cells.error());
-        if (!item)
-            return std::unexpected(QStringLiteral("line %1: %2").arg(number).arg(item.error()));
         items.push_back(*item);
     }
     return items;

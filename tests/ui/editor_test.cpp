@@ -1,9 +1,10 @@
+#include "app/typed_number.h"
 #include "support/desk.h"
 #include "support/test_suite.h"
 #include "ui/editor/items_view.h"
 #include "ui/editor/recipient_section.h"
 #include "ui/editor/record_sections.h"
-#include "ui/editor/typed_number.h"
+#include "ui/look/typed_day.h"
 
 #include <QCheckBox>
 #include <QClipboard>
@@ -59,6 +60,8 @@ private Q_SLOTS:
         home_->enter();
     }
 
+    void cleanup() { QLocale::setDefault(QLocale::system()); }
+
     void numbersAsTyped_data()
     {
         QTest::addColumn<QString>("text");
@@ -98,6 +101,61 @@ private Q_SLOTS:
         };
         QTEST(read(QLocale(QLocale::German, QLocale::Germany)), "german");
         QTEST(read(QLocale(QLocale::English, QLocale::UnitedKingdom)), "english");
+    }
+
+    void daysAsTyped()
+    {
+        const QDate day(2026, 11, 5);
+        for (const char* text : {"05112026", "5.11.2026", "05/11/2026", " 5 - 11 - 2026", "2026-11-05"})
+            QCOMPARE(dayTyped(QString::fromLatin1(text)), day);
+        for (const char* text : {"5.11.26", "051126", "5.11.", "0511"}) { // more may follow
+            QCOMPARE(dayTyped(QString::fromLatin1(text)), std::nullopt);
+            QCOMPARE(dayTyped(QString::fromLatin1(text), 2026), day);
+        }
+        for (const char* text : {"", "5", "31.02.2026", "5.11.20266", "5.11.1.2026", "5.XI.2026"})
+            QCOMPARE(dayTyped(QString::fromLatin1(text), 2026), std::nullopt);
+    }
+
+    /// Any end of the period, also one that is wrong so far: it is kept and told.
+    void takesDaysAsTheyAreTyped_data()
+    {
+        QTest::addColumn<QLocale>("locale");
+        QTest::newRow("german") << QLocale(QLocale::German, QLocale::Germany);
+        QTest::newRow("english") << QLocale(QLocale::English, QLocale::UnitedKingdom);
+    }
+
+    void takesDaysAsTheyAreTyped()
+    {
+        QFETCH(QLocale, locale);
+        QLocale::setDefault(locale);
+        Desk desk;
+        desk.press("Ctrl+N");
+        QVERIFY(desk.type("Service date", QStringLiteral("20022026")));
+        desk.editor().findChild<DatesSection*>()->findChild<QCheckBox*>()->click();
+        const char* end = "End of the service period";
+        const auto isTold = [&] {
+            return desk.field(end)->accessibleDescription() == u"The service period ends before it begins";
+        };
+        QVERIFY(desk.type(end, QStringLiteral("15.12.2026")));
+        QCOMPARE(desk.invoice().serviceDateEnd->localDate(), QDate(2026, 12, 15));
+        QVERIFY(!isTold());
+        QVERIFY(desk.type(end, QStringLiteral("31.1.")));
+        key(Qt::Key_Tab);
+        QCOMPARE(desk.invoice().serviceDateEnd->localDate(), QDate(2026, 1, 31));
+        QVERIFY(isTold());
+        QVERIFY(desk.type(end, QStringLiteral("31032026")));
+        key(Qt::Key_Tab); // on to the days to pay
+        keys(QStringLiteral("30"));
+        key(Qt::Key_Tab);
+        QCOMPARE(desk.invoice().serviceDateEnd->localDate(), QDate(2026, 3, 31));
+        QVERIFY(!isTold());
+        QCOMPARE(desk.invoice().daysToPay, 30);
+        QSignalSpy noted(&desk.window.parts().messages, &MessageBar::noted);
+        QVERIFY(desk.type("Service date", QStringLiteral("31.2.2026")));
+        key(Qt::Key_Tab);
+        QCOMPARE(noted.last().first().toString(), QStringLiteral("“31.2.2026” is not a date"));
+        QCOMPARE(desk.field("Service date")->text(), QStringLiteral("31.2.2026")); // to be mended
+        QCOMPARE(desk.invoice().serviceDateStart.localDate(), QDate(2026, 2, 20));
     }
 
     /// A whole invoice by keyboard alone, then back to nothing and forth again.
@@ -218,6 +276,19 @@ private Q_SLOTS:
         QCOMPARE(desk.invoice().items.size(), std::size_t(1));
         QCOMPARE(desk.invoice().items.front().unitPrice, 840.0);
         QCOMPARE(desk.invoice().items.front().unit, Unit::day);
+        for (const Qt::Key end : {Qt::Key_Tab, Qt::Key_Return}) { // nobody has moved to a suggestion
+            grid(desk).beginNewItem();
+            keys(QStringLiteral("phot"));
+            QVERIFY(QApplication::activePopupWidget());
+            key(end);
+            QVERIFY(!QApplication::activePopupWidget());
+            QCOMPARE(desk.invoice().items.back().item, QStringLiteral("phot"));
+            QCOMPARE(desk.invoice().items.back().unitPrice, 0.0);
+            if (end == Qt::Key_Tab) { // which has gone on to the quantity
+                keys(QStringLiteral("3"));
+                QCOMPARE(desk.invoice().items.back().quantity, 3.0);
+            }
+        }
     }
 
     void movesCopiesAndPastesItems()
@@ -232,8 +303,7 @@ private Q_SLOTS:
         key(Qt::Key_V, Qt::ControlModifier);
         QCOMPARE(desk.invoice().items.size(), std::size_t(2));
         QCOMPARE(desk.invoice().items[1].unitPrice, 1250.0);
-        grid(desk).setCurrentIndex(grid(desk).model()->index(1, 0));
-        key(Qt::Key_Up, Qt::AltModifier);
+        key(Qt::Key_Up, Qt::AltModifier); // the last one is the current one
         QCOMPARE(desk.invoice().items.front().item, QStringLiteral("Print"));
         key(Qt::Key_C, Qt::ControlModifier);
         QVERIFY(QApplication::clipboard()->text().contains(u"Print\t1\tPiece"));
@@ -243,11 +313,76 @@ private Q_SLOTS:
         key(Qt::Key_V, Qt::ControlModifier);
         QCOMPARE(desk.invoice().items.size(), std::size_t(1));
         QCOMPARE(desk.invoice().items.front().unitPrice, 1250.0);
-        grid(desk).setCurrentIndex(grid(desk).model()->index(0, 0));
-        key(Qt::Key_Delete);
+        key(Qt::Key_Delete); // what was pasted is chosen
         QVERIFY(desk.invoice().items.empty());
         desk.press("Ctrl+Z");
         QCOMPARE(desk.invoice().items.size(), std::size_t(1));
+    }
+
+    void pastesWhatAGermanSpreadsheetHolds()
+    {
+        QLocale::setDefault(QLocale(QLocale::German, QLocale::Germany));
+        Desk desk;
+        desk.press("Ctrl+N");
+        const auto paste = [&](const char* text) {
+            auto* table = new QMimeData;
+            table->setText(QString::fromUtf8(text));
+            QApplication::clipboard()->setMimeData(table);
+            grid(desk).setFocus();
+            key(Qt::Key_V, Qt::ControlModifier);
+        };
+        paste("Logoentwurf\t2,5\tStunden\t95,00\t19");
+        paste("Druck\t1\tPauschal\t1,250.00\t7"); // behind it
+        QCOMPARE(desk.invoice().items.size(), std::size_t(2));
+        QCOMPARE(desk.invoice().items[0].unit, Unit::hour);
+        QCOMPARE(desk.invoice().items[0].unitPrice, 95.0);
+        QCOMPARE(desk.invoice().items[1].unitPrice, 1250.0);
+        paste("A\t1\tTag\t3\nB\t1\tMeile\t3");
+        QCOMPARE(desk.invoice().items.size(), std::size_t(2));
+        const QString line = desk.window.parts().messages.lines().last();
+        QVERIFY2(line.contains(u"“Meile” in line 2") && line.contains(u"Stück, Stunde, Tag"),
+                 qPrintable(line));
+    }
+
+    /// What is typed goes where it was begun, whatever others do to the record meanwhile.
+    void keepsTypingInTheSameItem()
+    {
+        Desk desk;
+        desk.press("Ctrl+N");
+        const auto change = [&](const std::function<void(std::vector<Invoice::Item>&)>& edit) {
+            const auto run = [&](Invoice& invoice) { edit(invoice.items); };
+            QVERIFY(desk.window.jobs().edit(desk.invoice().id, run, EditKind::single));
+        };
+        const auto line = [](const char* text) {
+            return Invoice::Item{QUuid::createUuid(), QString::fromLatin1(text), 1, Unit::piece, 1, 19};
+        };
+        const auto texts = [&] {
+            QStringList found;
+            for (const Invoice::Item& item : desk.invoice().items)
+                found += item.item;
+            return found.join(u' ');
+        };
+        change([&](auto& items) { items = {line("A"), line("B"), line("C")}; });
+        const QModelIndex second = grid(desk).model()->index(1, 0);
+        grid(desk).setCurrentIndex(second);
+        grid(desk).edit(second);
+        key(Qt::Key_End);
+        keys(QStringLiteral("1"));
+        change([&](auto& items) {
+            items.erase(items.begin());
+            items.push_back(line("D"));
+        });
+        keys(QStringLiteral("2"));
+        change([](auto& items) { std::ranges::reverse(items); });
+        keys(QStringLiteral("3"));
+        QCOMPARE(texts(), QStringLiteral("D C B123"));
+        change([](auto& items) { items.pop_back(); });
+        QApplication::processEvents();
+        keys(QStringLiteral("E"));
+        QCOMPARE(texts(), QStringLiteral("D C E"));
+        change([&](auto& items) { items.push_back(line("F")); });
+        keys(QStringLiteral("e"));
+        QCOMPARE(texts(), QStringLiteral("D C Ee F"));
     }
 
     void locksWhatOthersHold()

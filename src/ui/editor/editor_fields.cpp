@@ -1,8 +1,9 @@
 #include "ui/editor/editor_fields.h"
 
-#include "ui/editor/typed_number.h"
+#include "app/typed_number.h"
 #include "ui/look/status_colors.h"
 
+#include <QAbstractItemView>
 #include <QCompleter>
 #include <QFocusEvent>
 #include <QSignalBlocker>
@@ -44,18 +45,7 @@ void markWrong(QWidget& field, const QString& reason)
     field.setToolTip(reason);
 }
 
-/// The moment of a new day. A day that stays keeps its time.
-Timestamp movedTo(QDate day, Timestamp before)
-{
-    return before.localDate() == day ? before : noonOf(day);
-}
-
 } // namespace
-
-Timestamp noonOf(QDate day)
-{
-    return Timestamp::fromDateTime(QDateTime(day, QTime(12, 0)));
-}
 
 TextField::TextField(RecordEditing& editing, QString Invoice::* member, QWidget* parent) : QLineEdit(parent)
 {
@@ -152,27 +142,6 @@ void NumberField::take(const QString& text)
     editing_.change([&](Invoice& invoice) { write_(invoice, *number); }, EditKind::typing);
 }
 
-DayField::DayField(RecordEditing& editing, Timestamp Invoice::* member, QWidget* parent) : QDateEdit(parent)
-{
-    setCalendarPopup(true);
-    setLocale(editing.locale());
-    QString format = editing.locale().dateFormat(QLocale::ShortFormat);
-    if (!format.contains(u"yyyy"))
-        format.replace(QStringLiteral("yy"), QStringLiteral("yyyy"));
-    setDisplayFormat(format);
-    setDateRange(QDate(1900, 1, 1), QDate(9999, 12, 31));
-    connect(this, &QDateEdit::dateChanged, this, [&editing, member](QDate day) {
-        editing.change([&](Invoice& invoice) { invoice.*member = movedTo(day, invoice.*member); },
-                       EditKind::typing);
-    });
-    followRecord(editing, this, [this, &editing, member] {
-        const QSignalBlocker quiet(this);
-        const QDate day = (editing.invoice().*member).localDate();
-        if (date() != day)
-            setDate(day);
-    });
-}
-
 ChoiceField::ChoiceField(RecordEditing& editing, const std::vector<Choice>& choices, Read read, Write write,
                          bool isSearchable, QWidget* parent)
     : QComboBox(parent), editing_(editing), read_(std::move(read)), write_(std::move(write))
@@ -244,6 +213,12 @@ CountField::CountField(RecordEditing& editing, std::int64_t Invoice::* member, i
         if (QSpinBox::value() != value)
             setValue(value);
     });
+}
+
+void openSuggestions(QCompleter& completer)
+{
+    completer.complete();
+    completer.popup()->setCurrentIndex(QModelIndex());
 }
 
 QFormLayout* newForm()

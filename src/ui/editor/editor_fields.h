@@ -1,16 +1,18 @@
 #pragma once
 
 #include "ui/editor/record_editing.h"
+#include "ui/look/day_line.h"
 #include "ui/look/field_form.h"
 
 #include <QCheckBox>
 #include <QComboBox>
-#include <QDateEdit>
 #include <QFormLayout>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QSpinBox>
+
+class QCompleter;
 
 namespace ledra {
 
@@ -72,13 +74,24 @@ private:
     Write write_;
 };
 
-/// A day; the moment behind it is noon of that day.
-class DayField : public QDateEdit
+/// A day, typed as a whole or taken from a calendar; the moment behind it is noon of that day. What is no day
+/// stays as it was typed, is told and not taken.
+class DayField : public DayLine
 {
     Q_OBJECT
 
 public:
+    using Read = std::function<std::optional<Timestamp>(const Invoice&)>;
+    using Write = std::function<void(Invoice&, Timestamp)>;
+    DayField(RecordEditing& editing, Read read, Write write, QWidget* parent);
     DayField(RecordEditing& editing, Timestamp Invoice::* member, QWidget* parent);
+
+private:
+    void refresh();
+
+    RecordEditing& editing_;
+    Read read_;
+    Write write_;
 };
 
 /// Noon of a day.
@@ -116,6 +129,10 @@ class CountField : public QSpinBox
 public:
     CountField(RecordEditing& editing, std::int64_t Invoice::* member, int least, int most, QWidget* parent);
 };
+
+/// Opens the suggestions of a completer with none of them chosen: Enter and Tab take only one that somebody
+/// has moved to.
+void openSuggestions(QCompleter& completer);
 
 /// A form whose labels stand above or beside their fields, as wide as the editor.
 QFormLayout* newForm();

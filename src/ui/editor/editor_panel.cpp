@@ -43,7 +43,7 @@ EditorPanel::EditorPanel(const WindowParts& parts, QWidget* parent)
     scroll_->setFrameShape(QFrame::NoFrame);
     scroll_->setFocusPolicy(Qt::NoFocus); // its fields take the focus
     scroll_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    setMinimumWidth(440);
+    setMinimumWidth(400);
     connect(&editing_, &RecordEditing::lockChanged, this, &EditorPanel::showLock);
     connect(&editing_, &RecordEditing::changed, this, &EditorPanel::showHeader);
     new UndoGuard(*this);

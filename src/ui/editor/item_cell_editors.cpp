@@ -1,8 +1,9 @@
 #include "ui/editor/item_cell_editors.h"
 
 #include "app/reader_language.h"
+#include "app/typed_number.h"
 #include "model/document_labels.h"
-#include "ui/editor/typed_number.h"
+#include "ui/editor/editor_fields.h"
 #include "ui/look/status_colors.h"
 
 #include <QAbstractItemView>
@@ -103,7 +104,7 @@ void DescriptionEdit::offer()
     for (const Invoice::Item& item : offered_)
         texts += item.item.section(u'\n', 0, 0);
     static_cast<QStringListModel*>(completer_->model())->setStringList(texts);
-    completer_->complete();
+    openSuggestions(*completer_);
 }
 
 void DescriptionEdit::keyPressEvent(QKeyEvent* event)
@@ -111,7 +112,7 @@ void DescriptionEdit::keyPressEvent(QKeyEvent* event)
     const bool isOffering = completer_->popup()->isVisible();
     const bool isEnter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
     if (isOffering && (isEnter || event->key() == Qt::Key_Tab || event->key() == Qt::Key_Escape)) {
-        const bool picks = completer_->popup()->currentIndex().isValid() && event->key() != Qt::Key_Escape;
+        const bool picks = completer_->popup()->selectionModel()->hasSelection();
         if (picks || event->key() == Qt::Key_Escape) {
             event->ignore(); // for the popup
             return;

@@ -1,11 +1,10 @@
 #include "ui/editor/items_model.h"
 
-#include "app/item_text.h"
 #include "app/reader_language.h"
+#include "app/typed_number.h"
 #include "model/amount_text.h"
 #include "model/document_labels.h"
 #include "model/new_invoices.h"
-#include "ui/editor/typed_number.h"
 
 namespace ledra {
 
@@ -17,18 +16,10 @@ constexpr std::array<const char*, ItemsModel::columns> titles = {
     QT_TRANSLATE_NOOP("ledra::ItemsModel", "VAT"),         QT_TRANSLATE_NOOP("ledra::ItemsModel", "Total"),
 };
 
-/// Lines with all their digits; the text beside it is rounded by nobody either, but spoken by the locale.
-const QString linesFormat = QStringLiteral("application/x-ledra-items");
-
 /// What a number of a column is typed with.
 int leastDecimals(int column)
 {
     return column == ItemsModel::price ? 2 : 0;
-}
-
-bool haveSameIds(const std::vector<Invoice::Item>& a, const std::vector<Invoice::Item>& b)
-{
-    return std::ranges::equal(a, b, {}, &Invoice::Item::id, &Invoice::Item::id);
 }
 
 } // namespace
@@ -37,36 +28,8 @@ ItemsModel::ItemsModel(RecordEditing& editing, QObject* parent)
     : QAbstractTableModel(parent), editing_(editing)
 {
     connect(&editing, &RecordEditing::changed, this, &ItemsModel::follow);
-    connect(&editing, &RecordEditing::lockChanged, this, [this] {
-        beginResetModel();
-        endResetModel();
-    });
-}
-
-/// Takes the record's lines over. As long as they are the same ones, or one was added at the end, cells that
-/// are being typed in stay open.
-void ItemsModel::follow()
-{
-    std::vector<Invoice::Item> now =
-        editing_.record() ? editing_.invoice().items : std::vector<Invoice::Item>();
-    grossPrices_ = editing_.record() && editing_.invoice().grossPrices;
-    Q_EMIT headerDataChanged(Qt::Horizontal, price, price);
-    const bool isAppended = now.size() == items_.size() + 1 &&
-                            haveSameIds(items_, std::vector(now.begin(), std::prev(now.end())));
-    if (isAppended) {
-        beginInsertRows({}, rowCount(), rowCount()); // what was the empty row is the new line now
-        items_ = std::move(now);
-        endInsertRows();
-    } else if (haveSameIds(items_, now)) {
-        items_ = std::move(now);
-    } else {
-        beginResetModel();
-        items_ = std::move(now);
-        endResetModel();
-        return;
-    }
-    if (rowCount() > 0)
-        Q_EMIT dataChanged(index(0, 0), index(rowCount() - 1, columns - 1));
+    connect(&editing, &RecordEditing::recordChanged, this, &ItemsModel::reset);
+    connect(&editing, &RecordEditing::lockChanged, this, &ItemsModel::reset);
 }
 
 const Invoice::Item* ItemsModel::item(int row) const
@@ -76,9 +39,7 @@ const Invoice::Item* ItemsModel::item(int row) const
 
 int ItemsModel::rowCount(const QModelIndex& parent) const
 {
-    if (parent.isValid() || !editing_.record())
-        return 0;
-    return itemCount() + (editing_.isLocked() ? 0 : 1);
+    return parent.isValid() ? 0 : itemCount() + (hasEmptyRow_ ? 1 : 0);
 }
 
 int ItemsModel::columnCount(const QModelIndex& parent) const
@@ -204,17 +165,26 @@ bool ItemsModel::setData(const QModelIndex& index, const QVariant& value, int ro
     Invoice::Item after = before;
     if (!assign(after, index.column(), value) || after == before)
         return false;
-    const auto place = static_cast<std::size_t>(index.row());
-    const EditKind kind = isNew || index.column() == unit ? EditKind::single : EditKind::typing;
+    if (isNew) {
+        append(after);
+        return true;
+    }
+    const auto row = static_cast<std::size_t>(index.row());
     editing_.change(
         [&](Invoice& invoice) {
-            if (isNew)
-                invoice.items.push_back(after);
-            else if (place < invoice.items.size())
-                invoice.items[place] = after;
+            if (row < invoice.items.size())
+                invoice.items[row] = after;
         },
-        kind);
+        index.column() == unit ? EditKind::single : EditKind::typing);
     return true;
+}
+
+/// Makes the empty row a line.
+void ItemsModel::append(const Invoice::Item& line)
+{
+    begun_ = line.id;
+    editing_.change([&](Invoice& invoice) { invoice.items.push_back(line); }, EditKind::single);
+    begun_ = QUuid();
 }
 
 void ItemsModel::complete(int row, const Invoice::Item& earlier)
@@ -223,14 +193,12 @@ void ItemsModel::complete(int row, const Invoice::Item& earlier)
     const Invoice::Item* present = item(row);
     line.id = present ? present->id : newLine().id;
     line.quantity = present ? present->quantity : 1;
-    editing_.change(
-        [&](Invoice& invoice) {
-            if (present)
-                invoice.items[static_cast<std::size_t>(row)] = line;
-            else
-                invoice.items.push_back(line);
-        },
-        EditKind::single);
+    if (!present) {
+        append(line);
+        return;
+    }
+    editing_.change([&](Invoice& invoice) { invoice.items[static_cast<std::size_t>(row)] = line; },
+                    EditKind::single);
 }
 
 void ItemsModel::move(int from, int to)
@@ -270,36 +238,6 @@ void ItemsModel::insert(int row, std::vector<Invoice::Item> items)
             invoice.items.insert(invoice.items.begin() + place, items.begin(), items.end());
         },
         EditKind::single);
-}
-
-std::unique_ptr<QMimeData> ItemsModel::copied(const QList<int>& rows) const
-{
-    std::vector<Invoice::Item> lines;
-    for (const int row : rows) {
-        if (const Invoice::Item* line = item(row))
-            lines.push_back(*line);
-    }
-    auto data = std::make_unique<QMimeData>();
-    data->setText(tableOf(lines, editing_.locale()));
-    data->setData(linesFormat, tableOf(lines, QLocale::c()).toUtf8());
-    return data;
-}
-
-bool ItemsModel::canPaste(const QMimeData& data) const
-{
-    return !editing_.isLocked() && (data.hasFormat(linesFormat) || data.text().contains(u'\t'));
-}
-
-void ItemsModel::paste(int row, const QMimeData& data)
-{
-    const bool isOwn = data.hasFormat(linesFormat);
-    const QString text = isOwn ? QString::fromUtf8(data.data(linesFormat)) : data.text();
-    auto lines = itemsFromTable(text, editing_.profile(), editing_.parts().app.ids(),
-                                {isOwn ? QLocale::c() : editing_.locale()});
-    if (!lines)
-        editing_.parts().messages.warn(tr("The items cannot be pasted: %1").arg(lines.error()));
-    else if (!lines->empty())
-        insert(row, std::move(*lines));
 }
 
 } // namespace ledra

@@ -7,6 +7,8 @@
 
 namespace ledra {
 
+struct ItemProblem;
+
 /// The lines of the record in the editor, one a row, and below them an empty row in which the next line is
 /// begun by typing.
 class ItemsModel : public QAbstractTableModel
@@ -46,6 +48,13 @@ public:
 
 private:
     void follow();
+    void reset();
+    bool isBegun(const std::vector<Invoice::Item>& now) const;
+    void rearrange(const std::vector<Invoice::Item>& now);
+    void removeRun(int begin, int end);
+    void place(const std::vector<Invoice::Item>& now);
+    void append(const Invoice::Item& line);
+    QString pasteProblem(const ItemProblem& problem) const;
     QVariant display(const Invoice::Item& item, int column) const;
     QVariant typed(const Invoice::Item& item, int column) const;
     bool assign(Invoice::Item& item, int column, const QVariant& value) const;
@@ -53,7 +62,9 @@ private:
 
     RecordEditing& editing_;
     std::vector<Invoice::Item> items_; ///< as shown
+    bool hasEmptyRow_ = false;         ///< as shown
     bool grossPrices_ = false;
+    QUuid begun_; ///< the line that is being begun in the empty row
 };
 
 } // namespace ledra

@@ -10,6 +10,7 @@
 #include <QMenu>
 #include <QScrollBar>
 #include <QSignalBlocker>
+#include <QTimer>
 
 namespace ledra {
 
@@ -149,6 +150,23 @@ void ItemsView::closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint 
     edit(next);
 }
 
+/// When the line that is being typed in goes, typing goes on in a new one instead of nowhere or in a
+/// neighbour.
+void ItemsView::rowsAboutToBeRemoved(const QModelIndex& parent, int first, int last)
+{
+    const int row = currentIndex().row();
+    QWidget* editor = row >= first && row <= last ? indexWidget(currentIndex()) : nullptr;
+    if (editor)
+        QTableView::closeEditor(editor, QAbstractItemDelegate::NoHint);
+    QTableView::rowsAboutToBeRemoved(parent, first, last);
+    if (!editor)
+        return;
+    QTimer::singleShot(0, this, [this] {
+        if (model_.rowCount() > model_.itemCount())
+            beginNewItem();
+    });
+}
+
 QList<int> ItemsView::chosenRows() const
 {
     QList<int> rows;
@@ -172,8 +190,15 @@ void ItemsView::paste()
 {
     const QMimeData* clipboard = QApplication::clipboard()->mimeData();
     const QList<int> rows = chosenRows();
-    if (clipboard && model_.canPaste(*clipboard))
-        model_.paste(rows.isEmpty() ? model_.itemCount() : rows.constLast() + 1, *clipboard);
+    if (!clipboard || !model_.canPaste(*clipboard))
+        return;
+    const int before = model_.itemCount();
+    const int place = rows.isEmpty() ? before : rows.constLast() + 1;
+    model_.paste(place, *clipboard);
+    // The next ones come behind these. Ctrl is held down, with which setCurrentIndex() would choose more.
+    if (const int added = model_.itemCount() - before; added > 0)
+        selectionModel()->setCurrentIndex(model_.index(place + added - 1, ItemsModel::description),
+                                          QItemSelectionModel::ClearAndSelect);
 }
 
 void ItemsView::removeChosen()

@@ -32,6 +32,7 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
+    void rowsAboutToBeRemoved(const QModelIndex& parent, int first, int last) override;
 
 private:
     void setUpColumns();

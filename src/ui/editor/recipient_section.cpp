@@ -125,7 +125,7 @@ void RecipientSection::completeFrom(QLineEdit* field)
         if (kept->offered.empty())
             completer->popup()->hide();
         else
-            completer->complete();
+            openSuggestions(*completer);
     });
     connect(completer, qOverload<const QModelIndex&>(&QCompleter::activated), this,
             [this, kept](const QModelIndex& index) {

@@ -6,7 +6,9 @@
 #include "model/new_invoices.h"
 #include "model/number_format_checks.h"
 #include "ui/editor/recipient_section.h"
+#include "ui/look/color_keeper.h"
 #include "ui/look/icons.h"
+#include "ui/look/status_colors.h"
 #include "ui/number_format/number_format_edit.h"
 
 #include <QCoreApplication>
@@ -54,11 +56,15 @@ void DatesSection::addServicePeriod(RecordEditing& editing, QFormLayout* form)
 {
     addRow(form, tr("Service date"), new DayField(editing, &Invoice::serviceDateStart, this));
     auto* isPeriod = new QCheckBox(tr("Service period until"), this);
-    auto* end = new QDateEdit(this);
-    end->setCalendarPopup(true);
-    end->setLocale(editing.locale());
+    auto* end = new DayField(
+        editing, [](const Invoice& invoice) { return invoice.serviceDateEnd; },
+        [](Invoice& invoice, Timestamp moment) { invoice.serviceDateEnd = moment; }, this);
     end->setAccessibleName(tr("End of the service period"));
     form->addRow(isPeriod, end);
+    auto* problem = new QLabel(this);
+    problem->setWordWrap(true);
+    keepColors(*problem, warningLook());
+    form->addRow(QString(), problem);
     connect(isPeriod, &QCheckBox::clicked, this, [&editing](bool isOn) {
         editing.change(
             [&](Invoice& invoice) {
@@ -66,19 +72,16 @@ void DatesSection::addServicePeriod(RecordEditing& editing, QFormLayout* form)
             },
             EditKind::single);
     });
-    connect(end, &QDateEdit::dateChanged, this, [&editing](QDate day) {
-        editing.change([&](Invoice& invoice) { invoice.serviceDateEnd = noonOf(day); }, EditKind::typing);
-    });
-    connect(&editing, &RecordEditing::changed, end, [&editing, isPeriod, end] {
+    connect(&editing, &RecordEditing::changed, end, [&editing, isPeriod, end, problem] {
         if (!editing.record())
             return;
-        const QSignalBlocker quiet(end);
         const std::optional<Timestamp>& last = editing.invoice().serviceDateEnd;
+        const bool isBackwards = last && last->localDate() < editing.invoice().serviceDateStart.localDate();
         isPeriod->setChecked(last.has_value());
         end->setVisible(last.has_value());
-        end->setMinimumDate(editing.invoice().serviceDateStart.localDate());
-        if (last && end->date() != last->localDate())
-            end->setDate(last->localDate());
+        problem->setText(isBackwards ? tr("The service period ends before it begins") : QString());
+        problem->setVisible(isBackwards);
+        end->setAccessibleDescription(problem->text());
     });
 }
 

@@ -6,6 +6,7 @@
 #include <QHBoxLayout>
 #include <QSet>
 #include <QSignalBlocker>
+#include <QStylePainter>
 
 namespace ledra {
 
@@ -58,31 +59,56 @@ std::optional<E> picked(const QComboBox& box)
     return value.isValid() ? std::optional(static_cast<E>(value.toInt())) : std::nullopt;
 }
 
+/// Ends what has no room with an ellipsis, where others cut it off.
+class NarrowBox final : public QComboBox
+{
+public:
+    using QComboBox::QComboBox;
+
+protected:
+    void paintEvent(QPaintEvent*) override
+    {
+        constexpr int margins = 4;
+        QStyleOptionComboBox option;
+        initStyleOption(&option);
+        const QRect room =
+            style()->subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxEditField, this);
+        option.currentText =
+            fontMetrics().elidedText(option.currentText, Qt::ElideRight, room.width() - margins);
+        QStylePainter painter(this);
+        painter.drawComplexControl(QStyle::CC_ComboBox, option);
+        painter.drawControl(QStyle::CE_ComboBoxLabel, option);
+    }
+};
+
 } // namespace
 
 FilterBar::FilterBar(LedraApp& app, QWidget* parent)
     : QWidget(parent),
       app_(app),
-      type_(new QComboBox(this)),
-      status_(new QComboBox(this)),
-      period_(new QComboBox(this)),
-      from_(new QDateEdit(this)),
-      to_(new QDateEdit(this)),
-      currency_(new QComboBox(this)),
+      grid_(new QGridLayout),
+      type_(new NarrowBox(this)),
+      status_(new NarrowBox(this)),
+      period_(new NarrowBox(this)),
+      from_(new DayLine(this)),
+      to_(new DayLine(this)),
+      currency_(new NarrowBox(this)),
       reset_(new QToolButton(this))
 {
     auto* layout = new QHBoxLayout(this);
     layout->setContentsMargins(10, 0, 6, 6); // its button stands below the one beside the search
+    layout->addLayout(grid_, 1);
+    layout->addWidget(reset_, 0, Qt::AlignTop);
     const std::pair<QWidget*, QString> parts[] = {
         {type_, tr("Type")}, {status_, tr("Status")},     {period_, tr("Period")},     {from_, tr("From")},
         {to_, tr("To")},     {currency_, tr("Currency")}, {reset_, tr("Clear Filter")}};
     for (const auto& [part, name] : parts) {
         part->setAccessibleName(name);
         part->setToolTip(name);
-        layout->addWidget(part);
         if (auto* box = qobject_cast<QComboBox*>(part)) {
             box->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
             box->setMinimumContentsLength(6);
+            box->setMinimumWidth(1);
             box->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
         }
     }
@@ -99,13 +125,43 @@ FilterBar::FilterBar(LedraApp& app, QWidget* parent)
     for (QComboBox* box : {type_, status_, currency_})
         connect(box, &QComboBox::activated, this, &FilterBar::apply);
     connect(period_, &QComboBox::activated, this, &FilterBar::periodPicked);
-    for (QDateEdit* day : {from_, to_}) {
-        day->setCalendarPopup(true);
+    for (DayLine* day : {from_, to_}) {
         day->hide();
-        connect(day, &QDateEdit::dateChanged, this, &FilterBar::apply);
+        connect(day, &DayLine::chosen, this, &FilterBar::apply);
     }
     connect(reset_, &QToolButton::clicked, this, &FilterBar::reset);
     connect(&app.invoiceManager(), &InvoiceManager::refreshed, this, &FilterBar::offerCurrencies);
+    arrange();
+}
+
+/// Puts what is shown side by side, and in more rows where that would be too narrow.
+void FilterBar::arrange()
+{
+    constexpr int leastWidth = 112;
+    std::vector<QWidget*> shown;
+    for (QWidget* part : std::initializer_list<QWidget*>{type_, status_, period_, from_, to_, currency_}) {
+        grid_->removeWidget(part);
+        const bool isPutAway = part->isHidden() && part->testAttribute(Qt::WA_WState_ExplicitShowHide);
+        if (!isPutAway) // what was never shown yet counts as hidden, too
+            shown.push_back(part);
+    }
+    const int room = grid_->geometry().width() + grid_->horizontalSpacing();
+    const int fitting = std::max(1, room / (leastWidth + grid_->horizontalSpacing()));
+    const int columns = std::min(fitting, static_cast<int>(shown.size()));
+    for (int column = 0; column < std::max(columns, arranged_); ++column)
+        grid_->setColumnStretch(column, column < columns ? 1 : 0);
+    int place = 0;
+    for (QWidget* part : shown) {
+        grid_->addWidget(part, place / columns, place % columns);
+        ++place;
+    }
+    arranged_ = columns;
+}
+
+void FilterBar::resizeEvent(QResizeEvent* event)
+{
+    QWidget::resizeEvent(event);
+    arrange();
 }
 
 void FilterBar::offerPeriods()
@@ -131,20 +187,20 @@ void FilterBar::offerCurrencies()
         currency_->addItem(code, code);
     currency_->setCurrentIndex(std::max(0, currency_->findData(chosen)));
     currency_->setVisible(sorted.size() > 1);
+    arrange();
 }
 
 void FilterBar::periodPicked()
 {
     const bool isOwn = period_->currentIndex() == ownPeriod;
     if (isOwn) {
-        const QSignalBlocker quietFrom(from_);
-        const QSignalBlocker quietTo(to_);
         const QDate today = app_.clock().now().localDate();
-        from_->setDate(QDate(today.year(), 1, 1));
-        to_->setDate(today);
+        from_->setDay(QDate(today.year(), 1, 1));
+        to_->setDay(today);
     }
     from_->setVisible(isOwn);
     to_->setVisible(isOwn);
+    arrange();
     apply();
 }
 
@@ -155,8 +211,8 @@ void FilterBar::apply()
     narrowing.status = picked<Status>(*status_);
     const int row = period_->currentIndex();
     if (row == ownPeriod) {
-        narrowing.from = from_->date();
-        narrowing.to = to_->date();
+        narrowing.from = from_->day();
+        narrowing.to = to_->day();
     } else if (row > 0) {
         const Period& period = periods.at(static_cast<std::size_t>(row) - 1);
         const QDate today = app_.clock().now().localDate();
@@ -176,6 +232,7 @@ void FilterBar::reset()
         box->setCurrentIndex(0);
     from_->hide();
     to_->hide();
+    arrange();
     apply();
 }
 

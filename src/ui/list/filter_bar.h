@@ -2,9 +2,10 @@
 
 #include "app/filter_manager.h"
 #include "app/ledra_app.h"
+#include "ui/look/day_line.h"
 
 #include <QComboBox>
-#include <QDateEdit>
+#include <QGridLayout>
 #include <QToolButton>
 #include <QWidget>
 
@@ -20,18 +21,24 @@ public:
 
     void reset();
 
+protected:
+    void resizeEvent(QResizeEvent* event) override;
+
 private:
+    void arrange();
     void offerPeriods();
     void offerCurrencies();
     void periodPicked();
     void apply();
 
     LedraApp& app_;
+    QGridLayout* grid_; ///< of what is shown, in as many columns as there is room for
+    int arranged_ = 0;  ///< that many columns
     QComboBox* type_;
     QComboBox* status_;
     QComboBox* period_;
-    QDateEdit* from_;
-    QDateEdit* to_;
+    DayLine* from_;
+    DayLine* to_;
     QComboBox* currency_;
     QToolButton* reset_;
 };

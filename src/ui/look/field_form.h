@@ -6,12 +6,15 @@
 #include <QComboBox>
 #include <QCoreApplication>
 #include <QFormLayout>
+#include <QHash>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
+#include <QSet>
 #include <QSpinBox>
 
 #include <functional>
+#include <utility>
 #include <vector>
 
 namespace ledra {
@@ -65,12 +68,15 @@ public:
     QLineEdit* addLine(const QString& label, const Access<QString>& access, const Check& check = {});
     QPlainTextEdit* addParagraph(const QString& label, const Access<QString>& access, int lines);
 
+    /// What stands behind a number, asked anew whenever the form shows what holds.
+    using Unit = std::function<QString()>;
+
     /// What is no number is told under the field and not written.
     QLineEdit* addNumber(const QString& label, const Access<double>& access, int leastDecimals,
-                         const QString& unit);
+                         const Unit& unit);
 
     /// A number that is 0 until it is switched on; shown only then.
-    QLineEdit* addSwitchedNumber(const QString& label, const Access<double>& access, const QString& unit);
+    QLineEdit* addSwitchedNumber(const QString& label, const Access<double>& access, const Unit& unit);
 
     QSpinBox* addCount(const QString& label, const Access<int>& access, int least, int most);
     QCheckBox* addToggle(const QString& text, const Access<bool>& access);
@@ -79,6 +85,24 @@ public:
 
     /// A field of another kind under a label.
     void addField(const QString& label, QWidget* field);
+
+    /// The same with a place for what say() and refuse() tell.
+    void addJudged(const QString& label, QWidget* field);
+
+    /// Tells under a field what is wrong with it; nothing where the text is empty.
+    void say(QWidget* field, const QString& problem);
+
+    /// Tells why what was typed was not taken; it stands there until something else is said of the field.
+    void refuse(QWidget* field, const QString& problem);
+
+    bool isRefused(QWidget* field) const { return refusals_.contains(field); }
+
+    /// The field in which something was refused since this was asked; null for none.
+    QWidget* takeRefused() { return std::exchange(lastRefused_, nullptr); }
+
+    /// What was refused is of no interest any more: the form shows something else.
+    void forgetRefused();
+
     void addWide(QWidget* widget) { form_->addRow(widget); }
     QLabel* addHint(const QString& text);
 
@@ -88,12 +112,16 @@ public:
 
 private:
     QLabel* addLabel(const QString& label, QWidget* field);
-    QLabel* makeProblem(QLineEdit* field, QLayout& column);
+    void addProblem(QWidget* field, QBoxLayout& column);
     QLineEdit* makeNumber(const QString& label, const Access<double>& access, int leastDecimals,
-                          const QString& unit, QWidget*& row);
+                          const Unit& unit, QWidget*& row);
+    void makeSearchable(QComboBox* field, const Access<QString>& access);
 
     QFormLayout* form_;
     std::vector<std::function<void()>> refreshers_;
+    QHash<QWidget*, QLabel*> problems_; ///< where the problem of a field stands
+    QSet<QWidget*> refusals_;           ///< of which it is told why what was typed was not taken
+    QWidget* lastRefused_ = nullptr;
 };
 
 } // namespace ledra

@@ -29,7 +29,7 @@ ReminderEditor::ReminderEditor(const WindowParts& parts, QWidget* parent)
       headline_(new QLabel(this)),
       about_(new QLabel(this)),
       stage_(new QComboBox(this)),
-      date_(new QDateEdit(this)),
+      date_(new DayLine(this)),
       deadline_(new QLabel(this)),
       interest_(new DecimalField(tr("Interest rate"), 1000, this)),
       interestAmount_(new QLabel(this)),
@@ -56,7 +56,9 @@ void ReminderEditor::connectFields()
         const auto stage = stage_->itemData(row).toLongLong();
         changeTerm(stage_, EditKind::single, [stage](Reminder& reminder) { reminder.number = stage; });
     });
-    connect(date_, &QDateEdit::dateChanged, this, [this](QDate day) {
+    connect(date_, &DayLine::refused, this,
+            [this](const QString& problem) { parts_.messages.note(problem); });
+    connect(date_, &DayLine::chosen, this, [this](QDate day) {
         changeTerm(date_, EditKind::typing, [day](Reminder& reminder) { reminder.date = day; });
     });
     connect(interest_, &QDoubleSpinBox::valueChanged, this, [this](double rate) {
@@ -99,6 +101,7 @@ void ReminderEditor::setReminder(const ReminderPtr& reminder)
     reminder_ = reminder;
     id_ = reminder ? (*reminder)->id : QUuid();
     ++run_;
+    date_->forget();
     observation_ = reminder ? reminder->observe([this](const Changes<Reminder>&) {
         showFields();
         Q_EMIT changed();
@@ -205,10 +208,8 @@ void ReminderEditor::showFields()
 {
     const Reminder shown = reminder_ ? **reminder_ : Reminder();
     showStages(shown.number);
-    if (pendingField_ != date_ && date_->date() != shown.date) {
-        const QSignalBlocker quiet(date_);
-        date_->setDate(shown.date);
-    }
+    if (pendingField_ != date_)
+        date_->setDay(shown.date);
     if (pendingField_ != interest_)
         interest_->show(shown.interestPercentage);
     if (pendingField_ != fee_)
@@ -229,7 +230,7 @@ void ReminderEditor::showRemarks()
         return;
     const Reminder& reminder = **reminder_;
     const QDate deadline = reminder.date.addDays(paymentDays());
-    deadline_->setText(tr("pay by %1").arg(QLocale().toString(deadline, date_->displayFormat())));
+    deadline_->setText(tr("pay by %1").arg(date_->textOf(deadline)));
     if (!reminded) {
         about_->setText(tr("The invoice has been deleted."));
         return;

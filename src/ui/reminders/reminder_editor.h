@@ -1,10 +1,10 @@
 #pragma once
 
+#include "ui/look/day_line.h"
 #include "ui/reminders/decimal_field.h"
 #include "ui/window_parts.h"
 
 #include <QComboBox>
-#include <QDateEdit>
 #include <QLabel>
 #include <QPushButton>
 #include <QTimer>
@@ -69,7 +69,7 @@ private:
     QLabel* headline_;
     QLabel* about_;
     QComboBox* stage_;
-    QDateEdit* date_;
+    DayLine* date_;
     QLabel* deadline_;
     DecimalField* interest_;
     QLabel* interestAmount_;

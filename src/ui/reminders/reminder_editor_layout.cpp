@@ -10,15 +10,6 @@ namespace ledra {
 
 namespace {
 
-/// The system's short form, with all digits of the year: two would be taken for those of another century.
-QString dayFormat()
-{
-    QString format = QLocale().dateFormat(QLocale::ShortFormat);
-    if (!format.contains(u"yyyy"))
-        format.replace(QStringLiteral("yy"), QStringLiteral("yyyy"));
-    return format;
-}
-
 QHBoxLayout* withRemark(QWidget* field, QLabel* remark)
 {
     auto* row = new QHBoxLayout; // which the form takes over
@@ -44,8 +35,6 @@ void ReminderEditor::setUpFields()
     }
     stage_->setAccessibleName(tr("Stage"));
     date_->setAccessibleName(tr("Date"));
-    date_->setCalendarPopup(true);
-    date_->setDisplayFormat(dayFormat());
     interest_->setSuffix(QStringLiteral(" %"));
     for (QWidget* field :
          {static_cast<QWidget*>(date_), static_cast<QWidget*>(interest_), static_cast<QWidget*>(fee_)})

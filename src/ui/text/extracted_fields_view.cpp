@@ -1,9 +1,9 @@
 #include "ui/text/extracted_fields_view.h"
 
 #include "app/reader_language.h"
+#include "app/typed_number.h"
 #include "model/amount_text.h"
 #include "model/document_labels.h"
-#include "ui/editor/typed_number.h"
 
 #include <QComboBox>
 #include <QHeaderView>
@@ -29,9 +29,9 @@ struct FieldName
 constexpr std::array fieldNames = {
     FieldName{"name", QT_TRANSLATE_NOOP("ledra::ExtractedFieldsView", "Name")},
     FieldName{"businessName", QT_TRANSLATE_NOOP("ledra::ExtractedFieldsView", "Business")},
-    FieldName{"email", QT_TRANSLATE_NOOP("ledra::ExtractedFieldsView", "Email")},
+    FieldName{"email", QT_TRANSLATE_NOOP("ledra::ExtractedFieldsView", "E-mail")},
     FieldName{"addressLineOne", QT_TRANSLATE_NOOP("ledra::ExtractedFieldsView", "Address")},
-    FieldName{"addressLineTwo", QT_TRANSLATE_NOOP("ledra::ExtractedFieldsView", "Address line 2")},
+    FieldName{"addressLineTwo", QT_TRANSLATE_NOOP("ledra::ExtractedFieldsView", "Address 2")},
     FieldName{"postcode", QT_TRANSLATE_NOOP("ledra::ExtractedFieldsView", "Postcode")},
     FieldName{"city", QT_TRANSLATE_NOOP("ledra::ExtractedFieldsView", "City")},
     FieldName{"state", QT_TRANSLATE_NOOP("ledra::ExtractedFieldsView", "State")},

@@ -1,4 +1,4 @@
-#include "ui/editor/typed_number.h"
+#include "app/typed_number.h"
 
 #include <cmath>
 
