@@ -121,8 +121,10 @@ bool FilterManager::prepareSearch(QDeadlineTimer end)
     }
     if (!index_.advance(**profile, end))
         return false;
+    if (filter_.overdueOnly)
+        return true; // what passes then depends on the time and is not kept
     passingCriteria(filter_);
-    return true;
+    return !end.hasExpired();
 }
 
 } // namespace ledra

@@ -33,8 +33,8 @@ bool SearchIndex::advance(const Profile& profile, QDeadlineTimer end)
         if (records_.ends.size() % recordsBetweenLooks == 0 && end.hasExpired())
             return false;
     }
-    known_ = {};
-    return true;
+    known_ = {}; // letting go of a long list takes its time as well
+    return !end.hasExpired();
 }
 
 void SearchIndex::readNext(const Profile& profile)

@@ -116,8 +116,8 @@ bool SmartLists::prepare(const InvoiceList& invoices, std::uint64_t revision, QD
         if (present_.facts.size() % recordsBetweenLooks == 0 && end.hasExpired())
             return false;
     }
-    earlier_ = {};
-    return true;
+    earlier_ = {}; // letting go of a long list takes its time as well
+    return !end.hasExpired();
 }
 
 std::vector<SmartListContent> SmartLists::contents(const InvoiceList& invoices, std::uint64_t revision,

@@ -2,7 +2,6 @@
 
 #include "render/invoice_document.h"
 #include "ui/commands/file_commands.h"
-#include "ui/console_text.h"
 #include "ui/editor/editor_panel.h"
 #include "ui/jobs/document_actions.h"
 #include "ui/jobs/file_passage.h"
@@ -18,7 +17,6 @@
 #include "ui/styling/styling_panel.h"
 #include "ui/text/text_to_invoice.h"
 #include "ui/viewer/viewer_window.h"
-#include "ui/window_console.h"
 #include "ui/window_look.h"
 
 #include <QCloseEvent>
@@ -58,6 +56,9 @@ MainWindow::MainWindow(LedraApp& app, QtWebEngine& engine, WebFontManager& fonts
     connectPlugins();
     restoreLook();
     showSelected();
+    for (QObject* part : std::initializer_list<QObject*>{splitter_, editor_, styling_})
+        part->installEventFilter(this);
+    fitSideBar();
     autoExport_.follow();
 }
 
@@ -87,10 +88,11 @@ void MainWindow::setUpParts()
     splitter_->setChildrenCollapsible(false);
     splitter_->setSizes({200, 520, 560, 480, 480, 400});
     auto* center = new QWidget;
-    center->setLayout(column());
-    center->layout()->addWidget(messages_);
-    center->layout()->addWidget(&plugins_->busyBar());
-    center->layout()->addWidget(splitter_);
+    QVBoxLayout* rows = column();
+    rows->addWidget(messages_);
+    rows->addWidget(&plugins_->busyBar());
+    rows->addWidget(splitter_, 1); // a message takes no more than its lines
+    center->setLayout(rows);
     setCentralWidget(center);
     connect(messages_, &MessageBar::noted, new Toast(this), &Toast::say);
 }
@@ -161,20 +163,6 @@ void MainWindow::addCommands()
     addActiveProfileExport(*this);
     addArchiveCommands(*this);
     addUndoCommands();
-}
-
-void MainWindow::addUndoCommands()
-{
-    QUndoStack& stack = parts_.app.undoStack();
-    QAction* undo = stack.createUndoAction(this, tr("Undo"));
-    undo->setShortcut(QKeySequence::Undo);
-    QAction* redo = stack.createRedoAction(this, tr("Redo"));
-    redo->setShortcuts(
-        {QKeySequence(QStringLiteral("Ctrl+Shift+Z")), QKeySequence(QStringLiteral("Ctrl+Y"))});
-    QMenu* edit = commands_->menu(Menu::edit);
-    QAction* first = edit->actions().isEmpty() ? nullptr : edit->actions().constFirst();
-    edit->insertActions(first, {undo, redo});
-    edit->insertSeparator(first);
 }
 
 std::vector<InvoicePtr> MainWindow::selected() const
@@ -248,12 +236,6 @@ void MainWindow::revealPending()
         reveal(*id);
 }
 
-void MainWindow::follow(WindowConsole& console)
-{
-    connect(&console, &WindowConsole::failed, this,
-            [this](const QString& line) { messages_->warn(consoleText(line)); });
-}
-
 void MainWindow::showSelected()
 {
     updateCommands();
@@ -289,6 +271,7 @@ void MainWindow::showNone(std::size_t count)
     shownRecord_.reset();
     editor_->setRecord(nullptr);
     editor_->hide();
+    fitSideBar();
     preview_->showHint(count == 0 ? tr("No invoice selected")
                                   : tr("%n invoices selected", nullptr, static_cast<int>(count)));
 }

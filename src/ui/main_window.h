@@ -9,6 +9,10 @@
 #include <QSplitter>
 #include <QStackedWidget>
 
+#include <map>
+
+class QUndoStack;
+
 namespace ledra {
 
 class DocumentActions;
@@ -57,6 +61,7 @@ public:
 
     void updateCommands();
 
+    void toggleSideBar();
     void toggleEditor();
     void openEditor();
     bool isEditorOpen() const { return parts_.app.openEdit; }
@@ -82,6 +87,7 @@ protected:
     void closeEvent(QCloseEvent* event) override;
     void dragEnterEvent(QDragEnterEvent* event) override;
     void dropEvent(QDropEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     void setUpParts();
@@ -101,6 +107,12 @@ private:
     void restoreLook();
     bool maySkipWriting();
     void makeRoomForEditor();
+    bool isSideBarWithoutRoom() const;
+    void fitSideBar();
+    void takeStep(void (QUndoStack::*step)());
+    void noteStep(int index);
+    void warnAboutConflict(const QStringList& values);
+    void openConflicts();
     void takeDocument(const QUrl& url);
     void openHandedOver();
 
@@ -123,6 +135,10 @@ private:
     AutoExportReporter reporter_;
     AutoExport autoExport_;
     int listWidth_ = 0; ///< before the editor needed room
+    int sideBarWidth_ = 200;
+    bool isSideBarWanted_ = true;  ///< it may have no room all the same
+    std::map<int, QUuid> origins_; ///< what was chosen when a step was made, by the step's place
+    int lastStep_ = 0;             ///< where the undo stack stood
     InvoicePtr shown_;
     Observation shownRecord_; ///< of the record in the preview
 };

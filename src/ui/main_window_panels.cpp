@@ -1,50 +1,24 @@
 // What stands at the right of the document: the editor or the styling, which have one place; the settings,
 // the plugins, which lead there, and the viewer of received documents.
 
+#include "ui/console_text.h"
 #include "ui/editor/editor_panel.h"
 #include "ui/jobs/document_actions.h"
+#include "ui/look/known_sentences.h"
 #include "ui/main_window.h"
 #include "ui/plugins/plugin_desk.h"
+#include "ui/settings/kept_tabs.h"
 #include "ui/settings/plugins_page.h"
 #include "ui/settings/settings_window.h"
 #include "ui/styling/styling_panel.h"
 #include "ui/viewer/viewer_window.h"
+#include "ui/window_console.h"
 
+#include <QFileInfo>
+#include <QTabWidget>
 #include <QTimer>
 
 namespace ledra {
-
-void MainWindow::toggleEditor()
-{
-    parts_.app.openEdit = !parts_.app.openEdit;
-    if (isEditorOpen())
-        styling_->hide(); // they have one place
-    editor_->setVisible(isEditorOpen() && shown_);
-    makeRoomForEditor();
-    if (editor_->isVisible())
-        editor_->start();
-    updateCommands();
-}
-
-/// While the editor is open the list is narrow, so that the document stays large.
-void MainWindow::makeRoomForEditor()
-{
-    constexpr int narrowList = 400;
-    constexpr int editorWidth = 470;
-    QList<int> sizes = splitter_->sizes();
-    int& list = sizes[splitter_->indexOf(middle_)];
-    int& document = sizes[splitter_->indexOf(middle_) + 1];
-    if (!editor_->isVisible()) {
-        document += list - std::max(list, listWidth_);
-        list = std::max(list, listWidth_);
-    } else if (const int spare = list - narrowList; spare > 0) {
-        listWidth_ = list;
-        list = narrowList;
-        sizes[splitter_->indexOf(editor_)] = editorWidth;
-        document += spare;
-    }
-    splitter_->setSizes(sizes);
-}
 
 void MainWindow::toggleStyling()
 {
@@ -54,6 +28,7 @@ void MainWindow::toggleStyling()
     styling_->setVisible(opens);
     if (opens)
         styling_->start();
+    fitSideBar();
     updateCommands();
 }
 
@@ -79,6 +54,34 @@ void MainWindow::openPluginSettings(const QString& plugin)
 {
     SettingsWindow& settings = openSettings(QStringLiteral("Plugins"));
     settings.findChild<PluginsPage*>()->choose(plugin);
+}
+
+void MainWindow::follow(WindowConsole& console)
+{
+    connect(&console, &WindowConsole::failed, this, [this](const QString& line) {
+        constexpr auto conflict =
+            "%1: changed by somebody else meanwhile; that version is kept as conflict %2";
+        if (const std::optional<QStringList> values = valuesIn(line, conflict))
+            warnAboutConflict(*values);
+        else if (!isAlerted(line))
+            messages_->warn(consoleText(line));
+    });
+}
+
+/// @param values the path of a file, and the number of its conflict
+void MainWindow::warnAboutConflict(const QStringList& values)
+{
+    const QString name = QFileInfo(values.constFirst()).fileName();
+    messages_->warn(tr("“%1” was changed by somebody else meanwhile. That version is kept as conflict %2.")
+                        .arg(name, values.constLast()),
+                    {{tr("Show Conflicts"), [this] { openConflicts(); }}});
+}
+
+void MainWindow::openConflicts()
+{
+    const SettingsWindow& settings = openSettings(QStringLiteral("Data"));
+    const auto* page = settings.findChild<DataPage*>();
+    page->findChild<QTabWidget*>()->setCurrentWidget(page->findChild<ConflictsTab*>());
 }
 
 void MainWindow::connectPlugins()

@@ -1,9 +1,14 @@
 #include "support/desk.h"
 #include "support/test_suite.h"
+#include "ui/list/filter_bar.h"
+#include "ui/look/status_colors.h"
+#include "ui/settings/kept_tabs.h"
 #include "ui/window_console.h"
 
 #include <QHeaderView>
 #include <QListWidget>
+#include <QPlainTextEdit>
+#include <QPushButton>
 #include <QTranslator>
 #include <QUndoStack>
 #include <QWebEnginePage>
@@ -94,6 +99,50 @@ private Q_SLOTS:
         QVERIFY(desk.console.failures.isEmpty());
     }
 
+    /// What a step brings back is chosen, and else what the step started from.
+    void choosesWhatAStepConcerns()
+    {
+        Desk desk;
+        desk.press("Ctrl+N");
+        const QUuid original = desk.invoice().id;
+        desk.press("Ctrl+D");
+        const QUuid copy = desk.invoice().id;
+        QVERIFY(copy != original);
+        desk.press("Ctrl+Z");
+        QVERIFY(desk.selected());
+        QCOMPARE(desk.invoice().id, original);
+        desk.press("Ctrl+Shift+Z");
+        QVERIFY(desk.selected());
+        QCOMPARE(desk.invoice().id, copy);
+        desk.list().selectAll();
+        desk.window.commands().action("Delete")->trigger();
+        QCOMPARE(desk.model().recordCount(), std::size_t(0));
+        desk.press("Ctrl+Z");
+        QCOMPARE(desk.window.selected().size(), std::size_t(2));
+    }
+
+    /// A key that deletes words there never deletes the record.
+    void textFieldsKeepTheirKeys()
+    {
+        Desk desk;
+        desk.press("Ctrl+N");
+        QVERIFY(desk.type("Name", QStringLiteral("Jonas Ahlers")));
+        auto* name = desk.field<QLineEdit>("Name");
+        auto* note = desk.field<QPlainTextEdit>("Note");
+        note->setPlainText(QStringLiteral("Many thanks"));
+        note->moveCursor(QTextCursor::End);
+        for (QWidget* field : std::initializer_list<QWidget*>{name, note}) {
+            field->setFocus();
+            QTest::keyClick(field, Qt::Key_Backspace, Qt::ControlModifier);
+            QCOMPARE(desk.model().recordCount(), std::size_t(1));
+        }
+        QCOMPARE(name->text(), QStringLiteral("Jonas "));
+        QCOMPARE(note->toPlainText(), QStringLiteral("Many "));
+        desk.list().setFocus();
+        QTest::keyClick(&desk.list(), Qt::Key_Backspace, Qt::ControlModifier);
+        QCOMPARE(desk.model().recordCount(), std::size_t(0));
+    }
+
     void listsAndSearch()
     {
         Desk desk;
@@ -154,6 +203,59 @@ private Q_SLOTS:
         QVERIFY(desk.list().columnWidth(InvoiceTableModel::recipient) >= 80);
         desk.press("Ctrl+Return");
         QTRY_VERIFY(!desk.list().isColumnHidden(InvoiceTableModel::date));
+    }
+
+    /// Beside the editor the side bar gives way, nothing is cut off, and all comes back.
+    void fitsANarrowWindow()
+    {
+        constexpr int narrow = 960;
+        Desk desk;
+        desk.window.resize(1400, 800);
+        desk.press("Ctrl+N");
+        desk.press("Ctrl+Shift+F");
+        desk.window.parts().messages.warn(QStringLiteral("/somewhere").repeated(30));
+        desk.window.resize(narrow, 700);
+        QTRY_VERIFY(desk.window.sideBar().isHidden());
+        QTRY_COMPARE(desk.window.minimumSizeHint().width() <= narrow, true);
+        QCOMPARE(desk.window.width(), narrow);
+        QVERIFY(desk.editor().isVisible());
+        QTRY_VERIFY(desk.window.parts().messages.height() < 120);
+
+        const InvoiceListView& list = desk.list();
+        QTRY_COMPARE(list.horizontalHeader()->length(), list.viewport()->width());
+        for (const StatusLook& look : statusLooks())
+            QVERIFY(list.columnWidth(InvoiceTableModel::status) >
+                    list.fontMetrics().horizontalAdvance(look.displayText()));
+        const auto* filter = desk.window.listPanel().findChild<FilterBar*>();
+        for (const QComboBox* box : filter->findChildren<QComboBox*>())
+            QTRY_VERIFY(!box->isVisible() || (filter->rect().contains(box->geometry()) && box->width() > 90));
+
+        desk.press("F9"); // the side bar instead of the editor
+        QVERIFY(desk.window.sideBar().isVisible() && !desk.editor().isVisible());
+        desk.press("Ctrl+Return");
+        QVERIFY(desk.window.sideBar().isHidden() && desk.editor().isVisible());
+        desk.window.resize(1400, 800);
+        QTRY_VERIFY(desk.window.sideBar().isVisible());
+        QTRY_VERIFY(desk.list().width() >= 380);
+        desk.press("Ctrl+Return");
+        QTRY_VERIFY(!desk.list().isColumnHidden(InvoiceTableModel::date));
+    }
+
+    /// What is said of a conflict leads to it.
+    void leadsToConflicts()
+    {
+        Desk desk;
+        WindowConsole console;
+        desk.window.follow(console);
+        console.failure(QStringLiteral("/far/away/record.json: changed by somebody else meanwhile; that "
+                                       "version is kept as conflict 3"));
+        MessageBar& messages = desk.window.parts().messages;
+        QCOMPARE(messages.lines().size(), 1);
+        QVERIFY2(messages.lines()[0].startsWith(u"“record.json”") && messages.lines()[0].contains(u'3'),
+                 qPrintable(messages.lines()[0]));
+        messages.findChild<QPushButton*>()->click();
+        const auto* tab = desk.window.findChild<ConflictsTab*>();
+        QVERIFY(tab && tab->isVisible());
     }
 
     void looksAsItWasLeft()
@@ -260,6 +362,7 @@ private Q_SLOTS:
         QCoreApplication::installTranslator(&german);
         for (int i = 0; i < 3; ++i)
             console.failure(desk.console.failures.constLast());
+        console.failure(QStringLiteral("Import failed: x")); // an alert says it
         const QStringList told = desk.window.parts().messages.lines();
         QCOMPARE(told.size(), 1);
         QVERIFY2(told[0].startsWith(u"Die Rechnung konnte nicht gespeichert werden: ") &&

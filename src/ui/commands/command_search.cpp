@@ -3,6 +3,7 @@
 #include "ui/commands/word_search.h"
 
 #include <QKeyEvent>
+#include <QPainter>
 #include <QTimer>
 #include <QVBoxLayout>
 
@@ -76,6 +77,17 @@ void CommandSearch::runCurrent()
     QAction* action = entries_[item->data(Qt::UserRole).toULongLong()].action;
     close();
     QTimer::singleShot(0, action, &QAction::trigger); // once this window is gone and the focus is back
+}
+
+/// Without a frame of the desktop, only a line of its own tells it from the window below.
+void CommandSearch::paintEvent(QPaintEvent*)
+{
+    constexpr float strength = 0.7F;
+    QColor outline = palette().color(QPalette::PlaceholderText);
+    outline.setAlphaF(strength);
+    QPainter painter(this);
+    painter.setPen(outline);
+    painter.drawRect(rect().adjusted(0, 0, -1, -1));
 }
 
 /// The list is walked through from the search field.

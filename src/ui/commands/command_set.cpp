@@ -1,5 +1,6 @@
 #include "ui/commands/command_set.h"
 
+#include "ui/list/list_panel.h"
 #include "ui/look/icons.h"
 #include "ui/main_window.h"
 
@@ -95,7 +96,12 @@ QAction* CommandSet::make(const WindowCommand& command)
     action->setToolTip(tip);
     action->setCheckable(command.isOn != nullptr);
     connect(action, &QAction::triggered, this, [this, run = command.run] { run(window_); });
-    window_.addAction(action); // shortcuts work wherever the focus is
+    if (command.places & CommandPlace::listKeys) {
+        action->setShortcutContext(Qt::WidgetShortcut);
+        window_.listPanel().list().addAction(action);
+    } else {
+        window_.addAction(action); // shortcuts work wherever the focus is
+    }
     return action;
 }
 

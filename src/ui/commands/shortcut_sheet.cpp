@@ -5,6 +5,7 @@
 #include <QDialogButtonBox>
 #include <QHeaderView>
 #include <QKeyEvent>
+#include <QPushButton>
 #include <QVBoxLayout>
 
 namespace ledra {
@@ -63,6 +64,7 @@ ShortcutSheet::ShortcutSheet(const CommandSet& commands, const QMenuBar& bar, QW
     nothing_->setForegroundRole(QPalette::PlaceholderText);
     nothing_->hide();
     auto* buttons = new QDialogButtonBox(QDialogButtonBox::Close, this);
+    buttons->button(QDialogButtonBox::Close)->setAutoDefault(false); // Return in the search closes nothing
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(search_);
     layout->addWidget(sheet_, 1);

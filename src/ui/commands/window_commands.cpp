@@ -65,8 +65,7 @@ void newInvoiceFromText(MainWindow& window)
 
 void toggleSideBar(MainWindow& window)
 {
-    window.sideBar().setVisible(window.sideBar().isHidden());
-    window.updateCommands();
+    window.toggleSideBar();
 }
 
 bool isSideBarShown(const MainWindow& window)
@@ -134,7 +133,7 @@ constexpr std::array commands = {
                   openInSeparateWindow, "Ctrl+Shift+Return", nullptr, Needs::oneRecord, contextMenu, nullptr,
                   true},
     WindowCommand{Menu::record, QT_TRANSLATE_NOOP("WindowCommands", "Delete"), deleteRecords,
-                  "Ctrl+Backspace", "delete", Needs::someRecords, contextMenu},
+                  "Ctrl+Backspace", "delete", Needs::someRecords, contextMenu | listKeys},
     WindowCommand{Menu::status, QT_TRANSLATE_NOOP("WindowCommands", "Draft"), setStatus<Status::draft>,
                   "Ctrl+Alt+1", "drafts", Needs::someRecords},
     WindowCommand{Menu::status, QT_TRANSLATE_NOOP("WindowCommands", "Sent"), setStatus<Status::sent>,

@@ -21,7 +21,12 @@ enum class CommandNeeds {
 };
 
 /// Where a command stands besides its menu.
-enum CommandPlace : unsigned { menuOnly = 0, toolBar = 1, contextMenu = 2 };
+enum CommandPlace : unsigned {
+    menuOnly = 0,
+    toolBar = 1,
+    contextMenu = 2,
+    listKeys = 4, ///< its shortcut works in the list alone, since it means something else in text fields
+};
 
 /// One command of the window, as data: menus, tool bar, context menu, shortcuts and the command search are
 /// made from it.

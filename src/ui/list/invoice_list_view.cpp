@@ -2,6 +2,7 @@
 
 #include "ui/list/list_delegate.h"
 #include "ui/look/icons.h"
+#include "ui/look/status_colors.h"
 
 #include <QDrag>
 #include <QHeaderView>
@@ -10,6 +11,22 @@
 #include <QMimeData>
 
 namespace ledra {
+
+namespace {
+
+constexpr std::array<int, InvoiceTableModel::columns> usualWidths = {100, 180, 92, 92, 96, 98};
+
+/// What the widest state needs in the language of the window.
+int widestStatus(const QFontMetrics& metrics)
+{
+    constexpr int aroundText = 26;
+    int widest = 0;
+    for (const StatusLook& look : statusLooks())
+        widest = std::max(widest, metrics.horizontalAdvance(look.displayText()));
+    return widest + aroundText;
+}
+
+} // namespace
 
 InvoiceListView::InvoiceListView(InvoiceTableModel& model, QWidget* parent)
     : QTableView(parent), model_(model)
@@ -52,9 +69,8 @@ void InvoiceListView::setUpColumns()
     setSortingEnabled(true);
     sortByColumn(InvoiceTableModel::date, Qt::DescendingOrder);
     header->setSectionResizeMode(InvoiceTableModel::recipient, QHeaderView::Stretch);
-    constexpr std::array<int, InvoiceTableModel::columns> widths = {100, 180, 92, 92, 96, 98};
     for (int column = 0; column < InvoiceTableModel::columns; ++column)
-        setColumnWidth(column, widths.at(static_cast<std::size_t>(column)));
+        setColumnWidth(column, usualWidths.at(static_cast<std::size_t>(column)));
 }
 
 /// Headings go across, and what was chosen is chosen again where it is still shown.
@@ -63,9 +79,14 @@ void InvoiceListView::followModel()
     clearSpans();
     for (const int row : model_.headings())
         setSpan(row, 0, 1, InvoiceTableModel::columns);
+    choose(kept_);
+}
+
+void InvoiceListView::choose(const std::vector<InvoicePtr>& records)
+{
     QItemSelection selection;
     QModelIndex first;
-    for (const InvoicePtr& record : kept_) {
+    for (const InvoicePtr& record : records) {
         const QModelIndex index = model_.indexOf(record);
         if (!index.isValid())
             continue;
@@ -133,13 +154,29 @@ void InvoiceListView::resizeEvent(QResizeEvent* event)
     fitColumns();
 }
 
-/// In a narrow list the days give way first: whom, how much and how it stands remain.
+int InvoiceListView::widthWhenShown(int column) const
+{
+    const auto place = static_cast<std::size_t>(column);
+    if (!isColumnHidden(column))
+        return columnWidth(column);
+    return hiddenWidths_.at(place) > 0 ? hiddenWidths_.at(place) : usualWidths.at(place);
+}
+
+/// In a narrow list the days give way first, then the number: whom, how much and how it stands remain, and
+/// are never cut off.
 void InvoiceListView::fitColumns()
 {
-    constexpr int roomForDue = 600;
-    constexpr int roomForDate = 480;
-    setColumnHidden(InvoiceTableModel::due, viewport()->width() < roomForDue);
-    setColumnHidden(InvoiceTableModel::date, viewport()->width() < roomForDate);
+    constexpr int leastRecipient = 80;
+    const int status = std::max(columnWidth(InvoiceTableModel::status), widestStatus(fontMetrics()));
+    setColumnWidth(InvoiceTableModel::status, status);
+    int needed = leastRecipient + columnWidth(InvoiceTableModel::total) + status;
+    for (const int column : {InvoiceTableModel::number, InvoiceTableModel::date, InvoiceTableModel::due}) {
+        needed += widthWhenShown(column);
+        const bool fits = needed <= viewport()->width();
+        if (!fits && !isColumnHidden(column))
+            hiddenWidths_.at(static_cast<std::size_t>(column)) = columnWidth(column);
+        setColumnHidden(column, !fits);
+    }
 }
 
 } // namespace ledra

@@ -4,6 +4,8 @@
 
 #include <QTableView>
 
+#include <array>
+
 namespace ledra {
 
 /// The list of records: headings across all columns, states on tinted ground, rows that can be dragged out as
@@ -21,6 +23,9 @@ public:
     /// Chooses one record and scrolls to it, if the list shows it.
     void reveal(const QUuid& id);
 
+    /// Chooses those of the records that the list shows; without any, the choice stays.
+    void choose(const std::vector<InvoicePtr>& records);
+
     /// Sets what is dragged out: makes the data of the chosen records.
     void setDragSource(std::function<std::unique_ptr<QMimeData>(const std::vector<InvoicePtr>&)> source);
 
@@ -37,9 +42,11 @@ private:
     void followModel();
     void setUpColumns();
     void fitColumns();
+    int widthWhenShown(int column) const;
 
     InvoiceTableModel& model_;
-    std::vector<InvoicePtr> kept_; ///< what was chosen before the list changed
+    std::vector<InvoicePtr> kept_;                               ///< what was chosen before the list changed
+    std::array<int, InvoiceTableModel::columns> hiddenWidths_{}; ///< of columns that gave way
     std::function<std::unique_ptr<QMimeData>(const std::vector<InvoicePtr>&)> dragSource_;
 };
 

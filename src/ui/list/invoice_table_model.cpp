@@ -120,12 +120,13 @@ std::vector<std::uint32_t> InvoiceTableModel::ordered(std::vector<std::uint32_t>
     return byRank;
 }
 
-void InvoiceTableModel::prepareRows()
+bool InvoiceTableModel::prepareRows(QDeadlineTimer end)
 {
     if (sortColumn_ == date)
         readMonths(app_.invoiceManager().list());
     else
         rankAll();
+    return !end.hasExpired();
 }
 
 void InvoiceTableModel::readMonths(const InvoiceList& list)

@@ -3,6 +3,7 @@
 #include "app/ledra_app.h"
 
 #include <QAbstractTableModel>
+#include <QDeadlineTimer>
 
 #include <vector>
 
@@ -31,8 +32,8 @@ public:
     const std::vector<int>& headings() const { return headings_; } ///< their rows, ascending
 
     /// Works out beforehand what the rows need after records have changed, so that no key stroke waits for
-    /// it.
-    void prepareRows();
+    /// it. Says whether that was done within the time.
+    bool prepareRows(QDeadlineTimer end);
 
     int rowCount(const QModelIndex& parent = {}) const override;
     int columnCount(const QModelIndex& parent = {}) const override;

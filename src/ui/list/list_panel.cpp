@@ -68,10 +68,9 @@ void ListPanel::searchWhenPrepared()
     using namespace std::chrono_literals;
     InvoiceFilter filter = app_.filterManager().filter();
     filter.search = search_->text();
-    const bool isPrepared = app_.filterManager().prepareSearch(QDeadlineTimer(6ms));
-    if (isPrepared)
-        model_->prepareRows();
-    else
+    const QDeadlineTimer end(6ms);
+    const bool isPrepared = app_.filterManager().prepareSearch(end) && model_->prepareRows(end);
+    if (!isPrepared)
         prepare_.start(0ms);
     if (isPrepared || filter.search.trimmed().isEmpty())
         app_.filterManager().setFilter(filter);

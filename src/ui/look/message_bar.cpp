@@ -63,6 +63,7 @@ QFrame* MessageBar::addRow(const QString& line, const std::vector<Remedy>& remed
     text->setTextFormat(Qt::PlainText);
     text->setText(line);
     text->setWordWrap(true);
+    text->setMinimumWidth(1); // a long path does not widen the window
     text->setTextInteractionFlags(Qt::TextSelectableByMouse);
     parts->addWidget(text, 1);
     QWidget* before = this; // after which Tab comes to the buttons

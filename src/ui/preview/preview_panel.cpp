@@ -39,8 +39,8 @@ PreviewPanel::PreviewPanel(QtWebEngine& engine, Console& console, QWidget* paren
     tools->setContentsMargins(10, 4, 10, 4);
     page_->setForegroundRole(QPalette::PlaceholderText);
     page_->setAccessibleName(tr("Page"));
-    tools->addWidget(page_);
-    tools->addStretch();
+    page_->setMinimumWidth(1); // the buttons remain in a narrow panel
+    tools->addWidget(page_, 1);
     tools->addWidget(addButton("zoom-out", tr("Zoom Out"), &PreviewPanel::zoomOut));
     factor_->setAlignment(Qt::AlignCenter);
     factor_->setMinimumWidth(fontMetrics().horizontalAdvance(QStringLiteral("000 %")));
@@ -54,7 +54,7 @@ PreviewPanel::PreviewPanel(QtWebEngine& engine, Console& console, QWidget* paren
     layout->setSpacing(0);
     layout->addWidget(stack_, 1);
     layout->addWidget(bar_);
-    setMinimumWidth(320);
+    setMinimumWidth(250);
     connect(preview_, &DocumentPreview::shown, this, &PreviewPanel::showState);
     connect(preview_, &DocumentPreview::scrolled, this, &PreviewPanel::showState);
     connect(preview_, &DocumentPreview::resized, this, [this] {
