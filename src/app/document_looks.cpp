@@ -14,7 +14,7 @@ constexpr std::array looks = {
     DocumentLook{"Letter", "One typeface, fine lines and nothing at the margin", serif, "600", serif, serif,
                  "4A4A52", "1D56C4", AccentColorUsage::important, BackgroundPattern::none, LineStyle::single,
                  false, false, false},
-    DocumentLook{"Studio", "A heavy headline in colour, within a frame", serif, "900", duo, serif, "2B4C7E",
+    DocumentLook{"Studio", "A heavy headline in color, within a frame", serif, "900", duo, serif, "2B4C7E",
                  "C8102E", AccentColorUsage::headline, BackgroundPattern::frame, LineStyle::double_, true,
                  true, false},
     DocumentLook{"Typewriter", "All in one width, with dots behind it", duo, "700", duo, duo, "3F5D57",

@@ -6,11 +6,22 @@
 
 #include <algorithm>
 #include <array>
+#include <charconv>
 #include <utility>
 
 namespace ledra {
 
 namespace {
+
+/// A length with one decimal of exactly the number given, as printf() writes it: 1.25 is 1.2, where Qt's
+/// numbers round a half up.
+QString remText(double length)
+{
+    std::array<char, 400> text{}; // the largest number has 309 digits
+    const auto end =
+        std::to_chars(text.data(), text.data() + text.size(), length, std::chars_format::fixed, 1);
+    return QString::fromLatin1(text.data(), end.ptr - text.data()) + QStringLiteral("rem");
+}
 
 /// Placeholders and their values, replaced in this order.
 using Substitutions = std::vector<std::pair<QString, QString>>;
@@ -219,8 +230,7 @@ void addSnippets(Substitutions& list, const Styling& s)
                       when(s.recolorLogo && uses(AccentColorUsage::logo), "--primary: var(--accent);"));
     list.emplace_back(QStringLiteral("accent-headline"),
                       when(uses(AccentColorUsage::headline), "color: var(--accent);"));
-    list.emplace_back(QStringLiteral("logo-size"),
-                      QString::number(s.logoSize, 'f', 1) + QStringLiteral("rem"));
+    list.emplace_back(QStringLiteral("logo-size"), remText(s.logoSize));
     list.emplace_back(QStringLiteral("show-sidebar"), flag(s.marginalColumn));
     list.emplace_back(QStringLiteral("show-footer"), flag(!s.marginalColumn));
     list.emplace_back(QStringLiteral("background-grid"),

@@ -119,6 +119,7 @@ void StyleSheetTest::snippets_data()
         {"line-style", [](Styling& s) { s.lineStyle = LineStyle::dashed; }, "0.05rem dashed"},
         {"logo-size", fresh, "1.4rem"},
         {"logo-size", [](Styling& s) { s.logoSize = 2.96; }, "3.0rem"},
+        {"logo-size", [](Styling& s) { s.logoSize = 1.25; }, "1.2rem"}, // as printf() has it
         {"background-grid", fresh, ""},
         {"background-grid", [](Styling& s) { s.backgroundPattern = BackgroundPattern::dots; },
          "    background-image: radial-gradient(var(--primary-light) 0.04rem, transparent 0);\n"

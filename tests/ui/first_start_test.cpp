@@ -9,6 +9,7 @@
 #include <QMessageBox>
 #include <QRadioButton>
 #include <QUndoStack>
+#include <QWebEngineView>
 
 using namespace ledra;
 using test::named;
@@ -160,6 +161,41 @@ private Q_SLOTS:
         desk.press("Ctrl+Z");
         QVERIFY(!desk.selected());
         QVERIFY(desk.console.failures.isEmpty());
+    }
+
+    /// What cannot be taken is told before the step is left; going on once more leaves it.
+    void tellsWhatCannotBeTaken()
+    {
+        NewDesk desk;
+        desk.click("Skip");
+        auto* country = named<QComboBox>(*desk.assistant(), "Country");
+        country->setFocus();
+        country->lineEdit()->selectAll();
+        QTest::keyClicks(country->lineEdit(), QStringLiteral("Utopia"));
+        desk.click("Continue");
+        QVERIFY(desk.shows("“Utopia” is not in the list") && desk.shows("Who sends the invoices?"));
+        QVERIFY(country->currentText() != QStringLiteral("Utopia"));
+        desk.click("Continue");
+        QVERIFY(desk.shows("Where are you paid?"));
+        desk.click("Continue");
+        QCOMPARE(QApplication::focusWidget(), named<QComboBox>(*desk.assistant(), "Taxed in"));
+        desk.enter("VAT", "-5");
+        desk.click("Continue");
+        QVERIFY(desk.shows("“-5” is less than zero") && desk.shows("How are you taxed?"));
+        desk.enter("VAT", "7");
+        QVERIFY(!desk.shows("is less than zero"));
+        desk.click("Continue");
+        desk.enter("Accent color", "GGG");
+        desk.click("Create First Invoice");
+        QVERIFY(desk.assistant()->isVisible() && desk.shows("“GGG” is no color."));
+    }
+
+    /// The first view of a page in an open window makes the window anew, at another place.
+    void holdsItsViewsFromTheBeginning()
+    {
+        NewDesk desk;
+        const QList<QWebEngineView*> views = desk.assistant()->findChildren<QWebEngineView*>();
+        QVERIFY(std::ranges::any_of(views, [](const QWebEngineView* view) { return view->focusProxy(); }));
     }
 
     void stepsAreSkipped()

@@ -5,11 +5,15 @@
 #include "support/recording_console.h"
 #include "support/scripted_server.h"
 #include "support/test_suite.h"
+#include "ui/chips/token_button.h"
+#include "ui/look/profile_symbols.h"
+#include "ui/number_format/number_format_edit.h"
 #include "ui/reminders/variable_text_edit.h"
 #include "ui/settings/settings_window.h"
 
 #include <QCheckBox>
 #include <QComboBox>
+#include <QDir>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
@@ -18,7 +22,9 @@
 #include <QScrollArea>
 #include <QSignalSpy>
 #include <QSpinBox>
+#include <QTabBar>
 #include <QTabWidget>
+#include <QTranslator>
 #include <QTreeWidget>
 
 using namespace ledra;
@@ -31,7 +37,6 @@ struct Desk
 {
     explicit Desk(const char* page)
     {
-        settings.resize(1000, 700);
         settings.show();
         settings.activateWindow();
         settings.openPage(QString::fromLatin1(page));
@@ -104,6 +109,13 @@ private Q_SLOTS:
         QCOMPARE(desk.profile().displayName(), QStringLiteral("Studio"));
         desk.type("Profile name", "a/b\r");
         QVERIFY(desk.shows("cannot be a profile's name"));
+        desk.type("Profile name", " \r");
+        QVERIFY(desk.shows("A profile needs a name") && !desk.shows("cannot be a profile's name"));
+        QCOMPARE(named<QLineEdit>(desk.settings, "Profile name")->text(), QStringLiteral("Studio"));
+        desk.type("Profile name", "default");
+        QVERIFY(desk.shows("Another profile has this name.") && !desk.shows("needs a name"));
+        desk.type("Profile name", "Studio\r");
+        QVERIFY(!desk.shows("Another profile has this name."));
         QCOMPARE(desk.profile().displayName(), QStringLiteral("Studio"));
         answerNext("Cancel");
         desk.click("Delete…");
@@ -113,6 +125,92 @@ private Q_SLOTS:
         QCOMPARE(profiles.profiles().size(), std::size_t(1));
         QCOMPARE(named<QLineEdit>(desk.settings, "Profile name")->text(), QStringLiteral("Default"));
         QVERIFY(!named<QPushButton>(desk.settings, "Delete…")->isEnabled());
+    }
+
+    /// A dialog presses its first button, whatever field somebody types in.
+    void returnInAFieldPressesNothing()
+    {
+        Desk desk("Profiles");
+        desk.settings.hide();
+        desk.settings.show(); // on that page
+        desk.settings.activateWindow();
+        const ProfileManager& profiles = desk.app.profileManager();
+        desk.type("City", "Kiel\r");
+        QCOMPARE(profiles.profiles().size(), std::size_t(1));
+        QPushButton later(desk.settings.findChild<QTabWidget*>()); // which a page adds
+        later.setDefault(true);
+        later.show();
+        QSignalSpy pressed(&later, &QPushButton::clicked);
+        desk.type("City", "Bonn\r");
+        QCOMPARE(pressed.size(), 0);
+        auto* create = named<QPushButton>(desk.settings, "New Profile");
+        create->setFocus();
+        QTest::keyClick(create, Qt::Key_Return);
+        QCOMPARE(profiles.profiles().size(), std::size_t(2));
+    }
+
+    /// What is told goes with the window, and with what was to be done.
+    void failuresAreToldOnce()
+    {
+        Desk desk("Profiles");
+        const QString profile = home_->data(QStringLiteral("1_Default"));
+        QVERIFY(QDir().rename(profile, home_->path(QStringLiteral("away"))));
+        desk.type("Profile name", "Studio\r");
+        QCOMPARE(desk.settings.parts().messages.lines().size(), 1);
+        QVERIFY(QDir().rename(home_->path(QStringLiteral("away")), profile));
+        desk.type("Profile name", "Studio\r");
+        QCOMPARE(desk.profile().displayName(), QStringLiteral("Studio"));
+        QVERIFY(desk.settings.parts().messages.lines().isEmpty());
+        desk.settings.tell(QStringLiteral("the last profile cannot be deleted"));
+        desk.settings.close();
+        QVERIFY(desk.settings.parts().messages.lines().isEmpty());
+    }
+
+    void symbolsAreShown()
+    {
+        Desk desk("Profiles");
+        const auto* list = named<QListWidget>(desk.settings, "Profiles");
+        const auto drawn = [](const QIcon& icon) { return icon.pixmap(16).toImage(); };
+        QCOMPARE(drawn(list->item(0)->icon()), drawn(profileIcon(QStringLiteral("person.fill"))));
+        auto* symbol = named<QComboBox>(desk.settings, "Symbol");
+        symbol->setFocus();
+        QTest::keyClicks(symbol, QStringLiteral("House"));
+        QTRY_COMPARE(drawn(list->item(0)->icon()), drawn(profileIcon(QStringLiteral("house.fill"))));
+        QVERIFY(drawn(list->item(0)->icon()) != drawn(profileIcon(QStringLiteral("person.fill"))));
+    }
+
+    /// The buttons stay under the mouse while the format is wrong.
+    void numberFormatsKeepTheirPlace()
+    {
+        Desk desk("Profiles");
+        desk.settings.findChild<QTabWidget*>()->setCurrentIndex(2);
+        auto* format = named<NumberFormatEdit>(desk.settings, "Number format");
+        const auto* button = format->findChild<TokenButton*>();
+        QCoreApplication::processEvents();
+        const QPoint before = button->mapTo(&desk.settings, QPoint());
+        format->line().selectAll();
+        QTest::keyClick(&format->line(), Qt::Key_Delete);
+        QVERIFY(!format->line().accessibleDescription().isEmpty());
+        QCoreApplication::processEvents();
+        QCOMPARE(button->mapTo(&desk.settings, QPoint()), before);
+    }
+
+    void tabsHaveRoom_data()
+    {
+        QTest::addColumn<QString>("language");
+        QTest::newRow("English") << QStringLiteral("en");
+        QTest::newRow("German") << QStringLiteral("de");
+    }
+
+    void tabsHaveRoom()
+    {
+        QFETCH(const QString, language);
+        QTranslator translator;
+        QVERIFY(translator.load(QStringLiteral(":/translations/ledra_%1.qm").arg(language)));
+        QCoreApplication::installTranslator(&translator);
+        Desk desk("Profiles");
+        const auto* tabs = desk.settings.findChild<QTabWidget*>();
+        QTRY_VERIFY(tabs->tabBar()->sizeHint().width() <= tabs->width());
     }
 
     void fieldsAreCheckedAndKept()
@@ -132,6 +230,7 @@ private Q_SLOTS:
         tabs->setCurrentIndex(3);
         desk.type("VAT", "7,5x");
         QVERIFY(desk.shows("is not a number"));
+        desk.click("Show documents dark in dark windows");
         desk.click("Hourly rate");
         desk.type("Hourly rate", "85");
         tabs->setCurrentIndex(2);
@@ -140,11 +239,15 @@ private Q_SLOTS:
         desk.type("City", "Kiel");
         Profile other = desk.profile();
         other.phone = QStringLiteral("0431 1");
+        other.currency = Currency{QStringLiteral("CHF")};
         QVERIFY(desk.app.profileManager().saveProfile(other, *other.profileName));
         QTRY_COMPARE(desk.profile().addressCity, QStringLiteral("Kiel"));
         QCOMPARE(desk.profile().phone, QStringLiteral("0431 1"));
         QCOMPARE(named<QLineEdit>(desk.settings, "Phone")->text(), QStringLiteral("0431 1"));
         QCOMPARE(desk.profile().hourlyRate, 85.0);
+        QVERIFY(desk.profile().invoiceDarkMode && desk.app.settings().boolean("invoiceDarkMode"));
+        tabs->setCurrentIndex(4);
+        QVERIFY(desk.shows(other.currency.symbol().toUtf8().constData()));
         QCOMPARE(desk.profile().vatPercentage, 7.5);
         QCOMPARE(desk.profile().startNumberYear, std::optional<std::int64_t>(2027));
         QVERIFY(desk.console.failures.isEmpty());
@@ -184,8 +287,6 @@ private Q_SLOTS:
         QTest::keyClicks(windows, QStringLiteral("Dark"));
         QCOMPARE(appearance.size(), 1);
         QCOMPARE(desk.app.settings().text(QStringLiteral("appearance")), QStringLiteral("dark"));
-        desk.click("Show documents dark in dark windows");
-        QVERIFY(desk.profile().invoiceDarkMode && desk.app.settings().boolean("invoiceDarkMode"));
         desk.click("Keep signs of usage in a file of your own");
         const QString sheet = home_->path(QStringLiteral("a.css"));
         QVERIFY(test::writeFile(sheet, "h1 {}"));

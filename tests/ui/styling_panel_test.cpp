@@ -4,6 +4,7 @@
 #include "support/program_run.h"
 #include "support/recording_console.h"
 #include "support/test_suite.h"
+#include "ui/styling/face_name.h"
 #include "ui/styling/font_picker.h"
 #include "ui/styling/logo_well.h"
 #include "ui/styling/styling_panel.h"
@@ -17,6 +18,7 @@
 #include <QMimeData>
 #include <QPlainTextEdit>
 #include <QSlider>
+#include <QTranslator>
 #include <QUndoStack>
 
 using namespace ledra;
@@ -168,6 +170,16 @@ private Q_SLOTS:
             EditKind::single);
         QCOMPARE(picker->accessibleDescription(),
                  QStringLiteral("“Nowhere Sans” is not installed on this Mac"));
+    }
+
+    /// Words that are no names of faces stay as the font has them.
+    void facesHaveGermanNames()
+    {
+        QTranslator german;
+        QVERIFY(german.load(QStringLiteral(":/translations/ledra_de.qm")));
+        QCoreApplication::installTranslator(&german);
+        QCOMPARE(faceName(QStringLiteral("Extra Light Italic")), QStringLiteral("Extraleicht Kursiv"));
+        QCOMPARE(faceName(QStringLiteral("Caption Bold")), QStringLiteral("Caption Fett"));
     }
 
     void resetIsOneStep()

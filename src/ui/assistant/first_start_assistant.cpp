@@ -6,6 +6,28 @@
 
 namespace ledra {
 
+namespace {
+
+/// The field of a page to which Tab comes first; null where it has none.
+QWidget* firstField(QWidget& page)
+{
+    for (QWidget* each = page.nextInFocusChain(); each != &page; each = each->nextInFocusChain()) {
+        const bool takesTab = (each->focusPolicy() & Qt::TabFocus) == Qt::TabFocus;
+        if (takesTab && page.isAncestorOf(each) && each->isVisibleTo(&page) && each->isEnabled())
+            return each;
+    }
+    return nullptr;
+}
+
+/// The field of a page in which something was typed that could not be taken, if nobody has asked before.
+QWidget* takeRefused(const QWidget& page)
+{
+    FieldForm* form = page.findChild<FieldForm*>();
+    return form ? form->takeRefused() : nullptr;
+}
+
+} // namespace
+
 void FirstStartAssistant::showStep(int number)
 {
     const Step& step = steps_[static_cast<std::size_t>(number)];
@@ -16,9 +38,9 @@ void FirstStartAssistant::showStep(int number)
     pages_->currentWidget()->setAccessibleName(step.title);
     draft_.beginStep();
     showButtons();
-    QWidget* first = pages_->currentWidget()->findChild<QLineEdit*>();
-    if (agreement_ && number == 0)
-        first = agreement_;
+    if (FieldForm* form = pages_->currentWidget()->findChild<FieldForm*>())
+        form->forgetRefused();
+    QWidget* first = agreement_ && number == 0 ? agreement_ : firstField(*pages_->currentWidget());
     if (first)
         first->setFocus(Qt::OtherFocusReason);
 }
@@ -49,6 +71,10 @@ void FirstStartAssistant::continueOn()
 {
     if (QWidget* field = focusWidget())
         field->clearFocus(); // what is being typed there ends
+    if (QWidget* refused = takeRefused(*pages_->currentWidget())) {
+        refused->setFocus(Qt::OtherFocusReason); // where it is told why; going on is the next step
+        return;
+    }
     if (!takeTerms())
         return;
     if (isLast())

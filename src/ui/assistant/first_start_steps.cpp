@@ -43,7 +43,7 @@ constexpr std::array steps = {
     FirstStartStep{QT_TRANSLATE_NOOP("ledra::FirstStartAssistant", "What should your documents look like?"),
                    QT_TRANSLATE_NOOP(
                        "ledra::FirstStartAssistant",
-                       "Choose a look and your colours. All of it can be changed later, down to each font."),
+                       "Choose a look and your colors. All of it can be changed later, down to each font."),
                    makeLook},
 };
 

@@ -38,6 +38,7 @@ LookStep::LookStep(const FirstStartSetting& setting, QWidget* parent)
     preview_->setAccessibleName(tr("Example in the chosen look"));
     columns->addWidget(preview_, 0, Qt::AlignTop);
     preview_->setZoom(preview_->factorThatFits());
+    preview_->clear(); // a view that shows its first page in an open window makes the window anew, elsewhere
     connect(&draft_, &FirstStartDraft::changed, this, &LookStep::showState);
     showState();
 }
@@ -71,10 +72,13 @@ QWidget* LookStep::makeDetails()
     auto* form = new FieldForm(this);
     const auto addColor = [&](const QString& label, QString Styling::* member) {
         auto* field = new ColorField(label, form);
-        form->addField(label, field);
-        connect(field, &ColorField::picked, this, [this, member](const QString& digits) {
+        form->addJudged(label, field);
+        connect(field, &ColorField::picked, this, [this, member, form, field](const QString& digits) {
+            form->say(field, QString());
             draft_.changeStyling([&](Styling& styling) { styling.*member = digits; });
         });
+        connect(field, &ColorField::refused, form,
+                [form, field](const QString& line) { form->refuse(field, line); });
         form->follow([this, member, field] { field->setColor(draft_.styling().*member); });
     };
     addColor(tr("Primary color"), &Styling::primaryColor);

@@ -70,7 +70,7 @@ void askForStyle(const WindowParts& parts, const QString& file)
     const QString profile = (*parts.app.profileManager().activeProfile())->displayName();
     ask(parts.window,
         {StyleExchange::tr("Do you want to use the style of “%1”?").arg(nameOf(file)),
-         StyleExchange::tr("It replaces fonts, colours, page layout, logo and style sheet of the profile "
+         StyleExchange::tr("It replaces fonts, colors, page layout, logo and style sheet of the profile "
                            "“%1”, for documents of the past as well. An earlier logo and style sheet go to "
                            "the trash.")
              .arg(profile),

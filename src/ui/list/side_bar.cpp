@@ -3,6 +3,7 @@
 #include "app/reader_language.h"
 #include "model/amount_text.h"
 #include "ui/look/icons.h"
+#include "ui/look/profile_symbols.h"
 
 #include <QPainter>
 #include <QSignalBlocker>
@@ -154,7 +155,7 @@ void SideBar::showProfiles()
     const QSignalBlocker quiet(profiles_);
     profiles_->clear();
     for (const ProfilePtr& profile : app_.profileManager().profiles()) {
-        profiles_->addItem((*profile)->displayName(), (*profile)->id);
+        profiles_->addItem(profileIcon((*profile)->icon), (*profile)->displayName(), (*profile)->id);
         if (profile == app_.profileManager().activeProfile())
             profiles_->setCurrentIndex(profiles_->count() - 1);
     }

@@ -50,11 +50,24 @@ NumberFormatEdit::NumberFormatEdit(QWidget* parent)
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(4);
     layout->addWidget(line_);
-    layout->addWidget(problem_);
     layout->addLayout(buttons);
-    layout->addWidget(sample_);
+    layout->addWidget(makeTexts());
     setFocusProxy(line_);
     connect(line_, &ChipLineEdit::edited, this, &NumberFormatEdit::edited);
+}
+
+/// What changes with each letter stands below the buttons and has its room: nothing moves under the mouse.
+QWidget* NumberFormatEdit::makeTexts()
+{
+    auto* texts = new QWidget(this);
+    auto* column = new QVBoxLayout(texts);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(2);
+    column->addWidget(problem_);
+    column->addWidget(sample_);
+    column->addStretch();
+    texts->setMinimumHeight(2 * fontMetrics().height() + column->spacing());
+    return texts;
 }
 
 /// Inserts the usual variable of a kind; its menu has the others.

@@ -34,6 +34,7 @@ Q_SIGNALS:
     void edited(bool isTyping);
 
 private:
+    QWidget* makeTexts();
     QWidget* makeButton(const NumberFormatChipTypeDefinition& type);
 
     ChipLineEdit* line_;

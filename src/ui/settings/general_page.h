@@ -17,16 +17,6 @@ public:
 
 private:
     void addUsage(SettingsWindow& window, FieldForm& form);
-    void setDarkDocuments(SettingsWindow& window, bool isDark);
-};
-
-/// Which final invoices are exported by themselves, and where to.
-class ExportPage : public QWidget
-{
-    Q_OBJECT
-
-public:
-    explicit ExportPage(SettingsWindow& window);
 };
 
 } // namespace ledra

@@ -3,6 +3,7 @@
 #include "app/reader_language.h"
 #include "model/country.h"
 #include "model/currency.h"
+#include "ui/look/profile_symbols.h"
 
 #include <QCollator>
 #include <QSet>
@@ -23,26 +24,6 @@ QString text(std::string_view utf8)
 {
     return QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size()));
 }
-
-struct Symbol
-{
-    const char* text;
-    const char* name; ///< as profiles name it
-};
-
-constexpr std::array symbols = {
-    Symbol{QT_TRANSLATE_NOOP("ProfileForms", "Person"), "person.fill"},
-    Symbol{QT_TRANSLATE_NOOP("ProfileForms", "Company"), "building.2.fill"},
-    Symbol{QT_TRANSLATE_NOOP("ProfileForms", "Office"), "briefcase.fill"},
-    Symbol{QT_TRANSLATE_NOOP("ProfileForms", "Workshop"), "hammer.fill"},
-    Symbol{QT_TRANSLATE_NOOP("ProfileForms", "Studio"), "paintbrush.fill"},
-    Symbol{QT_TRANSLATE_NOOP("ProfileForms", "Camera"), "camera.fill"},
-    Symbol{QT_TRANSLATE_NOOP("ProfileForms", "Computer"), "laptopcomputer"},
-    Symbol{QT_TRANSLATE_NOOP("ProfileForms", "Book"), "book.fill"},
-    Symbol{QT_TRANSLATE_NOOP("ProfileForms", "Music"), "music.note"},
-    Symbol{QT_TRANSLATE_NOOP("ProfileForms", "House"), "house.fill"},
-    Symbol{QT_TRANSLATE_NOOP("ProfileForms", "Star"), "star.fill"},
-};
 
 } // namespace
 
@@ -71,7 +52,7 @@ std::vector<FieldChoice> currencyChoices()
 std::vector<FieldChoice> symbolChoices()
 {
     std::vector<FieldChoice> choices;
-    for (const Symbol& symbol : symbols)
+    for (const ProfileSymbol& symbol : profileSymbols())
         choices.push_back(
             {QCoreApplication::translate("ProfileForms", symbol.text), QString::fromLatin1(symbol.name)});
     return choices;

@@ -74,4 +74,12 @@ std::expected<void, QString> ProfileEditing::rename(const QString& name)
     return saved ? std::expected<void, QString>() : std::unexpected(saved.error().text);
 }
 
+bool ProfileEditing::isNameOfAnother(const QString& name) const
+{
+    return std::ranges::any_of(profiles_.profiles(), [&](const ProfilePtr& profile) {
+        return (*profile)->id != shown_.id &&
+               (*profile)->displayName().compare(name.trimmed(), Qt::CaseInsensitive) == 0;
+    });
+}
+
 } // namespace ledra

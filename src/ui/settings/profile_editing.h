@@ -23,6 +23,9 @@ public:
     /// Gives the profile another display name. The error is one line.
     std::expected<void, QString> rename(const QString& name);
 
+    /// Whether another profile is called that, which folders with their numbers allow.
+    bool isNameOfAnother(const QString& name) const;
+
     /// Writes what is pending.
     void flush() { saver_.flush(); }
 

@@ -38,13 +38,13 @@ void addSenderFields(FieldForm& form, ProfileAccess& editing)
     form.addLine(ProfileForms::tr("Name"), editing.field(&Profile::name));
     form.addLine(ProfileForms::tr("Business"), editing.field(&Profile::businessName));
     form.addLine(ProfileForms::tr("Address"), editing.field(&Profile::addressLineOne));
-    form.addLine(ProfileForms::tr("Address line 2"), editing.field(&Profile::addressLineTwo));
+    form.addLine(ProfileForms::tr("Address 2"), editing.field(&Profile::addressLineTwo));
     form.addLine(ProfileForms::tr("Postcode"), editing.field(&Profile::addressPostcode));
     form.addLine(ProfileForms::tr("City"), editing.field(&Profile::addressCity));
     form.addLine(ProfileForms::tr("State"), editing.field(&Profile::addressState));
     form.addChoice(ProfileForms::tr("Country"), countryChoices(), editing.code(&Profile::addressCountry),
                    true);
-    form.addLine(ProfileForms::tr("Email"), editing.field(&Profile::email));
+    form.addLine(ProfileForms::tr("E-mail"), editing.field(&Profile::email));
     form.addLine(ProfileForms::tr("Phone"), editing.field(&Profile::phone));
 }
 
@@ -75,7 +75,8 @@ void addCurrencyField(FieldForm& form, ProfileAccess& editing)
 
 void addVatFields(FieldForm& form, ProfileAccess& editing)
 {
-    form.addNumber(ProfileForms::tr("VAT"), editing.field(&Profile::vatPercentage), 0, QStringLiteral("%"));
+    form.addNumber(ProfileForms::tr("VAT"), editing.field(&Profile::vatPercentage), 0,
+                   [] { return QStringLiteral("%"); });
     form.addToggle(ProfileForms::tr("Documents without VAT"), editing.field(&Profile::hideVat));
     form.addChoice(ProfileForms::tr("Exemption"), choicesOf<VATExemptionReason>("Choices"),
                    editing.choice(&Profile::vatExemptionReason));

@@ -3,11 +3,13 @@
 #include "model/number_format.h"
 #include "model/number_format_checks.h"
 #include "ui/chips/chip_history.h"
+#include "ui/look/profile_symbols.h"
 #include "ui/number_format/number_format_edit.h"
 #include "ui/reminders/variable_buttons.h"
 #include "ui/reminders/variable_text_edit.h"
 #include "ui/settings/profile_choices.h"
 #include "ui/settings/profile_fields.h"
+#include "ui/settings/profile_name.h"
 
 #include <QPushButton>
 
@@ -30,24 +32,20 @@ QString numberFormatText(const NumberFormatFinding& finding)
                                 .replace(QStringLiteral("%1"), finding.detail);
 }
 
+FieldForm::Unit currencyOf(const ProfileEditing& editing)
+{
+    return [&editing] { return editing.profile().currency.symbol(); };
+}
+
 // ---- the pages
 
 void fillInformation(FieldForm& form, ProfileEditing& editing)
 {
-    auto* name = new QLineEdit(&form);
-    name->setObjectName(QString::fromLatin1(profileNameField));
-    form.addField(ProfileForms::tr("Profile name"), name);
-    QObject::connect(name, &QLineEdit::editingFinished, name, [name, &editing] {
-        if (const auto renamed = editing.rename(name->text()); !renamed) {
-            name->setText(editing.profile().displayName());
-            Q_EMIT editing.failed(renamed.error());
-        }
-    });
-    form.follow([name, &editing] {
-        if (!name->isModified() || !name->hasFocus())
-            name->setText(editing.profile().displayName());
-    });
-    form.addChoice(ProfileForms::tr("Symbol"), symbolChoices(), editing.field(&Profile::icon));
+    addProfileName(form, editing);
+    QComboBox* symbols =
+        form.addChoice(ProfileForms::tr("Symbol"), symbolChoices(), editing.field(&Profile::icon));
+    for (int row = 0; row < symbols->count(); ++row)
+        symbols->setItemIcon(row, profileIcon(symbols->itemData(row).toString()));
     addSenderFields(form, editing);
     form.addLine(ProfileForms::tr("Website"), editing.field(&Profile::website));
     form.addParagraph(ProfileForms::tr("Additional"), editing.field(&Profile::additional), 2);
@@ -133,7 +131,7 @@ void fillPresets(FieldForm& form, ProfileEditing& editing)
     constexpr int mostDays = 3650;
     form.addCount(ProfileForms::tr("Days to pay"), editing.count(&Profile::daysToPay), 0, mostDays);
     addVatFields(form, editing);
-    const QString unit = editing.profile().currency.symbol();
+    const FieldForm::Unit unit = currencyOf(editing);
     form.addSwitchedNumber(ProfileForms::tr("Hourly rate"), editing.field(&Profile::hourlyRate), unit);
     form.addSwitchedNumber(ProfileForms::tr("Daily rate"), editing.field(&Profile::dailyRate), unit);
     form.addSwitchedNumber(ProfileForms::tr("Weekly rate"), editing.field(&Profile::weeklyRate), unit);
@@ -171,9 +169,8 @@ void fillReminder(FieldForm& form, ProfileEditing& editing)
     form.addToggle(ProfileForms::tr("Begin with a friendly reminder, without interest and fee"),
                    editing.field(&Profile::friendlyReminderEnabled));
     form.addNumber(ProfileForms::tr("Interest"), editing.field(&Profile::latePaymentInterestRate), 0,
-                   ProfileForms::tr("% per year"));
-    form.addNumber(ProfileForms::tr("Fee"), editing.field(&Profile::latePaymentFee), 2,
-                   editing.profile().currency.symbol());
+                   [] { return ProfileForms::tr("% per year"); });
+    form.addNumber(ProfileForms::tr("Fee"), editing.field(&Profile::latePaymentFee), 2, currencyOf(editing));
 }
 
 constexpr std::array pages = {

@@ -1,6 +1,6 @@
 #include "ui/settings/profiles_page.h"
 
-#include "ui/look/icons.h"
+#include "ui/look/profile_symbols.h"
 #include "ui/settings/profile_forms.h"
 #include "ui/settings/settings_window.h"
 
@@ -28,7 +28,7 @@ ProfilesPage::ProfilesPage(SettingsWindow& window)
     ProfileManager& profiles = window.app().profileManager();
     connect(&profiles, &ProfileManager::profilesChanged, this, &ProfilesPage::fill);
     connect(&profiles, &ProfileManager::activeProfileChanged, this, &ProfilesPage::fill);
-    connect(&editing_, &ProfileEditing::failed, this, [this](const QString& line) { window_.tell(line); });
+    connect(&editing_, &ProfileEditing::failed, this, &ProfilesPage::tell);
 }
 
 /// Fields that are left when the page goes still write, for which they need what they edit.
@@ -101,9 +101,17 @@ QUuid ProfilesPage::chosen() const
     return item ? item->data(Qt::UserRole).toUuid() : QUuid();
 }
 
+void ProfilesPage::tell(const QString& line)
+{
+    window_.tell(line);
+    hasFailed_ = true;
+}
+
 /// Keeps the chosen profile; if that is gone, or at first, the one in use is chosen.
 void ProfilesPage::fill()
 {
+    if (std::exchange(hasFailed_, false))
+        window_.parts().messages.clear(); // by now it could be done
     const ProfileManager& profiles = window_.app().profileManager();
     const QUuid before = chosen();
     const bool staysChosen = profiles.find(before) != nullptr;
@@ -114,7 +122,7 @@ void ProfilesPage::fill()
             const bool isInUse = profile == profiles.activeProfile();
             const QString name = (*profile)->displayName();
             auto* item = new QListWidgetItem(isInUse ? tr("%1 (in use)").arg(name) : name, list_);
-            item->setIcon(lineIcon("person"));
+            item->setIcon(profileIcon((*profile)->icon));
             item->setData(Qt::UserRole, (*profile)->id);
             QFont font = item->font();
             font.setBold(isInUse);
@@ -132,7 +140,11 @@ void ProfilesPage::showChosen()
     const ProfilePtr& inUse = profiles.activeProfile();
     use_->setEnabled(inUse && (*inUse)->id != chosen());
     remove_->setEnabled(profiles.profiles().size() > 1);
+    if (chosen() == editing_.profile().id)
+        return;
     editing_.setProfile(chosen());
+    for (FieldForm* form : tabs_->findChildren<FieldForm*>())
+        form->forgetRefused(); // of another profile
 }
 
 void ProfilesPage::create()
@@ -140,7 +152,7 @@ void ProfilesPage::create()
     ProfileManager& profiles = window_.app().profileManager();
     const auto created = profiles.createProfile(profiles.uniqueName(tr("New Profile")));
     if (!created) {
-        window_.tell(created.error().text);
+        tell(created.error().text);
         return;
     }
     for (int row = 0; row < list_->count(); ++row) {
@@ -173,7 +185,7 @@ void ProfilesPage::remove()
     editing_.flush();
     const auto removed = window_.app().profileManager().removeProfile(chosen());
     if (!removed)
-        window_.tell(removed.error().text);
+        tell(removed.error().text);
 }
 
 void ProfilesPage::use()

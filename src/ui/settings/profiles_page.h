@@ -28,6 +28,7 @@ private:
     void startRenaming();
     void remove();
     void use();
+    void tell(const QString& line);
     QUuid chosen() const;
 
     SettingsWindow& window_;
@@ -36,6 +37,7 @@ private:
     QTabWidget* tabs_;
     QPushButton* use_;
     QPushButton* remove_;
+    bool hasFailed_ = false; ///< it is still to be read
 };
 
 } // namespace ledra

@@ -1,8 +1,10 @@
 #include "ui/settings/settings_window.h"
 
+#include "ui/console_text.h"
 #include "ui/look/icons.h"
 #include "ui/look/toast.h"
 #include "ui/settings/data_page.h"
+#include "ui/settings/export_page.h"
 #include "ui/settings/general_page.h"
 #include "ui/settings/plugins_page.h"
 #include "ui/settings/profiles_page.h"
@@ -10,6 +12,8 @@
 
 #include <QCloseEvent>
 #include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QPushButton>
 #include <QScrollArea>
 
 namespace ledra {
@@ -73,7 +77,7 @@ SettingsWindow::SettingsWindow(const WindowParts& main, QWidget* parent)
     connect(titles_, &QListWidget::currentRowChanged, this, &SettingsWindow::showPage);
     connect(messages_, &MessageBar::noted, new Toast(this), &Toast::say);
     titles_->setCurrentRow(0);
-    resize(1000, 700);
+    resize(1120, 720); // in which the tabs of all pages have room, in all languages
 }
 
 /// Pages write what is left when they go, and may have to tell what failed.
@@ -106,6 +110,8 @@ void SettingsWindow::showPage(int number)
             scroll->setFocusPolicy(Qt::NoFocus); // its fields take the focus
             shown = scroll;
         }
+        for (QPushButton* button : shown->findChildren<QPushButton*>())
+            button->setAutoDefault(false); // none looks as if Return in a field pressed it
         shown->setObjectName(made);
         QWidget* placeholder = pages_->widget(number);
         pages_->insertWidget(number, shown);
@@ -115,6 +121,11 @@ void SettingsWindow::showPage(int number)
     if (QWidget* field = focusWidget(); field && pages_->isAncestorOf(field))
         field->clearFocus(); // what is being typed there ends
     pages_->setCurrentIndex(number);
+}
+
+void SettingsWindow::tell(const QString& line)
+{
+    messages_->warn(consoleText(line));
 }
 
 void SettingsWindow::tell(const std::expected<void, QString>& done)
@@ -134,6 +145,26 @@ void SettingsWindow::closeEvent(QCloseEvent* event)
     if (QWidget* field = focusWidget())
         field->clearFocus();
     event->accept();
+}
+
+/// What was to be read has been read when somebody closes the window.
+void SettingsWindow::hideEvent(QHideEvent* event)
+{
+    QDialog::hideEvent(event);
+    if (!event->spontaneous())
+        messages_->clear();
+}
+
+/// Return ends what is typed in a field and presses the button that has the focus, never another one,
+/// whatever buttons the pages have. A dialog would press the first it finds.
+void SettingsWindow::keyPressEvent(QKeyEvent* event)
+{
+    if (event->key() != Qt::Key_Return && event->key() != Qt::Key_Enter) {
+        QDialog::keyPressEvent(event);
+        return;
+    }
+    if (auto* button = qobject_cast<QPushButton*>(focusWidget()))
+        button->click();
 }
 
 } // namespace ledra

@@ -41,7 +41,7 @@ public:
     void openPage(const QString& title);
 
     /// Says above the page what could not be done.
-    void tell(const QString& line) { messages_->warn(line); }
+    void tell(const QString& line);
     void tell(const std::expected<void, QString>& done);
     void tell(const JobResult<void>& done);
 
@@ -50,6 +50,8 @@ Q_SIGNALS:
 
 protected:
     void closeEvent(QCloseEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
 
 private:
     void showPage(int number);

@@ -23,7 +23,7 @@ ColorField::ColorField(const QString& label, QWidget* parent)
     digits_->setAccessibleName(label);
     digits_->setPlaceholderText(QStringLiteral("68977C"));
     swatch_->setAccessibleName(tr("Pick “%1”").arg(label));
-    swatch_->setToolTip(tr("Pick a colour"));
+    swatch_->setToolTip(tr("Pick a color"));
     swatch_->setIconSize(QSize(30, 16));
     swatch_->setFocusPolicy(Qt::StrongFocus);
     setFocusProxy(digits_);
@@ -69,7 +69,7 @@ void ColorField::endTyping()
     digits_->setPalette(QPalette());
     if (!isColor && typed != color_)
         Q_EMIT refused(
-            tr("“%1” is no colour. Colours have six digits from 0 to F, such as 68977C.").arg(typed));
+            tr("“%1” is no color. Colors have six digits from 0 to F, such as 68977C.").arg(typed));
 }
 
 void ColorField::openDialog()

@@ -2,6 +2,7 @@
 
 #include "ui/look/status_colors.h"
 #include "ui/styling/color_field.h"
+#include "ui/styling/face_name.h"
 #include "ui/styling/font_picker.h"
 
 #include <QSignalBlocker>
@@ -94,7 +95,7 @@ void showFaces(QComboBox& box, const std::vector<FontCut>& cuts, const QString& 
     int chosen = -1;
     int nearest = std::numeric_limits<int>::max();
     for (const FontCut& cut : cuts) {
-        box.addItem(cut.displayName, cut.faceID);
+        box.addItem(faceName(cut.displayName), cut.faceID);
         const int distance = std::abs(weightNumber(cut.cssWeight) - weightNumber(weight));
         const bool isNamed = named == cut.faceID;
         if (isNamed || (!cut.isItalic && distance < nearest)) {
