@@ -281,6 +281,42 @@
         <source>Failed to create PDF: %1</source>
         <translation>Das PDF konnte nicht erstellt werden: %1</translation>
     </message>
+    <message>
+        <source>Error saving profile: directory not found</source>
+        <translation>Das Profil konnte nicht gespeichert werden: sein Ordner ist nicht da</translation>
+    </message>
+    <message>
+        <source>Error renaming profile folder: source not found</source>
+        <translation>Der Ordner des Profils konnte nicht umbenannt werden: er ist nicht da</translation>
+    </message>
+    <message>
+        <source>Error renaming profile folder: destination already exists</source>
+        <translation>Der Ordner des Profils konnte nicht umbenannt werden: einen Ordner dieses Namens gibt es schon</translation>
+    </message>
+    <message>
+        <source>BackupManager: Failed to remove excess backups: %1</source>
+        <translation>Die ältesten Datensicherungen konnten nicht entfernt werden: %1</translation>
+    </message>
+    <message>
+        <source>a profile needs a name</source>
+        <translation>ein Profil braucht einen Namen</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; cannot be a profile&apos;s name: it names a folder</source>
+        <translation>„%1“ kann kein Profilname sein: Er ist auch der Name eines Ordners</translation>
+    </message>
+    <message>
+        <source>the name is too long for a folder</source>
+        <translation>der Name ist zu lang für einen Ordner</translation>
+    </message>
+    <message>
+        <source>the profile has no folder</source>
+        <translation>das Profil hat keinen Ordner</translation>
+    </message>
+    <message>
+        <source>the last profile cannot be deleted</source>
+        <translation>das letzte Profil lässt sich nicht löschen</translation>
+    </message>
 </context>
 <context>
     <name>DocumentLook</name>
@@ -305,16 +341,16 @@
         <translation>Studio</translation>
     </message>
     <message>
-        <source>A heavy headline in colour, within a frame</source>
-        <translation>Eine kräftige farbige Überschrift in einem Rahmen</translation>
-    </message>
-    <message>
         <source>Typewriter</source>
         <translation>Schreibmaschine</translation>
     </message>
     <message>
         <source>All in one width, with dots behind it</source>
         <translation>Eine Schrift fester Breite auf gepunktetem Grund</translation>
+    </message>
+    <message>
+        <source>A heavy headline in color, within a frame</source>
+        <translation>Eine kräftige farbige Überschrift in einem Rahmen</translation>
     </message>
 </context>
 <context>
@@ -476,6 +512,85 @@
     <message>
         <source>Export</source>
         <translation>Exportieren</translation>
+    </message>
+</context>
+<context>
+    <name>FontFaces</name>
+    <message>
+        <source>Extra Light</source>
+        <translation>Extraleicht</translation>
+    </message>
+    <message>
+        <source>Ultra Light</source>
+        <translation>Ultraleicht</translation>
+    </message>
+    <message>
+        <source>Semi Condensed</source>
+        <translation>Halbschmal</translation>
+    </message>
+    <message>
+        <source>Semi Bold</source>
+        <translation>Halbfett</translation>
+    </message>
+    <message>
+        <source>Demi Bold</source>
+        <translation>Halbfett</translation>
+    </message>
+    <message>
+        <source>Extra Bold</source>
+        <translation>Extrafett</translation>
+    </message>
+    <message>
+        <source>Ultra Bold</source>
+        <translation>Ultrafett</translation>
+    </message>
+    <message>
+        <source>Thin</source>
+        <translation>Dünn</translation>
+    </message>
+    <message>
+        <source>Light</source>
+        <translation>Leicht</translation>
+    </message>
+    <message>
+        <source>Regular</source>
+        <translation>Normal</translation>
+    </message>
+    <message>
+        <source>Book</source>
+        <translation>Buch</translation>
+    </message>
+    <message>
+        <source>Medium</source>
+        <translation>Mittel</translation>
+    </message>
+    <message>
+        <source>Semibold</source>
+        <translation>Halbfett</translation>
+    </message>
+    <message>
+        <source>Bold</source>
+        <translation>Fett</translation>
+    </message>
+    <message>
+        <source>Heavy</source>
+        <translation>Extrafett</translation>
+    </message>
+    <message>
+        <source>Black</source>
+        <translation>Schwarz</translation>
+    </message>
+    <message>
+        <source>Italic</source>
+        <translation>Kursiv</translation>
+    </message>
+    <message>
+        <source>Oblique</source>
+        <translation>Schräg</translation>
+    </message>
+    <message>
+        <source>Condensed</source>
+        <translation>Schmal</translation>
     </message>
 </context>
 <context>
@@ -910,10 +1025,6 @@
         <translation>Adresse</translation>
     </message>
     <message>
-        <source>Address line 2</source>
-        <translation>Adresszeile 2</translation>
-    </message>
-    <message>
         <source>Postcode</source>
         <translation>PLZ</translation>
     </message>
@@ -928,10 +1039,6 @@
     <message>
         <source>Country</source>
         <translation>Land</translation>
-    </message>
-    <message>
-        <source>Email</source>
-        <translation>E-Mail</translation>
     </message>
     <message>
         <source>Phone</source>
@@ -1068,6 +1175,18 @@
     <message>
         <source>Fee</source>
         <translation>Mahnkosten</translation>
+    </message>
+    <message>
+        <source>Address 2</source>
+        <translation>Adresszeile 2</translation>
+    </message>
+    <message>
+        <source>E-mail</source>
+        <translation>E-Mail</translation>
+    </message>
+    <message>
+        <source>Another profile has this name.</source>
+        <translation>Ein anderes Profil hat diesen Namen.</translation>
     </message>
 </context>
 <context>
@@ -1355,12 +1474,12 @@
         <translation>Möchten Sie den Stil von „%1“ verwenden?</translation>
     </message>
     <message>
-        <source>It replaces fonts, colours, page layout, logo and style sheet of the profile “%1”, for documents of the past as well. An earlier logo and style sheet go to the trash.</source>
-        <translation>Er ersetzt Schriften, Farben, Seitenlayout, Logo und Stylesheet des Profils „%1“, auch für frühere Belege. Bisheriges Logo und Stylesheet kommen in den Papierkorb.</translation>
-    </message>
-    <message>
         <source>Import</source>
         <translation>Importieren</translation>
+    </message>
+    <message>
+        <source>It replaces fonts, colors, page layout, logo and style sheet of the profile “%1”, for documents of the past as well. An earlier logo and style sheet go to the trash.</source>
+        <translation>Er ersetzt Schriften, Farben, Seitenlayout, Logo und Stylesheet des Profils „%1“, auch für frühere Belege. Bisheriges Logo und Stylesheet kommen in den Papierkorb.</translation>
     </message>
 </context>
 <context>
@@ -2059,11 +2178,11 @@
         <translation>„%1“ wählen</translation>
     </message>
     <message>
-        <source>Pick a colour</source>
+        <source>Pick a color</source>
         <translation>Farbe wählen</translation>
     </message>
     <message>
-        <source>“%1” is no colour. Colours have six digits from 0 to F, such as 68977C.</source>
+        <source>“%1” is no color. Colors have six digits from 0 to F, such as 68977C.</source>
         <translation>„%1“ ist keine Farbe. Farben haben sechs Stellen von 0 bis F, etwa 68977C.</translation>
     </message>
 </context>
@@ -2232,6 +2351,21 @@
         <source>End of the service period</source>
         <translation>Ende des Leistungszeitraums</translation>
     </message>
+    <message>
+        <source>The service period ends before it begins</source>
+        <translation>Der Leistungszeitraum endet, bevor er beginnt</translation>
+    </message>
+</context>
+<context>
+    <name>ledra::DayLine</name>
+    <message>
+        <source>Calendar (F4)</source>
+        <translation>Kalender (F4)</translation>
+    </message>
+    <message>
+        <source>“%1” is not a date</source>
+        <translation>„%1“ ist kein Datum</translation>
+    </message>
 </context>
 <context>
     <name>ledra::DocumentActions</name>
@@ -2382,6 +2516,18 @@
         <source>Choose Folder</source>
         <translation>Ordner wählen</translation>
     </message>
+    <message>
+        <source>Export All Now</source>
+        <translation>Jetzt alle exportieren</translation>
+    </message>
+    <message>
+        <source>Writes all invoices of the profile that were sent, the earlier ones too</source>
+        <translation>Schreibt alle versendeten Rechnungen des Profils, auch die früheren</translation>
+    </message>
+    <message>
+        <source>No invoice has been sent yet</source>
+        <translation>Es wurde noch keine Rechnung versendet</translation>
+    </message>
 </context>
 <context>
     <name>ledra::ExportProgress</name>
@@ -2429,16 +2575,8 @@
         <translation>Firma</translation>
     </message>
     <message>
-        <source>Email</source>
-        <translation>E-Mail</translation>
-    </message>
-    <message>
         <source>Address</source>
         <translation>Adresse</translation>
-    </message>
-    <message>
-        <source>Address line 2</source>
-        <translation>Adresszeile 2</translation>
     </message>
     <message>
         <source>Postcode</source>
@@ -2496,12 +2634,32 @@
         <source>Service until</source>
         <translation>Leistung bis</translation>
     </message>
+    <message>
+        <source>E-mail</source>
+        <translation>E-Mail</translation>
+    </message>
+    <message>
+        <source>Address 2</source>
+        <translation>Adresse 2</translation>
+    </message>
 </context>
 <context>
     <name>ledra::FieldForm</name>
     <message>
         <source>“%1” is not a number</source>
         <translation>„%1“ ist keine Zahl</translation>
+    </message>
+    <message>
+        <source>One from the list is needed</source>
+        <translation>Ein Eintrag der Liste ist nötig</translation>
+    </message>
+    <message>
+        <source>“%1” is not in the list</source>
+        <translation>„%1“ steht nicht in der Liste</translation>
+    </message>
+    <message>
+        <source>“%1” is less than zero</source>
+        <translation>„%1“ ist kleiner als null</translation>
     </message>
 </context>
 <context>
@@ -2739,7 +2897,7 @@
         <translation>Wie sollen Ihre Belege aussehen?</translation>
     </message>
     <message>
-        <source>Choose a look and your colours. All of it can be changed later, down to each font.</source>
+        <source>Choose a look and your colors. All of it can be changed later, down to each font.</source>
         <translation>Wählen Sie ein Aussehen und Ihre Farben. Alles lässt sich später ändern, bis zur einzelnen Schrift.</translation>
     </message>
 </context>
@@ -2846,14 +3004,6 @@
         <translation>Farbschema</translation>
     </message>
     <message>
-        <source>Show documents dark in dark windows</source>
-        <translation>Belege in dunklen Fenstern dunkel zeigen</translation>
-    </message>
-    <message>
-        <source>Show a count on the icon in the dock</source>
-        <translation>Anzahl auf dem Symbol im Dock zeigen</translation>
-    </message>
-    <message>
         <source>Documents</source>
         <translation>Belege</translation>
     </message>
@@ -2900,6 +3050,10 @@
     <message>
         <source>Icon</source>
         <translation>Symbol</translation>
+    </message>
+    <message>
+        <source>Show Badge Count</source>
+        <translation>Anzahl am Symbol anzeigen</translation>
     </message>
 </context>
 <context>
@@ -3042,6 +3196,26 @@
     <message>
         <source>The items cannot be pasted: %1</source>
         <translation>Die Positionen können nicht eingefügt werden: %1</translation>
+    </message>
+    <message>
+        <source>line %1 has no description</source>
+        <translation>Zeile %1 hat keine Beschreibung</translation>
+    </message>
+    <message>
+        <source>in line %1 a quotation mark is not closed</source>
+        <translation>in Zeile %1 ist ein Anführungszeichen nicht geschlossen</translation>
+    </message>
+    <message>
+        <source>line %1 has more than description, quantity, unit, price and VAT</source>
+        <translation>Zeile %1 hat mehr als Beschreibung, Menge, Einheit, Preis und USt.</translation>
+    </message>
+    <message>
+        <source>“%2” in line %1 is none of the units %3</source>
+        <translation>„%2“ in Zeile %1 ist keine der Einheiten %3</translation>
+    </message>
+    <message>
+        <source>“%2” in line %1 (%3) is not a number</source>
+        <translation>„%2“ in Zeile %1 (%3) ist keine Zahl</translation>
     </message>
 </context>
 <context>
@@ -3319,6 +3493,14 @@ Sie gehen verloren, wenn das Fenster jetzt geschlossen wird.</translation>
     <message>
         <source>Imported as a draft. “Undo” takes it out again.</source>
         <translation>Als Entwurf importiert. „Rückgängig“ nimmt ihn wieder heraus.</translation>
+    </message>
+    <message>
+        <source>“%1” was changed by somebody else meanwhile. That version is kept as conflict %2.</source>
+        <translation>„%1“ wurde inzwischen von jemand anderem geändert. Diese Fassung ist als Konflikt %2 aufgehoben.</translation>
+    </message>
+    <message>
+        <source>Show Conflicts</source>
+        <translation>Konflikte anzeigen</translation>
     </message>
 </context>
 <context>
@@ -4689,6 +4871,10 @@ Fügen Sie einen .ledraplugin-Ordner hinzu, um zu beginnen.</translation>
     <message>
         <source>%1 is no file of this computer.</source>
         <translation>%1 ist keine Datei dieses Computers.</translation>
+    </message>
+    <message>
+        <source>Import Failed</source>
+        <translation>Import fehlgeschlagen</translation>
     </message>
 </context>
 </TS>

@@ -159,7 +159,7 @@ const char* const looks[] = {
     QT_TRANSLATE_NOOP("DocumentLook", "Letter"),
     QT_TRANSLATE_NOOP("DocumentLook", "One typeface, fine lines and nothing at the margin"),
     QT_TRANSLATE_NOOP("DocumentLook", "Studio"),
-    QT_TRANSLATE_NOOP("DocumentLook", "A heavy headline in colour, within a frame"),
+    QT_TRANSLATE_NOOP("DocumentLook", "A heavy headline in color, within a frame"),
     QT_TRANSLATE_NOOP("DocumentLook", "Typewriter"),
     QT_TRANSLATE_NOOP("DocumentLook", "All in one width, with dots behind it"),
 };
