@@ -317,6 +317,18 @@
         <source>the last profile cannot be deleted</source>
         <translation>das letzte Profil lässt sich nicht löschen</translation>
     </message>
+    <message>
+        <source>no such file</source>
+        <translation>Datei oder Ordner fehlt</translation>
+    </message>
+    <message>
+        <source>the folder is gone</source>
+        <translation>der Ordner ist verschwunden</translation>
+    </message>
+    <message>
+        <source>the folder cannot be made</source>
+        <translation>der Ordner kann nicht angelegt werden</translation>
+    </message>
 </context>
 <context>
     <name>DocumentLook</name>

@@ -48,7 +48,11 @@ std::optional<JobFailure> InvoiceJobs::writeProblem() const
     const ProfilePtr& profile = profiles_.activeProfile();
     if (!profile)
         return JobFailure{JobFailure::Kind::refused, QStringLiteral("there is no profile")};
-    const QString folder = profiles_.profileFolder(**profile).value_or(profiles_.dataFolder());
+    const std::optional<QString> own = profiles_.profileFolder(**profile);
+    if (!own)
+        return JobFailure{JobFailure::Kind::store,
+                          QStringLiteral("%1: the folder is gone").arg((*profile)->displayName())};
+    const QString& folder = *own;
     for (const QString& path : {profiles_.dataFolder(), folder, folder + QStringLiteral("/Invoices")}) {
         if (const std::optional<QString> problem = unwritable(path))
             return JobFailure{JobFailure::Kind::store, *problem};

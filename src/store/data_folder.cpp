@@ -59,7 +59,7 @@ QString DataFolder::defaultPath() const
 
 QString DataFolder::path() const
 {
-    const QString path = customPath_.value_or(defaultPath());
+    const QString path = place();
     if (customPath_ && !isAccessibleFolder(path)) {
         if (inaccessible_ != path) // once is enough: the folder is asked for all the time
             context_.console.failure(

@@ -30,6 +30,10 @@ public:
     /// The folder in force, made if it is missing. Never fails: what is wrong shows when it is used.
     QString path() const;
 
+    /// The same without making it: for looking, which must not put an empty folder in the place of one that
+    /// is away and may come back.
+    QString place() const { return customPath_.value_or(defaultPath()); }
+
     const std::optional<QString>& customPath() const { return customPath_; }
 
     Migration setCustomPath(const QString& folder, const std::optional<QString>& previous);

@@ -1,5 +1,7 @@
 #include "store/invoice_folder.h"
 
+#include "store/data_folder.h"
+
 #include <QDir>
 
 #include <atomic>
@@ -108,7 +110,10 @@ std::expected<InvoiceFolder::Update, FileError> InvoiceFolder::scan()
 {
     ++work_.scans;
     std::expected<std::vector<FolderEntry>, FileError> entries = listFolder(path_);
-    if (!entries && QDir(path_).exists())
+    // A folder that was never made holds nothing; one that is away with all around it has taken nothing
+    // along.
+    const bool isAway = !known_.isEmpty() && invoicesFolderProblem(path_);
+    if (!entries && (isAway || QDir(path_).exists()))
         return std::unexpected(entries.error());
     QStringList names;
     for (const FolderEntry& entry : entries.value_or(std::vector<FolderEntry>())) {

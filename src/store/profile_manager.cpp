@@ -37,6 +37,7 @@ ProfileManager::ProfileManager(StoreContext& context) : context_(context), dataF
         // move.
         const InterprocessLock::Guard guard = context_.writer.lock();
         dataFolder_.restore();
+        (void)dataFolder(); // makes it
         startWatching();
         takeUp();
         ensureProfile();
@@ -56,7 +57,7 @@ void ProfileManager::startWatching()
         if (!isResolvingActiveProfile_ && !isPerformingProfileMutation_)
             reload();
     });
-    directoryWatcher_->watch(dataFolder());
+    directoryWatcher_->watch(dataFolder_.place());
 }
 
 StoreFailure ProfileManager::failed(const QString& line) const
@@ -83,12 +84,13 @@ Migration ProfileManager::resetDataFolderToDefault()
 
 void ProfileManager::afterMoving()
 {
+    (void)dataFolder();         // makes it
     profiles_ = loadProfiles(); // those of the earlier folder are none of this one
     ensureProfile();
     listChanged();
     resolveActiveProfile();
     if (directoryWatcher_)
-        directoryWatcher_->watch(dataFolder());
+        directoryWatcher_->watch(dataFolder_.place());
     Q_EMIT dataFolderChanged();
 }
 
@@ -116,7 +118,7 @@ std::expected<ProfilePtr, StoreFailure> ProfileManager::createProfile(const QStr
     takeUp();
     listChanged();
     if (directoryWatcher_)
-        directoryWatcher_->watch(dataFolder());
+        directoryWatcher_->watch(dataFolder_.place());
     const ProfilePtr created = find(profile.id);
     return created ? std::expected<ProfilePtr, StoreFailure>(created)
                    : std::unexpected(StoreFailure{folderName + QStringLiteral(": cannot be read again")});
@@ -165,7 +167,7 @@ std::expected<void, StoreFailure> ProfileManager::saveProfile(const Profile& pro
             Q_EMIT activeProfileChanged(); // its files have other places
     }
     if (directoryWatcher_)
-        directoryWatcher_->watch(dataFolder());
+        directoryWatcher_->watch(dataFolder_.place());
     return {};
 }
 

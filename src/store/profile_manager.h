@@ -46,6 +46,7 @@ public:
 
     // ---- the data folder
 
+    /// Made if it is missing.
     QString dataFolder() const { return dataFolder_.path(); }
 
     /// Moves the profiles there and remembers the folder. `previous` is the custom folder so far, if there

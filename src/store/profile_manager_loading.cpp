@@ -32,7 +32,7 @@ std::pair<std::int64_t, QString> orderKey(const QString& folderName)
 
 std::vector<ProfilePtr> ProfileManager::loadProfiles()
 {
-    const QString data = dataFolder();
+    const QString data = dataFolder_.place();
     std::expected<std::vector<FolderEntry>, FileError> entries = listFolder(data);
     if (!entries) {
         context_.console.failure(QStringLiteral("Error loading profiles: ") + entries.error().text());
@@ -79,7 +79,7 @@ void ProfileManager::takeUp()
 /// as well when the file cannot be read any more.
 std::shared_ptr<ProfileRecord> ProfileManager::load(const QString& folderName, QHash<QString, Known>& before)
 {
-    const QString path = dataFolder() + u'/' + folderName + profileFile;
+    const QString path = dataFolder_.place() + u'/' + folderName + profileFile;
     const auto read = [&]() -> std::expected<Profile, QString> {
         const std::expected<QByteArray, FileError> content = readFile(path, largestRecordFile);
         if (!content)
@@ -119,7 +119,7 @@ std::shared_ptr<ProfileRecord> ProfileManager::takeRecord(const QUuid& id,
                                                           QHash<QString, Known>& before) const
 {
     for (auto known = before.begin(); known != before.end(); ++known) {
-        const bool hasGone = !isProfileFolder(dataFolder() + u'/' + known.key());
+        const bool hasGone = !isProfileFolder(dataFolder_.place() + u'/' + known.key());
         if (hasGone && known->record && (**known->record).id == id)
             return std::exchange(known->record, nullptr);
     }
@@ -137,7 +137,7 @@ void ProfileManager::reload()
     };
     const std::vector<Profile> before = contents();
     if (directoryWatcher_)
-        directoryWatcher_->watch(dataFolder()); // first, so that nothing comes unseen while it is read
+        directoryWatcher_->watch(dataFolder_.place()); // first, so that nothing comes unseen while it is read
     takeUp();
     if (contents() != before)
         listChanged();
@@ -175,7 +175,7 @@ std::int64_t ProfileManager::nextFolderNumber() const
 
 std::optional<QString> ProfileManager::folderNameOf(const Profile& profile) const
 {
-    const QString data = dataFolder();
+    const QString data = dataFolder_.place();
     if (profile.profileName && QFileInfo::exists(data + u'/' + *profile.profileName))
         return profile.profileName;
     QStringList names = QDir(data).entryList(QDir::Dirs | QDir::NoDotAndDotDot, QDir::Name);
@@ -199,7 +199,7 @@ std::optional<QString> ProfileManager::folderNameOf(const Profile& profile) cons
 std::optional<QString> ProfileManager::profileFolder(const Profile& profile) const
 {
     const std::optional<QString> name = folderNameOf(profile);
-    return name ? std::optional(dataFolder() + u'/' + *name) : std::nullopt;
+    return name ? std::optional(dataFolder_.place() + u'/' + *name) : std::nullopt;
 }
 
 std::optional<QString> ProfileManager::subfolder(const Profile& profile, const QString& name,

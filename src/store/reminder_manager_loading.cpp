@@ -111,7 +111,8 @@ void ReminderManager::follow(const FolderChanges& changes)
     if (!isLoaded_)
         return; // nobody has asked yet
     if (changes.rescan) {
-        load();
+        if (!invoicesFolderProblem(folder_)) // else it is away, and has taken nothing along
+            load();
         return;
     }
     QStringList names(changes.names.begin(), changes.names.end());

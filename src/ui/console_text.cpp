@@ -39,15 +39,37 @@ constexpr std::array sentences = {
     QT_TRANSLATE_NOOP("ConsoleText", "the last profile cannot be deleted"),
 };
 
+/// What a path is followed by where the words are not the system's own.
+constexpr std::array reasons = {
+    QT_TRANSLATE_NOOP("ConsoleText", "no such file"),
+    QT_TRANSLATE_NOOP("ConsoleText", "the folder is gone"),
+    QT_TRANSLATE_NOOP("ConsoleText", "the folder cannot be made"),
+};
+
+QString withReason(const QString& text)
+{
+    for (const char* reason : reasons) {
+        const QString end = QStringLiteral(": ") + QLatin1String(reason);
+        if (text.endsWith(end))
+            return text.chopped(end.size()) + QStringLiteral(": ") +
+                   QCoreApplication::translate("ConsoleText", reason);
+    }
+    return text;
+}
+
 } // namespace
 
 QString consoleText(const QString& line)
 {
     for (const char* sentence : sentences) {
-        if (const std::optional<QStringList> values = valuesIn(line, sentence))
-            return filled(QCoreApplication::translate("ConsoleText", sentence), *values);
+        std::optional<QStringList> values = valuesIn(line, sentence);
+        if (!values)
+            continue;
+        for (QString& value : *values)
+            value = withReason(value);
+        return filled(QCoreApplication::translate("ConsoleText", sentence), *values);
     }
-    return line;
+    return withReason(line);
 }
 
 bool isAlerted(const QString& line)

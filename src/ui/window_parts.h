@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/ledra_app.h"
+#include "ui/console_text.h"
 #include "ui/look/message_bar.h"
 
 class QWidget;
@@ -24,7 +25,7 @@ struct WindowParts
     bool succeeded(const JobResult<T>& result) const
     {
         if (!result && !result.error().isReported)
-            messages.warn(result.error().text);
+            messages.warn(consoleText(result.error().text));
         return result.has_value();
     }
 };

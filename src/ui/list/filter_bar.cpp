@@ -145,7 +145,9 @@ void FilterBar::arrange()
         if (!isPutAway) // what was never shown yet counts as hidden, too
             shown.push_back(part);
     }
-    const int room = grid_->geometry().width() + grid_->horizontalSpacing();
+    // The width of the grid itself is only right after the layout that this leads to.
+    const QMargins around = layout()->contentsMargins();
+    const int room = width() - around.left() - around.right() - reset_->sizeHint().width();
     const int fitting = std::max(1, room / (leastWidth + grid_->horizontalSpacing()));
     const int columns = std::min(fitting, static_cast<int>(shown.size()));
     for (int column = 0; column < std::max(columns, arranged_); ++column)
