@@ -59,8 +59,8 @@ public:
     DocumentExport(WebEngine& engine, Console& console,
                    const char* hybridFailed = "Failed to create PDF for ZUGFeRD export");
 
-    /// Answers later, exactly once. Documents may be under way side by side. A reminder is never an
-    /// e-invoice.
+    /// Answers later, exactly once, unless it goes before that. Documents may be under way side by side. A
+    /// reminder is never an e-invoice.
     void run(const ExportRecord& record, const DocumentSetting& setting, const WebFontManager& fonts,
              ExportFormat format, const Completion& completion);
 

@@ -4,6 +4,7 @@
 
 #include <QDir>
 #include <QFileInfo>
+#include <QPointer>
 #include <QTimer>
 
 #include <set>
@@ -129,8 +130,10 @@ void ExportBatch::startOne(std::size_t turn)
     }
     ++underWay_;
     export_.run(*record, *source.setting, fonts_, order_.format,
-                [this, turn, target = *target](const std::expected<ExportedDocument, QString>& document) {
-                    done(turn, target, document);
+                [self = QPointer(this), turn,
+                 target = *target](const std::expected<ExportedDocument, QString>& document) {
+                    if (self) // else the window that wanted it has gone
+                        self->done(turn, target, document);
                 });
 }
 

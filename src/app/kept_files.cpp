@@ -32,7 +32,7 @@ std::optional<Invoice> KeptFiles::invoiceIn(const QString& path) const
 std::vector<TrashedRecord> KeptFiles::trash() const
 {
     std::vector<TrashedRecord> records;
-    for (const TrashedFile& file : context_.trash.filesFrom(profiles_.dataFolder()))
+    for (const TrashedFile& file : context_.trash.filesFrom(profiles_.dataPlace()))
         records.push_back({file, invoiceIn(file.path)});
     return records;
 }

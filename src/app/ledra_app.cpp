@@ -144,6 +144,8 @@ void LedraApp::followFonts(const WebFontManager& fonts)
 std::expected<void, StoreFailure> LedraApp::setInvoiceDarkMode(bool isDark)
 {
     Profile changed = **profileManager_->activeProfile();
+    if (!changed.profileName)
+        return {}; // there is only the setting
     changed.invoiceDarkMode = isDark;
     return profileManager_->saveProfile(changed, changed.profileName.value_or(QString()));
 }

@@ -20,6 +20,16 @@ bool isThousandsMark(const QString& digits, qsizetype place, const QLocale& loca
            place >= 1 && place <= group && digits[0] != u'0';
 }
 
+/// Whether what is between the marks are groups of thousands: "1.250.000", not a day such as "05.03.2026".
+bool hasGroups(const QString& digits, QChar mark)
+{
+    constexpr qsizetype group = 3;
+    const QStringList groups = digits.split(mark);
+    return groups.first().size() <= group &&
+           std::all_of(std::next(groups.begin()), groups.end(),
+                       [](const QString& each) { return each.size() == group; });
+}
+
 } // namespace
 
 std::optional<double> numberTyped(const QString& text, const QLocale& locale)
@@ -39,6 +49,10 @@ std::optional<double> numberTyped(const QString& text, const QLocale& locale)
     if (hasBoth && plain.count(plain[last]) > 1)
         return std::nullopt; // "1,234.567,8" is nothing that anybody means
     QString digits = hasDecimals ? plain.left(last) : plain;
+    for (const QChar mark : {u'.', u','}) {
+        if (digits.contains(mark) && !hasGroups(digits, mark))
+            return std::nullopt;
+    }
     digits.removeIf(isMark);
     if (hasDecimals)
         digits += u'.' + plain.mid(last + 1);

@@ -28,7 +28,7 @@ void encode(const Place& place, JSONEncoderState& state)
 ExitCode show(Session& session, const QStringList&, const CommandArguments& arguments)
 {
     const ProfileManager& profiles = session.app().profileManager();
-    const Place place{profiles.dataFolder(), profiles.customDataPath().has_value()};
+    const Place place{profiles.dataPlace(), profiles.customDataPath().has_value()};
     if (arguments.has("json"))
         writeJson(place);
     else

@@ -15,7 +15,7 @@ namespace {
 QString noProfileText(const ProfileManager& profiles)
 {
     const QString text =
-        profiles.dataFolder() + QStringLiteral(": holds no profile, and none can be made there");
+        profiles.dataPlace() + QStringLiteral(": holds no profile, and none can be made there");
     return profiles.customDataPath()
                ? text + QStringLiteral(" (\"ledra data reset\" goes back to the application's own folder)")
                : text;

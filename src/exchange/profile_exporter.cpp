@@ -32,7 +32,7 @@ std::expected<void, ArchiveFailure> ProfileExporter::write(const std::vector<Pro
             const QString name = (*profile)->profileName.value_or(QString());
             if (name.isEmpty())
                 return failed(errorText(ProfileExportError::missingName));
-            const QString folder = profiles_.dataFolder() + u'/' + name;
+            const QString folder = profiles_.dataPlace() + u'/' + name;
             if (!QDir(folder).exists())
                 return failed(errorText(ProfileExportError::missingFolder) + folder);
             const auto copied =

@@ -26,8 +26,10 @@ void PDFRenderer::render(const PaginationResult& document, const Paper& paper, C
         paper.format, sheets, std::vector<QByteArray>(count), count, std::nullopt, std::move(completion)});
     for (std::size_t page = 0; page < count; ++page) {
         engine_.print(document.pages[page], paper,
-                      [this, session, page](const std::expected<QByteArray, WebEngineError>& pdf) {
-                          pagePrinted(session, page, pdf);
+                      [this, life = std::weak_ptr(life_), session,
+                       page](const std::expected<QByteArray, WebEngineError>& pdf) {
+                          if (!life.expired())
+                              pagePrinted(session, page, pdf);
                       });
     }
 }

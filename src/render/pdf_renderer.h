@@ -14,7 +14,7 @@ namespace ledra {
 
 struct Invoice;
 
-/// Prints the pages of a document and joins them into one PDF.
+/// Prints the pages of a document and joins them into one PDF. Who goes before that is done gets no answer.
 class PDFRenderer
 {
 public:
@@ -35,6 +35,7 @@ private:
 
     WebEngine& engine_;
     Console& console_;
+    std::shared_ptr<const char> life_ = std::make_shared<const char>(); ///< the engine may outlive this
 };
 
 /// The author of the annotation that carries a document's own record.

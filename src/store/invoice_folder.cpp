@@ -134,6 +134,8 @@ std::expected<InvoiceFolder::Update, FileError> InvoiceFolder::scan()
 
 InvoiceFolder::Update InvoiceFolder::look(const QSet<QString>& names)
 {
+    if (invoicesFolderProblem(path_))
+        return {}; // it is away, and has taken nothing along
     QStringList ours;
     std::ranges::copy_if(names, std::back_inserter(ours), isInvoiceFileName);
     return lookAt(ours);

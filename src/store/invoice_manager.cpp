@@ -34,6 +34,7 @@ InvoiceManager::InvoiceManager(StoreContext& context, ProfileManager& profiles, 
 InvoiceManager::~InvoiceManager()
 {
     saver_.flush(); // which may start the timer, a later member
+    keepUnsaved();
 }
 
 // ---- making

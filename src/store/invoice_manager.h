@@ -142,6 +142,7 @@ private:
     };
 
     void open();
+    void keepUnsaved();
     void openPlace(const QString& path);
     void follow(const FolderChanges& changes);
     bool take(InvoiceFolder::Update update);

@@ -32,19 +32,31 @@ void InvoiceManager::open()
 {
     const ProfilePtr& profile = profiles_.activeProfile();
     const QUuid profileId = profile ? (*profile)->id : QUuid();
-    const QString path =
-        profile ? profiles_.subfolder(**profile, QStringLiteral("Invoices"), false).value_or(QString())
-                : QString();
+    const std::optional<QString> place = profile ? profiles_.profilePlace(**profile) : std::nullopt;
+    const QString path = place ? *place + QStringLiteral("/Invoices") : QString();
     if (path == folder_.path() && profileId == profileId_)
         return;
     if (profileId != profileId_) {
-        (void)writeUnsaved(); // the last chance; what is refused stays with the recovery
+        keepUnsaved();
         entries_.clear();
         fallbackUndoStack_.clear();
         newlyCreatedInvoiceId_.reset();
         profileId_ = profileId;
     }
     openPlace(path);
+}
+
+/// The last chance for what could not be written. Where the folder is away, it is kept as a conflict.
+void InvoiceManager::keepUnsaved()
+{
+    (void)writeUnsaved();
+    if (!invoicesFolderProblem(folder_.path()))
+        return; // what was refused all the same stays with the recovery
+    for (const Entry& entry : std::as_const(entries_)) {
+        if (entry.isUnsaved)
+            (void)context_.writer.conflicts().keep(folder_.path() + u'/' + fileNameFor(entry),
+                                                   fileText(**entry.record));
+    }
 }
 
 void InvoiceManager::openPlace(const QString& path)

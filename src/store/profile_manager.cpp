@@ -84,13 +84,16 @@ Migration ProfileManager::resetDataFolderToDefault()
 
 void ProfileManager::afterMoving()
 {
-    (void)dataFolder();         // makes it
+    const QString place = dataFolder();
+    if (directoryWatcher_)
+        directoryWatcher_->watch(place);
+    known_.removeIf([&](QHash<QString, Known>::iterator known) {
+        return !isProfileFolder(place + u'/' + known.key()); // a folder of the same name is another's
+    });
     profiles_ = loadProfiles(); // those of the earlier folder are none of this one
     ensureProfile();
     listChanged();
     resolveActiveProfile();
-    if (directoryWatcher_)
-        directoryWatcher_->watch(dataFolder_.place());
     Q_EMIT dataFolderChanged();
 }
 

@@ -49,6 +49,9 @@ public:
     /// Made if it is missing.
     QString dataFolder() const { return dataFolder_.path(); }
 
+    /// The same without making it, for looking into it and for naming it.
+    QString dataPlace() const { return dataFolder_.place(); }
+
     /// Moves the profiles there and remembers the folder. `previous` is the custom folder so far, if there
     /// was one.
     Migration setCustomDataFolder(const QString& folder, const std::optional<QString>& previous);
@@ -82,6 +85,10 @@ public:
 
     /// Nothing when the profile has no folder.
     std::optional<QString> profileFolder(const Profile& profile) const;
+
+    /// The same for a folder that is away as well: where it was and will be again.
+    std::optional<QString> profilePlace(const Profile& profile) const;
+
     std::optional<QString> subfolder(const Profile& profile, const QString& name, bool create) const;
 
     /// Writes "profile.json", after renaming the folder if `folderName` is another name.

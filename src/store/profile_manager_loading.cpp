@@ -136,12 +136,16 @@ void ProfileManager::reload()
         return values;
     };
     const std::vector<Profile> before = contents();
+    const ProfilePtr active = activeProfile_;
+    const std::optional<QString> folder = (*active)->profileName;
     if (directoryWatcher_)
         directoryWatcher_->watch(dataFolder_.place()); // first, so that nothing comes unseen while it is read
     takeUp();
     if (contents() != before)
         listChanged();
     resolveActiveProfile();
+    if (activeProfile_ == active && (*active)->profileName != folder)
+        Q_EMIT activeProfileChanged(); // its files have other places
 }
 
 void ProfileManager::listChanged()
@@ -200,6 +204,12 @@ std::optional<QString> ProfileManager::profileFolder(const Profile& profile) con
 {
     const std::optional<QString> name = folderNameOf(profile);
     return name ? std::optional(dataFolder_.place() + u'/' + *name) : std::nullopt;
+}
+
+std::optional<QString> ProfileManager::profilePlace(const Profile& profile) const
+{
+    const std::optional<QString> folder = profileFolder(profile);
+    return folder || !profile.profileName ? folder : dataPlace() + u'/' + *profile.profileName;
 }
 
 std::optional<QString> ProfileManager::subfolder(const Profile& profile, const QString& name,

@@ -69,8 +69,8 @@ QString ReminderManager::invoiceStem(const Reminder& reminder) const
 void ReminderManager::open()
 {
     const ProfilePtr& profile = profiles_.activeProfile();
-    folder_ = profile ? profiles_.subfolder(**profile, QStringLiteral("Invoices"), false).value_or(QString())
-                      : QString();
+    const std::optional<QString> place = profile ? profiles_.profilePlace(**profile) : std::nullopt;
+    folder_ = place ? *place + QStringLiteral("/Invoices") : QString();
     entries_.clear();
     idOfFile_.clear();
     reminders_.clear();
@@ -111,8 +111,7 @@ void ReminderManager::follow(const FolderChanges& changes)
     if (!isLoaded_)
         return; // nobody has asked yet
     if (changes.rescan) {
-        if (!invoicesFolderProblem(folder_)) // else it is away, and has taken nothing along
-            load();
+        load();
         return;
     }
     QStringList names(changes.names.begin(), changes.names.end());
@@ -124,6 +123,8 @@ void ReminderManager::follow(const FolderChanges& changes)
 /// Reads these files, or notes that they have gone; says whether anything is new.
 bool ReminderManager::look(const QStringList& names)
 {
+    if (invoicesFolderProblem(folder_))
+        return false; // it is away, and has taken nothing along
     bool isNew = false;
     for (const QString& name : names)
         isNew = (QFileInfo::exists(path(name)) ? takeFile(name) : dropFile(name)) || isNew;

@@ -28,7 +28,7 @@ StylingManager::~StylingManager() = default;
 void StylingManager::open()
 {
     const ProfilePtr& profile = profiles_.activeProfile();
-    const QString folder = profile ? profiles_.profileFolder(**profile).value_or(QString()) : QString();
+    const QString folder = profile ? profiles_.profilePlace(**profile).value_or(QString()) : QString();
     if (folder == folder_ && styling_)
         return;
     saver_.flush();

@@ -106,7 +106,7 @@ private:
     WindowLook look();
     void restoreLook();
     bool maySkipWriting();
-    void makeRoomForEditor();
+    void makeRoomForPanel();
     bool isSideBarWithoutRoom() const;
     void fitSideBar();
     void takeStep(void (QUndoStack::*step)());
@@ -134,7 +134,7 @@ private:
     CommandSet* commands_ = nullptr;
     AutoExportReporter reporter_;
     AutoExport autoExport_;
-    int listWidth_ = 0; ///< before the editor needed room
+    int listWidth_ = 0; ///< before the editor or the styling needed room
     int sideBarWidth_ = 200;
     bool isSideBarWanted_ = true;  ///< it may have no room all the same
     std::map<int, QUuid> origins_; ///< what was chosen when a step was made, by the step's place

@@ -29,6 +29,7 @@ void MainWindow::toggleStyling()
     if (opens)
         styling_->start();
     fitSideBar();
+    makeRoomForPanel();
     updateCommands();
 }
 

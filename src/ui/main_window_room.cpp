@@ -33,30 +33,33 @@ int leastWidthWithout(const QWidget& left, const QSplitter& parts)
 void MainWindow::toggleEditor()
 {
     parts_.app.openEdit = !parts_.app.openEdit;
-    if (isEditorOpen())
-        styling_->hide(); // they have one place
+    if (isEditorOpen() && isStylingOpen())
+        toggleStyling(); // they have one place
     editor_->setVisible(isEditorOpen() && shown_);
     fitSideBar();
-    makeRoomForEditor();
+    makeRoomForPanel();
     if (editor_->isVisible())
         editor_->start();
     updateCommands();
 }
 
-/// While the editor is open the list is narrow, so that the document stays large.
-void MainWindow::makeRoomForEditor()
+/// While the editor or the styling is open the list is narrow, so that the document stays large.
+void MainWindow::makeRoomForPanel()
 {
     constexpr int usualList = 520;
     constexpr int narrowList = 400;
-    constexpr int editorWidth = 470;
+    constexpr int panelWidth = 470;
     QList<int> sizes = splitter_->sizes();
     int& list = sizes[splitter_->indexOf(middle_)];
-    if (editor_->isVisible()) {
+    QWidget* panel = editor_;
+    if (isStylingOpen())
+        panel = styling_;
+    if (panel == styling_ || editor_->isVisible()) {
         const QWidget& document = *splitter_->widget(splitter_->indexOf(middle_) + 1);
         const bool isSqueezed = document.width() <= leastWidth(document); // and has been wider
         listWidth_ = isSqueezed ? std::max(list, usualList) : list;
         list = std::min(listWidth_, narrowList);
-        sizes[splitter_->indexOf(editor_)] = editorWidth;
+        sizes[splitter_->indexOf(panel)] = panelWidth;
     } else {
         list = std::max(list, listWidth_);
     }
@@ -68,7 +71,7 @@ void MainWindow::makeRoomForEditor()
 bool MainWindow::isSideBarWithoutRoom() const
 {
     constexpr int roomForAll = 1240;
-    const bool isPlaceTaken = isStylingOpen() || (isEditorOpen() && !selected().empty());
+    const bool isPlaceTaken = isStylingOpen() || (isEditorOpen() && selected().size() == 1);
     return isPlaceTaken && splitter_->width() < roomForAll;
 }
 

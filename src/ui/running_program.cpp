@@ -5,6 +5,7 @@
 
 #include <QApplication>
 #include <QFileInfo>
+#include <QTimer>
 
 namespace ledra {
 
@@ -65,9 +66,19 @@ void RunningProgram::followSettingsFile()
     connect(&settingsWatcher_, &FolderWatcher::changed, this, [this](const FolderChanges& changes) {
         const bool isOurs =
             changes.rescan || changes.names.contains(QFileInfo(FileUserDefaults::path()).fileName());
-        if (isOurs && !QApplication::activeModalWidget()) // what it asks is answered first
-            followSettings();
+        if (isOurs)
+            followWhenAnswered();
     });
+}
+
+/// What a dialog asks is answered first.
+void RunningProgram::followWhenAnswered()
+{
+    using namespace std::chrono_literals;
+    if (QApplication::activeModalWidget())
+        QTimer::singleShot(500ms, this, &RunningProgram::followWhenAnswered);
+    else
+        followSettings();
 }
 
 void RunningProgram::openWindow()

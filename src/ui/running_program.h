@@ -33,6 +33,7 @@ public:
 private:
     void followBus(ApplicationBus& bus);
     void followSettingsFile();
+    void followWhenAnswered();
     void openWindow();
     void followSettings();
     void speakAnew();

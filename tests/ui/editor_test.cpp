@@ -84,6 +84,7 @@ private Q_SLOTS:
                                  {"1e5", "none", "none"},
                                  {"--1", "none", "none"},
                                  {"1,2,3.4.5", "none", "none"},
+                                 {"05.03.2026", "none", "none"},
                                  {"1e999", "none", "none"},
                                  {"99999999999999", "none", "none"},
                                  {"nan", "none", "none"}};

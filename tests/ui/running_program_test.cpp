@@ -118,6 +118,12 @@ private Q_SLOTS:
         QVERIFY(type("Typed in the light"));
         QTRY_VERIFY_WITH_TIMEOUT(home_->run("list").output.contains("Typed in the light"), 10'000);
         QCOMPARE(app.profileManager().profiles().size(), 1U);
+
+        // Another name from outside: what is typed goes into the folder that it has now.
+        QVERIFY(QDir().rename(data + QStringLiteral("/1_Default"), data + QStringLiteral("/1_Renamed")));
+        QTest::qWait(1000);
+        QVERIFY(type("Typed later"));
+        QTRY_VERIFY_WITH_TIMEOUT(home_->run("list").output.contains("Typed later"), 10'000);
     }
 
 private:

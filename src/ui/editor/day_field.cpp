@@ -20,7 +20,6 @@ Timestamp noonOf(QDate day)
 DayField::DayField(RecordEditing& editing, Read read, Write write, QWidget* parent)
     : DayLine(parent), editing_(editing), read_(std::move(read)), write_(std::move(write))
 {
-    setLocale(editing.locale());
     connect(this, &DayLine::chosen, this, [this](QDate day) {
         editing_.change([&](Invoice& invoice) { write_(invoice, movedTo(day, read_(invoice))); },
                         EditKind::typing);

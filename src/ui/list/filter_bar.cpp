@@ -197,6 +197,8 @@ void FilterBar::periodPicked()
     const bool isOwn = period_->currentIndex() == ownPeriod;
     if (isOwn) {
         const QDate today = app_.clock().now().localDate();
+        from_->forget();
+        to_->forget();
         from_->setDay(QDate(today.year(), 1, 1));
         to_->setDay(today);
     }

@@ -1,5 +1,7 @@
 #include "ui/look/day_line.h"
 
+#include "app/reader_language.h"
+#include "model/amount_text.h"
 #include "ui/look/icons.h"
 #include "ui/look/status_colors.h"
 #include "ui/look/typed_day.h"
@@ -14,6 +16,7 @@ namespace ledra {
 
 DayLine::DayLine(QWidget* parent) : QLineEdit(parent)
 {
+    setLocale(documentLocale(readerLanguage())); // whose days begin with the day, as typed ones are read
     QAction* calendar = addAction(lineIcon("year"), TrailingPosition);
     calendar->setToolTip(tr("Calendar (F4)"));
     connect(calendar, &QAction::triggered, this, &DayLine::openCalendar);
@@ -51,11 +54,16 @@ void DayLine::forget()
 
 void DayLine::setProblem(const QString& problem)
 {
+    if (problem == problem_)
+        return;
+    if (problem_.isEmpty())
+        usualToolTip_ = toolTip();
+    problem_ = problem;
     QPalette palette;
     if (!problem.isEmpty())
         palette.setColor(QPalette::Text, warningLook().ink());
     setPalette(palette);
-    setToolTip(problem);
+    setToolTip(problem.isEmpty() ? usualToolTip_ : problem);
     setAccessibleDescription(problem);
 }
 
@@ -72,7 +80,7 @@ void DayLine::finish()
     const std::optional<QDate> day = dayTyped(text(), day_.year());
     if (!day && !text().trimmed().isEmpty()) {
         setProblem(tr("“%1” is not a date").arg(text()));
-        Q_EMIT refused(toolTip());
+        Q_EMIT refused(problem_);
         return;
     }
     setModified(false);

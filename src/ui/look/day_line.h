@@ -42,6 +42,8 @@ private:
     void openCalendar();
 
     QDate day_;
+    QString problem_;
+    QString usualToolTip_; ///< while a problem stands in its place
 };
 
 } // namespace ledra

@@ -61,7 +61,7 @@ FolderTab::FolderTab(SettingsWindow& window)
 void FolderTab::refresh()
 {
     const ProfileManager& profiles = window_.app().profileManager();
-    path_->setText(profiles.dataFolder());
+    path_->setText(profiles.dataPlace());
     reset_->setEnabled(profiles.customDataPath().has_value());
 }
 

@@ -16,11 +16,12 @@ namespace ledra {
 ExportPage::ExportPage(SettingsWindow& window) : QWidget(&window), window_(window)
 {
     QVBoxLayout* page = newFormPage(this);
-    FieldForm* form = addForm(page, tr("Automatic export"));
-    addFormats(*form);
-    addFolder(*form);
-    addExportAll(*form);
-    connect(&window.app().profileManager(), &ProfileManager::activeProfileChanged, form, &FieldForm::refresh);
+    form_ = addForm(page, tr("Automatic export"));
+    addFormats(*form_);
+    addFolder(*form_);
+    addExportAll(*form_);
+    connect(&window.app().profileManager(), &ProfileManager::activeProfileChanged, form_,
+            &FieldForm::refresh);
     page->addStretch();
 }
 
@@ -99,14 +100,14 @@ void ExportPage::autoExportExportAllEligible()
     exporter_ = std::make_unique<AutoExport>(parts.app, parts.engine, parts.fonts,
                                              static_cast<ExportObserver&>(*this));
     connect(exporter_.get(), &AutoExport::finished, this, &ExportPage::tellEnd, Qt::QueuedConnection);
-    exportAll_->setEnabled(false);
+    form_->refresh();
     exporter_->exportAllEligible();
 }
 
 void ExportPage::tellEnd()
 {
     exporter_.reset();
-    exportAll_->setEnabled(true);
+    form_->refresh();
     const WindowParts& parts = window_.parts();
     tellProblems(parts.messages, outcome_);
     tellFiles(parts, outcome_.files);

@@ -37,6 +37,7 @@ private:
     void content(const QByteArray&) override {}
 
     SettingsWindow& window_;
+    FieldForm* form_ = nullptr;
     QPushButton* exportAll_ = nullptr;
     std::unique_ptr<AutoExport> exporter_; ///< of all, while it is under way
     ExportOutcome outcome_;

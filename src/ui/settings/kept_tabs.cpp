@@ -88,7 +88,7 @@ void TrashTab::refresh()
     LedraApp& app = settings().app();
     records_ = app.keptFiles().trash();
     const ProfilePtr& profile = app.profileManager().activeProfile();
-    const QString folder = app.profileManager().dataFolder() + u'/';
+    const QString folder = app.profileManager().dataPlace() + u'/';
     for (const TrashedRecord& record : records_) {
         QString path = record.file.originalPath;
         addRow({momentText(record.file.deletionDate),
@@ -119,7 +119,7 @@ void ConflictsTab::refresh()
     clear();
     LedraApp& app = settings().app();
     versions_ = app.keptFiles().conflicts();
-    const QString folder = app.profileManager().dataFolder() + u'/';
+    const QString folder = app.profileManager().dataPlace() + u'/';
     for (const KeptVersion& version : versions_)
         addRow({momentText(QFileInfo(version.path).lastModified()),
                 version.isSecondFile ? tr("Second file") : tr("Other version"),
