@@ -37,6 +37,7 @@ void InvoiceManager::open()
     if (path == folder_.path() && profileId == profileId_)
         return;
     if (profileId != profileId_) {
+        (void)writeUnsaved(); // the last chance; what is refused stays with the recovery
         keepUnsaved();
         entries_.clear();
         fallbackUndoStack_.clear();
@@ -46,12 +47,12 @@ void InvoiceManager::open()
     openPlace(path);
 }
 
-/// The last chance for what could not be written. Where the folder is away, it is kept as a conflict.
+/// Keeps what could not be written as a conflict where the folder is away, which nobody has tried to write
+/// then.
 void InvoiceManager::keepUnsaved()
 {
-    (void)writeUnsaved();
     if (!invoicesFolderProblem(folder_.path()))
-        return; // what was refused all the same stays with the recovery
+        return;
     for (const Entry& entry : std::as_const(entries_)) {
         if (entry.isUnsaved)
             (void)context_.writer.conflicts().keep(folder_.path() + u'/' + fileNameFor(entry),
