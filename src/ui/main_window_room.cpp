@@ -6,6 +6,8 @@
 #include "ui/main_window.h"
 #include "ui/styling/styling_panel.h"
 
+#include <QEvent>
+
 namespace ledra {
 
 namespace {
